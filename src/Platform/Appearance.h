@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Platform/ScopedConnection.h"
+
+#include <functional>
+#include <vector>
+
+namespace tessaro {
+
+/// Light or dark, forced or left to the desktop.
+enum class ColorScheme { system, light, dark };
+
+/// The platform's side of light and dark. UI thread only.
+class Appearance {
+public:
+    /// A window of the application; only Appearance knows what is behind it.
+    using Window = void*;
+
+    virtual ~Appearance() = default;
+
+    /// False until the toolkit is initialised; the operations below do nothing then.
+    virtual bool isReady() const = 0;
+    /// Calls `action` once, when the toolkit has been initialised.
+    virtual void whenReady(std::function<void()> action) = 0;
+
+    virtual void setApplicationScheme(ColorScheme scheme) = 0;
+    virtual void setWindowScheme(Window window, ColorScheme scheme) = 0;
+    virtual std::vector<Window> openWindows() const = 0;
+    /// Whether what is on screen is dark at this moment.
+    virtual bool isEffectivelyDark() const = 0;
+
+    /// Calls `observer` whenever isEffectivelyDark() changed, also through the desktop.
+    [[nodiscard]] virtual ScopedConnection observeEffective(std::function<void()> observer) = 0;
+};
+
+} // namespace tessaro

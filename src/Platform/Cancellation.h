@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Platform/GHandle.h"
+
+namespace tessaro {
+
+/// A request to stop, shared between whoever asks and the calls that heed it. Copies are the same
+/// request.
+class Cancellation {
+public:
+    Cancellation() : cancellable_(GObjectPtr<GCancellable>::adopt(g_cancellable_new())) {}
+
+    /// Any thread. Calls under way end with an error of their own soon after.
+    void cancel() const { g_cancellable_cancel(cancellable_.get()); }
+    bool isCancelled() const { return g_cancellable_is_cancelled(cancellable_.get()); }
+    GCancellable* get() const { return cancellable_.get(); }
+
+private:
+    GObjectPtr<GCancellable> cancellable_;
+};
+
+} // namespace tessaro

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+namespace tessaro {
+
+/// What the program asks of the desktop around it. UI thread only.
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+
+    /// Opens an absolute http or https address with the desktop's handler for it; anything else is
+    /// ignored. Returns at once; a failure is not reported.
+    virtual void openAddress(const std::string& address) = 0;
+
+    /// Replaces the clipboard's content by this plain text.
+    virtual void copyText(const std::string& text) = 0;
+};
+
+} // namespace tessaro

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Platform/Result.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// Whole files of the user, readable by nobody else. Any thread.
+namespace tessaro {
+
+/// Creates the folder with its missing parents, mode 0700 whatever the umask. An existing folder
+/// is left alone.
+Result<void> ensureFolder(const std::filesystem::path& folder);
+
+/// The bytes of the whole file; nothing when it is missing or unreadable.
+std::optional<std::string> readFile(const std::filesystem::path& file);
+
+/// Replaces the file as a whole, mode 0600: a crash or a power cut at any moment leaves the old
+/// bytes or the new ones. Fails with domain "File" and errno as code.
+Result<void> replaceFile(const std::filesystem::path& file, std::string_view bytes);
+
+/// Removes the temporary files that a crash during replaceFile() left in the folder.
+void sweepTemporaryFiles(const std::filesystem::path& folder);
+
+/// Takes group and others out of the mode of `file` (0600) or of a folder (0700), if it exists.
+void restrictToOwner(const std::filesystem::path& path);
+
+} // namespace tessaro

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Platform/Appearance.h"
+
+namespace tessaro {
+
+/// Light and dark through libadwaita's style manager, which follows the desktop's choice (the
+/// settings portal) by itself. It keeps one scheme for all windows of a display.
+class AdwAppearance final : public Appearance {
+public:
+    bool isReady() const override;
+    void whenReady(std::function<void()> action) override;
+    void setApplicationScheme(ColorScheme scheme) override;
+    void setWindowScheme(Window window, ColorScheme scheme) override;
+    std::vector<Window> openWindows() const override;
+    bool isEffectivelyDark() const override;
+    ScopedConnection observeEffective(std::function<void()> observer) override;
+};
+
+} // namespace tessaro

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "Platform/Cancellation.h"
+#include "Platform/Result.h"
+#include "Platform/Task.h"
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace tessaro {
+
+/// How requests are carried. The product's values are the defaults; tests shorten the times.
+struct HttpOptions {
+    struct Proxy {
+        std::string host;
+        std::int64_t port = 0;
+    };
+
+    /// A request fails when no data arrives for this long. Whole seconds.
+    std::chrono::seconds silenceLimit{30};
+    /// A request fails when it takes longer than this in all; nothing means no such limit.
+    std::optional<std::chrono::milliseconds> totalLimit = std::chrono::seconds(60);
+    /// The longest body that is accepted, in bytes.
+    std::size_t bodyLimit = 16 * 1024 * 1024;
+    /// Plain and TLS requests alike go through this HTTP proxy, without credentials.
+    std::optional<Proxy> proxy;
+    /// Without `proxy`: go by the desktop's own proxy settings instead of directly.
+    bool useSystemProxy = false;
+    /// Certificate authorities in PEM form that are trusted in place of the system's.
+    std::optional<std::filesystem::path> authorityFile;
+};
+
+struct HttpRequest {
+    std::string method = "GET";
+    std::string url;
+    std::string
+        contentType; ///< Sent with `body`, and alone when that is absent but this is not empty.
+    std::optional<std::string> body;
+};
+
+struct HttpResponse {
+    unsigned status = 0;
+    std::string body;
+};
+
+/// An HTTP/1.1 and HTTP/2 client over libsoup. Main thread.
+///
+/// Any answer with a status is a response, also a proxy's 407. Everything else is an error of the
+/// domain "HTTP": no connection, a refused certificate, silence, too long in all, a body that is
+/// longer than allowed or was cut short, a redirect from HTTPS to HTTP, more than ten redirects. A
+/// message never holds the address.
+class HttpClient {
+public:
+    explicit HttpClient(HttpOptions options);
+    ~HttpClient();
+    HttpClient(HttpClient&&) noexcept;
+    HttpClient& operator=(HttpClient&&) noexcept;
+
+    enum ErrorCode { invalidUrl = 1, transport, timedOut, bodyTooLong, cutShort, badRedirect };
+
+    /// Sends one request. The client may be dropped while it is under way; its connections close
+    /// when the last request has ended.
+    Task<Result<HttpResponse>> send(HttpRequest request, Cancellation cancellation = {});
+
+private:
+    struct Session;
+    static Task<Result<HttpResponse>>
+    run(std::shared_ptr<Session> session, HttpRequest request, Cancellation cancellation);
+
+    std::shared_ptr<Session> session_;
+};
+
+} // namespace tessaro

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Platform/Result.h"
+
+#include <nlohmann/json.hpp>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// Strict reading of JSON (RFC 8259). Failures have the domain "JSON" and name the member, never
+/// its value: values may be secrets.
+namespace tessaro {
+
+/// Parses one document.
+Result<nlohmann::json> parseJson(std::string_view text);
+
+/// Reads the members of one JSON object. The first failure sticks: read every member, then ask
+/// error() once.
+class JsonReader {
+public:
+    /// A failure unless `value` is an object. The value must outlive the reader.
+    explicit JsonReader(const nlohmann::json& value);
+
+    std::string text(const char* key);
+    std::int64_t integer(const char* key); ///< A float, or a number beyond 64 bits, is a failure.
+    bool boolean(const char* key);
+    /// The member, which must exist and be an array / an object; null JSON after a failure.
+    const nlohmann::json& array(const char* key);
+    const nlohmann::json& object(const char* key);
+
+    /// Missing and null are absent; another type is a failure.
+    std::optional<std::string> optionalText(const char* key);
+    std::optional<std::int64_t> optionalInteger(const char* key);
+    /// Null pointer when missing or null.
+    const nlohmann::json* optionalObject(const char* key);
+    const nlohmann::json* optionalArray(const char* key);
+
+    /// Marks the member as malformed, for types that are built from a text.
+    void reject(const char* key);
+    /// Takes over the failure of a nested reader, if it has one.
+    void adopt(const std::optional<Error>& nested);
+
+    const std::optional<Error>& error() const { return error_; }
+    /// The value, or the failure that stuck.
+    template <typename T>
+    Result<T> finish(T value) const {
+        if (error_)
+            return tl::unexpected<Error>(*error_);
+        return value;
+    }
+
+private:
+    const nlohmann::json* find(const char* key);
+    const nlohmann::json* require(const char* key);
+
+    const nlohmann::json* object_ = nullptr;
+    std::optional<Error> error_;
+};
+
+} // namespace tessaro

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+
+namespace tessaro {
+
+/// Small texts by key, kept in the group [settings] of one key file. Any thread.
+///
+/// The file is read once, at construction, and replaced as a whole at each change; groups and keys
+/// that the program does not know survive. Nothing is reported: what cannot be read is absent, what
+/// cannot be written is kept in memory.
+class SettingsStore {
+public:
+    explicit SettingsStore(std::filesystem::path file);
+
+    static SettingsStore& shared();
+
+    std::optional<std::string> text(const std::string& key) const;
+    void setText(const std::string& key, const std::string& value);
+
+private:
+    const std::filesystem::path file_;
+    mutable std::mutex mutex_;
+    std::map<std::string, std::string> values_;
+};
+
+} // namespace tessaro

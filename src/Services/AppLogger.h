@@ -1,0 +1,60 @@
+#pragma once
+
+#include "Platform/Clock.h"
+#include "Services/DeviceIdentity.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <filesystem>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace tessaro {
+
+/// Writes diagnostic lines to one text file a day. A caller on any thread only formats its line and
+/// puts it in the queue "com.vandel.AppLogger", which one thread writes out; a line that cannot be
+/// written is lost without a word. Messages never hold a token or a password.
+class AppLogger {
+public:
+    /// @param folder     where the daily files lie; made when needed
+    /// @param device     begins each file's name
+    /// @param clock      time stamps and the day; read on any thread
+    AppLogger(std::filesystem::path folder, const DeviceIdentity& device, const Clock& clock);
+    ~AppLogger();
+    AppLogger(const AppLogger&) = delete;
+    AppLogger& operator=(const AppLogger&) = delete;
+
+    static AppLogger& shared();
+
+    /// Queues "[yyyy-MM-dd HH:mm:ss] [level] message" in local time.
+    void log(const std::string& message, const std::string& level);
+
+    /// Today's file, which may not exist.
+    std::filesystem::path currentLogURL() const;
+
+    /// The text of today's file, or a sentence that says why there is none. Lines still queued are
+    /// not in it.
+    std::string readCurrentLog() const;
+
+    /// Waits until every line queued so far is written, at most for `limit`.
+    void flush(std::chrono::milliseconds limit);
+
+private:
+    void writeQueuedLines();
+
+    const std::filesystem::path folder_;
+    const DeviceIdentity& device_;
+    const Clock& clock_;
+
+    std::mutex mutex_;
+    std::condition_variable wake_;
+    std::condition_variable idle_;
+    std::string queued_;
+    bool writing_ = false;
+    bool stopping_ = false;
+    std::thread writer_;
+};
+
+} // namespace tessaro

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "Models/Account.h"
+#include "Models/PageConfig.h"
+#include "Platform/Clock.h"
+#include "Platform/NotificationCenter.h"
+#include "Services/KeychainService.h"
+
+#include <filesystem>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tessaro {
+
+/// The one place where records touch the disk. List operations run one at a time while their
+/// caller waits; any thread. Nothing is reported: what cannot be read is an empty list, what cannot
+/// be written is kept in memory.
+class DataStore {
+public:
+    /// Posted on the UI thread after a picture was written; its user info holds the avatar id
+    /// under "id".
+    static constexpr const char* avatarDownloaded = "AvatarDownloaded";
+
+    /// @param folder         holds the record files and the folder "avatars"; made when needed
+    /// @param keychain       loses the entries of what is deleted
+    /// @param notifications  carries avatarDownloaded
+    /// @param clock          brings that post to the UI thread; stamps files that did not decode
+    DataStore(
+        std::filesystem::path folder, KeychainService& keychain, NotificationCenter& notifications,
+        Clock& clock);
+
+    static DataStore& shared();
+
+    std::vector<Account> loadAccounts();
+    void saveAccounts(std::vector<Account> accounts);
+    /// The Pages of all accounts in stored order.
+    std::vector<PageConfig> loadPages();
+    /// Replaces the Pages of all accounts.
+    void savePages(std::vector<PageConfig> pages);
+    /// The Pages of one account in stored order.
+    std::vector<PageConfig> pages(const AccountId& account);
+    /// Removes the account, its Pages and their keyring entries.
+    void deleteAccount(const AccountId& id);
+    /// Removes one Page and its keyring entry.
+    void deletePage(const PageConfigId& id);
+
+    /// Where the picture of that id lies or would lie: always a file directly in "avatars".
+    std::filesystem::path localAvatarURL(const std::string& id) const;
+    /// Writes the picture's bytes and then announces it, whether or not the write succeeded.
+    void saveAvatarData(const std::string& id, std::string_view data);
+
+    // Private members: the mutex that is the queue "com.vandel.DataStore", the caches and the
+    // helpers that expect it to be held. To be completed by the implementation.
+private:
+    const std::filesystem::path folder_;
+    KeychainService& keychain_;
+    NotificationCenter& notifications_;
+    Clock& clock_;
+    std::mutex queue_;
+    std::optional<std::vector<Account>> cachedAccounts_;
+    std::optional<std::vector<PageConfig>> cachedPages_;
+};
+
+} // namespace tessaro

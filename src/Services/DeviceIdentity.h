@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Platform/Machine.h"
+#include "Platform/SettingsStore.h"
+
+#include <filesystem>
+#include <string>
+
+namespace tessaro {
+
+/// Names this computer, for machines and for people. Computed afresh at each call; any thread.
+class DeviceIdentity {
+public:
+    /// @param settings        keeps the fallback identifier under "SkarnDeviceUUID"
+    /// @param identifierFile  the system's machine identifier file
+    explicit DeviceIdentity(
+        SettingsStore& settings, std::filesystem::path identifierFile = machine::identifierFile);
+
+    static const DeviceIdentity& shared();
+
+    /// The machine identifier, or a random one that is remembered from its first use on.
+    std::string getDeviceUUID() const;
+    /// The computer's name for people, or its network host name.
+    std::string deviceName() const;
+
+private:
+    SettingsStore& settings_;
+    const std::filesystem::path identifierFile_;
+};
+
+} // namespace tessaro

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Platform/SettingsStore.h"
+
+#include <string>
+
+namespace tessaro {
+
+/// The addresses that the program talks to or opens. Plain data, read once at start.
+struct Endpoints {
+    std::string graphApiOrigin; ///< Scheme and host of the Graph API, without a slash at the end.
+    std::string inboxOrigin;    ///< Scheme and host of the inbox site, likewise.
+    std::string supportServer;  ///< Base address of the support server, as configured.
+    std::string linkMessenger;
+    std::string linkTelegram;
+    std::string linkZalo;
+    std::string linkWebsite;
+    std::string linkDonate;
+
+    /// What the settings say, else the built-in values.
+    static Endpoints fromSettings(const SettingsStore& settings);
+
+    /// The address before every Graph request path, version segment included.
+    std::string graphBaseUrl() const { return graphApiOrigin + "/v25.0"; }
+    /// The host name of the inbox site in lower case, with its port where it has one.
+    std::string inboxHost() const;
+};
+
+/// Whether `address` is an absolute http or https address with a host: the only kind that the
+/// program hands to the desktop.
+bool isOpenableAddress(const std::string& address);
+
+} // namespace tessaro

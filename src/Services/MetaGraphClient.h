@@ -1,0 +1,64 @@
+#pragma once
+
+#include "Models/Account.h"
+#include "Models/PageInfo.h"
+#include "Platform/HttpClient.h"
+#include "Platform/Result.h"
+#include "Platform/SecretText.h"
+#include "Platform/Task.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tessaro {
+
+/// A client of the Facebook Graph API for one access token and, optionally, the account under which
+/// it is used. Short-lived; main thread. Errors have the domain "MetaGraph", "HTTP" or "JSON", and
+/// their messages never hold the token, in clear or percent-encoded, even when the server echoes
+/// it.
+class MetaGraphClient {
+public:
+    /// One Page that a user token manages.
+    struct ResolvedPage {
+        PageId id;
+        std::string name;
+        SecretText accessToken; ///< The Page's own token.
+        std::optional<std::string> avatarUrl;
+
+        bool operator==(const ResolvedPage&) const = default;
+    };
+
+    /// @param graphBaseURL  scheme, host and version path that begin every request
+    /// @param account       its proxy is used when it is switched on and complete
+    /// @param options       limits and certificate authorities; `proxy` is set from the account
+    MetaGraphClient(
+        std::string graphBaseURL, SecretText pageToken, const std::optional<Account>& account,
+        HttpOptions options = {});
+    virtual ~MetaGraphClient() = default;
+
+    /// The description of the token's own object, "/me". Asked once: the first answer is kept.
+    virtual Task<Result<PageInfo>> fetchPageInfo();
+    /// The Pages that a user token manages, "/me/accounts", in the order received.
+    virtual Task<Result<std::vector<ResolvedPage>>> fetchManagedPages();
+    /// The picture bytes of any Graph object. Waits for one of the places that all picture
+    /// downloads of the program share.
+    virtual Task<Result<std::string>> fetchCustomerAvatarData(PageId customerId);
+
+private:
+    std::string graphBaseURL_;
+    SecretText pageToken_;
+    HttpClient session_;
+    std::optional<PageInfo> cachedPageInfo_;
+};
+
+/// Makes the client for a token and its account; screens and models get it from outside.
+using GraphClientFactory = std::function<std::shared_ptr<MetaGraphClient>(
+    SecretText token, std::optional<Account> account)>;
+
+/// The token percent-encoded for a URL query (RFC 3986, section 3.4).
+std::string encodedForQuery(const SecretText& token);
+
+} // namespace tessaro

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "Platform/Lifetime.h"
+#include "Platform/Property.h"
+#include "ViewModels/PagesViewModel.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tessaro {
+
+/// What a pasted token turned out to be.
+enum class TokenType { unknown, userToken, pageToken };
+
+/// The logic of one open add-Page dialog: finds out what the pasted token is, offers the Pages of a
+/// user token, and hands one Page token to the Pages model. UI thread only. Dropping it while a
+/// request runs is safe: the result is dropped too.
+class AddPageFlow {
+public:
+    using ResolvedPage = MetaGraphClient::ResolvedPage;
+
+    /// @param dismiss  closes the dialog; it may drop this flow
+    AddPageFlow(
+        PagesViewModel& pagesVM, Account account, GraphClientFactory makeClient,
+        std::function<void()> dismiss);
+
+    Property<std::string> token; ///< The text of the token field, as typed or pasted.
+    Property<bool> isVerifying;
+    Property<std::optional<std::string>> errorMessage;
+    Property<TokenType> tokenType;
+    Property<std::vector<ResolvedPage>> resolvedPages;
+    Property<std::optional<ResolvedPage>> selectedResolvedPage;
+    Property<std::optional<PageInfo>> directPageInfo;
+
+    const Account& account() const { return account_; }
+
+    /// Whether there is anything to verify once blanks and line breaks are trimmed.
+    bool hasToken() const;
+    void verifyToken();
+    bool canAdd() const;
+    void addSelectedPage();
+
+private:
+    Task<void> verify(SecretText token);
+    Task<void> add(SecretText token);
+
+    PagesViewModel& pagesVM_;
+    const Account account_;
+    GraphClientFactory makeClient_;
+    std::function<void()> dismiss_;
+    ScopedConnection verifyErrorChanged_;
+    Lifetime lifetime_;
+};
+
+} // namespace tessaro

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Models/PageConfig.h"
+#include "Platform/Clock.h"
+#include "Platform/Lifetime.h"
+#include "Platform/Property.h"
+#include "Platform/Task.h"
+#include "Services/AppLogger.h"
+#include "Services/DataStore.h"
+#include "Services/MetaGraphClient.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tessaro {
+
+/// The Pages of the account that is shown, the selected Page, and how adding one goes. UI thread
+/// only.
+class PagesViewModel {
+public:
+    PagesViewModel(
+        DataStore& store, AppLogger& logger, const Clock& clock, GraphClientFactory makeClient);
+
+    Property<std::vector<PageConfig>> pages;          ///< In stored order; a new one comes last.
+    Property<std::optional<PageConfig>> selectedPage; ///< A copy of the selected Page.
+    Property<bool> showAddSheet;                      ///< Set and cleared by the screens only.
+    Property<bool> isVerifying;                       ///< An addPage() is running.
+    Property<std::optional<std::string>> verifyError; ///< Why the last addPage() failed.
+    /// Emitted when a picture has arrived, though no field changed.
+    sigc::signal<void()> changed;
+
+    /// Shows that account's Pages and fetches the pictures that the cache lacks.
+    void loadPages(const AccountId& account);
+    void clearPages();
+    /// Verifies the token once more and stores its Page under the account. Ends with `verifyError`
+    /// empty on success.
+    Task<void> addPage(SecretText token, Account account);
+    void deletePage(const PageConfig& page);
+    void selectPage(const PageConfig& page);
+
+private:
+    void savePagesGlobal();
+
+    DataStore& store_;
+    AppLogger& logger_;
+    const Clock& clock_;
+    GraphClientFactory makeClient_;
+    std::optional<AccountId> currentAccountId_;
+    Lifetime lifetime_;
+};
+
+} // namespace tessaro

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Platform/Clock.h"
+#include "Platform/Desktop.h"
+#include "Platform/NotificationCenter.h"
+#include "Services/DataStore.h"
+#include "Services/DeviceIdentity.h"
+#include "Services/Endpoints.h"
+#include "Services/MetaGraphClient.h"
+#include "Views/ImageLoader.h"
+#include "Views/Modals.h"
+#include "Views/ThemeManager.h"
+
+namespace tessaro {
+
+/// What every screen is drawn and driven with. Made once by the application, passed down by
+/// reference, outlives every screen.
+struct ScreenContext {
+    ThemeManager& theme;
+    NotificationCenter& notifications;
+    Clock& clock;
+    Desktop& desktop;
+    Modals& modals;
+    DataStore& store;
+    const DeviceIdentity& device;
+    ImageLoader& images;
+    const Endpoints& endpoints;
+    GraphClientFactory makeGraphClient;
+};
+
+} // namespace tessaro

@@ -1,0 +1,26 @@
+#include "support/MainLoop.h"
+
+namespace tessaro::test {
+
+bool runUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit) {
+    const auto end = std::chrono::steady_clock::now() + limit;
+    // Wakes the loop now and then, for conditions that change outside it.
+    const GSourcePtr tick(g_timeout_source_new(5));
+    g_source_set_callback(
+        tick.get(), [](gpointer) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr, nullptr);
+    g_source_attach(tick.get(), nullptr);
+    bool met = condition();
+    while (!met && std::chrono::steady_clock::now() < end) {
+        g_main_context_iteration(nullptr, TRUE);
+        met = condition();
+    }
+    g_source_destroy(tick.get());
+    return met;
+}
+
+void runPending() {
+    while (g_main_context_iteration(nullptr, FALSE)) {
+    }
+}
+
+} // namespace tessaro::test
