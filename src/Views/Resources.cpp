@@ -9,7 +9,7 @@ extern "C" {
 namespace tessaro {
 
 void registerResources() {
-    g_resources_register(tessaro_get_resource());
+    tessaro_register_resource();
     GdkDisplay* display = gdk_display_get_default();
     gtk_icon_theme_add_resource_path(
         gtk_icon_theme_get_for_display(display), "/com/vandel/Tessaro/icons");

@@ -1,0 +1,31 @@
+# Shared by the scripts beside it: goes to the top of the project and answers --help.
+
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+# A script's help is the comment at its head.
+help() {
+    sed -n '2,/^$/s/^# \{0,1\}//p' "$1"
+}
+
+fail() {
+    echo "$(basename "$0"): $*" >&2
+    exit 1
+}
+
+case "${1:-}" in
+-h | --help)
+    help "script/$(basename "$0")"
+    exit 0
+    ;;
+esac
+
+# Compiled objects are kept between builds where ccache is there. Paths are taken relative, so that
+# one preset finds what another has compiled.
+if command -v ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
+fi
+
+cxx_files() {
+    find src tests demo $([[ ! -d bench ]] || echo bench) -name '*.h' -o -name '*.cpp' | sort
+}
