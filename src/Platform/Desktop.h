@@ -9,7 +9,7 @@ class Desktop {
 public:
     virtual ~Desktop() = default;
 
-    /// Opens an absolute http or https address with the desktop's handler for it; anything else is
+    /// Opens an address with the desktop's handler for it, if isOpenableAddress(); anything else is
     /// ignored. Returns at once; a failure is not reported.
     virtual void openAddress(const std::string& address) = 0;
 

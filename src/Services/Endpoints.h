@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/SettingsStore.h"
+#include "Platform/WebAddress.h"
 
 #include <string>
 
@@ -25,9 +26,5 @@ struct Endpoints {
     /// The host name of the inbox site in lower case, with its port where it has one.
     std::string inboxHost() const;
 };
-
-/// Whether `address` is an absolute http or https address with a host: the only kind that the
-/// program hands to the desktop.
-bool isOpenableAddress(const std::string& address);
 
 } // namespace tessaro

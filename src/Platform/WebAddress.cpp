@@ -1,0 +1,21 @@
+#include "Platform/WebAddress.h"
+
+#include "Platform/GHandle.h"
+
+#include <string_view>
+
+namespace tessaro {
+
+bool isOpenableAddress(const std::string& address) {
+    // C++ text may hold a zero byte, at which the C functions would stop reading.
+    if (address.find('\0') != std::string::npos)
+        return false;
+    const GUriPtr uri(g_uri_parse(address.c_str(), G_URI_FLAGS_NONE, nullptr));
+    if (!uri)
+        return false;
+    const std::string_view scheme = g_uri_get_scheme(uri.get()); // GLib lowers its case.
+    const char* const host = g_uri_get_host(uri.get());
+    return (scheme == "http" || scheme == "https") && host && *host;
+}
+
+} // namespace tessaro
