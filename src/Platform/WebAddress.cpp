@@ -2,13 +2,14 @@
 
 #include "Platform/GHandle.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace tessaro {
 
 bool isOpenableAddress(const std::string& address) {
-    // C++ text may hold a zero byte, at which the C functions would stop reading.
-    if (address.find('\0') != std::string::npos)
+    // GLib lets blanks through, and would stop reading at a zero byte.
+    if (std::ranges::any_of(address, [](unsigned char byte) { return byte <= ' '; }))
         return false;
     const GUriPtr uri(g_uri_parse(address.c_str(), G_URI_FLAGS_NONE, nullptr));
     if (!uri)
