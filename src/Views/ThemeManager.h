@@ -2,6 +2,7 @@
 
 #include "Platform/Appearance.h"
 #include "Platform/Clock.h"
+#include "Platform/Lifetime.h"
 #include "Platform/NotificationCenter.h"
 #include "Platform/SettingsStore.h"
 #include "Platform/Uuid.h"
@@ -78,6 +79,9 @@ public:
     [[nodiscard]] ScopedConnection observe(std::function<void()> observer);
 
 private:
+    /// Applies the mode and follows the desktop from now on.
+    void follow();
+
     SettingsStore& settings_;
     Appearance& appearance_;
     NotificationCenter& notifications_;
@@ -87,6 +91,7 @@ private:
     std::string activePresetId_;
     sigc::signal<void()> changed_;
     ScopedConnection effectiveChanged_;
+    Lifetime lifetime_;
 };
 
 } // namespace tessaro
