@@ -1,0 +1,173 @@
+#include "Platform/Gtk/WebView.h"
+
+#include <webkit/webkit.h>
+
+namespace tessaro {
+
+namespace {
+
+GObjectPtr<WebKitWebView> makeView(const WebSession& session) {
+    const auto settings = GObjectPtr<WebKitSettings>::adopt(webkit_settings_new());
+    g_object_set(
+        settings.get(), "enable-javascript", TRUE, "media-playback-requires-user-gesture", FALSE,
+        "enable-back-forward-navigation-gestures", TRUE,
+        // Window requests of scripts are answered in the same view, so they need no click.
+        "javascript-can-open-windows-automatically", TRUE,
+        // The quirks put other identities than the one set into requests to some hosts.
+        "enable-site-specific-quirks", FALSE, nullptr);
+    const auto policies = GObjectPtr<WebKitWebsitePolicies>::adopt(
+        webkit_website_policies_new_with_policies("autoplay", WEBKIT_AUTOPLAY_ALLOW, nullptr));
+    return GObjectPtr<WebKitWebView>::share(static_cast<WebKitWebView*>(g_object_new(
+        WEBKIT_TYPE_WEB_VIEW, "network-session", session.get(), "settings", settings.get(),
+        "website-policies", policies.get(), nullptr)));
+}
+
+/// A question of a page, which waits for the answer for as long as this exists.
+class OpenDialog {
+public:
+    explicit OpenDialog(WebKitScriptDialog* dialog) : dialog_(webkit_script_dialog_ref(dialog)) {}
+    ~OpenDialog() {
+        close();
+        webkit_script_dialog_unref(dialog_);
+    }
+    OpenDialog(const OpenDialog&) = delete;
+    OpenDialog& operator=(const OpenDialog&) = delete;
+
+    void close() {
+        if (!std::exchange(isClosed_, true))
+            webkit_script_dialog_close(dialog_);
+    }
+    void confirm(bool confirmed) {
+        webkit_script_dialog_confirm_set_confirmed(dialog_, confirmed);
+        close();
+    }
+
+private:
+    WebKitScriptDialog* dialog_;
+    bool isClosed_ = false;
+};
+
+} // namespace
+
+WebView::WebView(const WebSession& session, Clock& clock)
+    : view_(makeView(session)), widget_(Glib::wrap(GTK_WIDGET(view_.get()))), clock_(clock) {
+    const auto connect =
+        [this]<typename Signature>(const char* signal, std::function<Signature> handler) {
+            signals_.push_back(connectSignal<Signature>(view_.get(), signal, std::move(handler)));
+        };
+    connect("load-changed", std::function([this](WebKitWebView*, WebKitLoadEvent event) {
+                onLoadChanged(event);
+            }));
+    connect(
+        "load-failed",
+        std::function([this](WebKitWebView*, WebKitLoadEvent, char*, GError*) -> gboolean {
+            return onLoadFailed();
+        }));
+    connect("notify::estimated-load-progress", std::function([this](WebKitWebView*, GParamSpec*) {
+                onProgress();
+            }));
+    connect("create", std::function([this](WebKitWebView*, WebKitNavigationAction* action) {
+                const char* address =
+                    webkit_uri_request_get_uri(webkit_navigation_action_get_request(action));
+                if (delegate_)
+                    delegate_->createWebView(*this, address ? address : "");
+                return static_cast<GtkWidget*>(nullptr);
+            }));
+    connect(
+        "script-dialog",
+        std::function([this](WebKitWebView*, WebKitScriptDialog* dialog) -> gboolean {
+            return onScriptDialog(dialog);
+        }));
+    connect(
+        "web-process-terminated",
+        std::function([this](WebKitWebView*, WebKitWebProcessTerminationReason) {
+            onWebProcessTerminated();
+        }));
+}
+
+void WebView::setCustomUserAgent(const std::string& userAgent) {
+    webkit_settings_set_user_agent(webkit_web_view_get_settings(view_.get()), userAgent.c_str());
+}
+
+void WebView::load(const std::string& address) {
+    webkit_web_view_load_uri(view_.get(), address.c_str());
+}
+
+void WebView::reload() {
+    webkit_web_view_reload(view_.get());
+}
+
+void WebView::setPageZoom(double factor) {
+    webkit_web_view_set_zoom_level(view_.get(), factor);
+}
+
+double WebView::pageZoom() const {
+    return webkit_web_view_get_zoom_level(view_.get());
+}
+
+void WebView::evaluateScript(const std::string& script) {
+    webkit_web_view_evaluate_javascript(
+        view_.get(), script.data(), static_cast<gssize>(script.size()), nullptr, nullptr, nullptr,
+        nullptr, nullptr);
+}
+
+std::string WebView::address() const {
+    const char* address = webkit_web_view_get_uri(view_.get());
+    return address ? address : "";
+}
+
+void WebView::terminateWebProcess() {
+    webkit_web_view_terminate_web_process(view_.get());
+}
+
+void WebView::onLoadChanged(int event) {
+    if (event == WEBKIT_LOAD_STARTED) {
+        hasFailed_ = false;
+        expectProgress();
+        if (delegate_)
+            delegate_->didStartProvisionalNavigation(*this);
+    } else if (event == WEBKIT_LOAD_FINISHED) {
+        timeout_.disconnect();
+        // The engine says of a failed load, too, that it has finished.
+        if (delegate_ && !hasFailed_)
+            delegate_->didFinishNavigation(*this);
+    }
+}
+
+bool WebView::onLoadFailed() {
+    hasFailed_ = true;
+    timeout_.disconnect();
+    if (delegate_)
+        delegate_->didFailNavigation(*this);
+    return false;
+}
+
+bool WebView::onScriptDialog(WebKitScriptDialog* dialog) {
+    const auto type = webkit_script_dialog_get_dialog_type(dialog);
+    if (!delegate_ || (type != WEBKIT_SCRIPT_DIALOG_ALERT && type != WEBKIT_SCRIPT_DIALOG_CONFIRM))
+        return false;
+    const std::string message = webkit_script_dialog_get_message(dialog);
+    const auto open = std::make_shared<OpenDialog>(dialog);
+    if (type == WEBKIT_SCRIPT_DIALOG_ALERT)
+        delegate_->runScriptAlert(message, [open] { open->close(); });
+    else
+        delegate_->runScriptConfirm(message, [open](bool confirmed) { open->confirm(confirmed); });
+    return true;
+}
+
+void WebView::onProgress() {
+    if (webkit_web_view_is_loading(view_.get()))
+        expectProgress();
+}
+
+void WebView::expectProgress() {
+    timeout_ = clock_.timer(loadTimeout, [this] { webkit_web_view_stop_loading(view_.get()); });
+}
+
+void WebView::onWebProcessTerminated() {
+    timeout_.disconnect();
+    if (delegate_)
+        delegate_->webProcessDidTerminate(*this);
+}
+
+} // namespace tessaro

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace tessaro {
+
+class WebView;
+
+/// Hears what happens in a WebView. UI thread only.
+class WebViewDelegate {
+public:
+    virtual ~WebViewDelegate() = default;
+
+    /// A load has begun: nothing of the new page is there yet.
+    virtual void didStartProvisionalNavigation(WebView& webView) = 0;
+    virtual void didFinishNavigation(WebView& webView) = 0;
+    /// The load failed before or after the new page replaced the old one.
+    virtual void didFailNavigation(WebView& webView) = 0;
+
+    /// A link or a script wants a window of its own for `address` (empty when it named none). None
+    /// is opened.
+    virtual void createWebView(WebView& webView, const std::string& address) = 0;
+
+    /// The page waits until `completion` is called; dropping it counts as a call, with false.
+    virtual void runScriptAlert(const std::string& message, std::function<void()> completion) = 0;
+    virtual void
+    runScriptConfirm(const std::string& message, std::function<void(bool)> completion) = 0;
+
+    /// The process that held the page crashed or was killed; a load under way has ended with it.
+    virtual void webProcessDidTerminate(WebView& webView) = 0;
+};
+
+} // namespace tessaro

@@ -1,0 +1,98 @@
+#include "Views/InboxContainerView.h"
+
+#include "Platform/Gtk/WebSandbox.h"
+#include "Views/Coordinator.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr const char* sandboxForbidden =
+    "Không mở được hộp thư vì hệ thống này không cho trình duyệt nhúng chạy trong vùng cách ly. "
+    "Hãy cài bubblewrap và xdg-dbus-proxy, cho phép không gian tên người dùng (user namespaces), "
+    "rồi chọn lại Page.";
+
+} // namespace
+
+InboxContainerView::InboxContainerView(
+    const ScreenContext& context, PageConfig pageConfig, std::optional<Account> account,
+    const WebSession& session)
+    : context_(context),
+      session_(session),
+      pageConfig_(std::move(pageConfig)),
+      account_(std::move(account)) {
+    set_expand();
+    set_child(stack_);
+    reloadButton_.set_halign(Gtk::Align::CENTER);
+    reloadButton_.set_valign(Gtk::Align::CENTER);
+    reloadButton_.signal_clicked().connect(sigc::mem_fun(*this, &InboxContainerView::loadAgain));
+    stack_.add(reloadButton_);
+    sandboxNotice_.set_text(sandboxForbidden);
+    sandboxNotice_.set_wrap();
+    sandboxNotice_.set_max_width_chars(56);
+    sandboxNotice_.set_justify(Gtk::Justification::CENTER);
+    sandboxNotice_.add_css_class("inbox-notice");
+    stack_.add(sandboxNotice_);
+    buildOverlay();
+    showBrowser();
+}
+
+InboxContainerView::~InboxContainerView() = default;
+
+void InboxContainerView::setPage(PageConfig pageConfig, std::optional<Account> account) {
+    pageConfig_ = std::move(pageConfig);
+    account_ = std::move(account);
+    showBrowser();
+}
+
+void InboxContainerView::buildOverlay() {
+    loadingOverlay_.add_css_class("inbox-loading");
+    spinner_.set_halign(Gtk::Align::CENTER);
+    spinner_.set_valign(Gtk::Align::END);
+    spinner_.set_vexpand();
+    loadingText_.set_valign(Gtk::Align::START);
+    loadingText_.set_vexpand();
+    loadingOverlay_.append(spinner_);
+    loadingOverlay_.append(loadingText_);
+    add_overlay(loadingOverlay_);
+    loadingChanged_ = isLoading_->observe([this] { showLoading(); });
+    showLoading();
+}
+
+void InboxContainerView::showBrowser() {
+    if (!browser_ && !webSandboxWorks()) {
+        stack_.set_visible_child(sandboxNotice_);
+        return;
+    }
+    const PageInboxWebView host{context_, session_, pageConfig_.pageId.text, isLoading_};
+    if (browser_) {
+        host.updateView(*browser_, *coordinator_);
+        return;
+    }
+    coordinator_ = host.makeCoordinator();
+    coordinator_->signalProcessTerminated().connect(
+        [this] { stack_.set_visible_child(reloadButton_); });
+    browser_ = host.makeView(*coordinator_);
+    stack_.add(*browser_);
+    stack_.set_visible_child(*browser_);
+}
+
+void InboxContainerView::showLoading() {
+    const bool isLoading = isLoading_->get();
+    loadingOverlay_.set_visible(isLoading);
+    spinner_.set_spinning(isLoading);
+    if (!browser_)
+        return;
+    if (isLoading) {
+        browser_->add_css_class("veiled");
+        stack_.set_visible_child(*browser_);
+    } else {
+        browser_->remove_css_class("veiled");
+    }
+}
+
+void InboxContainerView::loadAgain() {
+    coordinator_->handleReload();
+}
+
+} // namespace tessaro

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "Models/Account.h"
+#include "Models/PageConfig.h"
+#include "Platform/Gtk/WebSession.h"
+#include "Platform/Property.h"
+#include "Views/ScreenContext.h"
+
+#include <gtkmm/box.h>
+#include <gtkmm/button.h>
+#include <gtkmm/label.h>
+#include <gtkmm/overlay.h>
+#include <gtkmm/spinner.h>
+#include <gtkmm/stack.h>
+
+#include <memory>
+#include <optional>
+
+namespace tessaro {
+
+class ClippedWebViewContainer;
+class Coordinator;
+
+/// The column of the selected Page: its inbox in the browser, and above it a veil while it loads.
+/// Where the page crashed, a button to load it again is in its place; where the system forbids the
+/// browser's sandbox, a sentence.
+class InboxContainerView : public Gtk::Overlay {
+public:
+    /// `context` and `session` outlive the view.
+    InboxContainerView(
+        const ScreenContext& context, PageConfig pageConfig, std::optional<Account> account,
+        const WebSession& session = WebSession::shared());
+    ~InboxContainerView() override;
+
+    /// Shows another Page in the same browser.
+    void setPage(PageConfig pageConfig, std::optional<Account> account);
+
+    const PageConfig& pageConfig() const { return pageConfig_; }
+    const std::optional<Account>& account() const { return account_; }
+
+private:
+    void buildOverlay();
+    void showBrowser();
+    void showLoading();
+    void loadAgain();
+
+    const ScreenContext& context_;
+    const WebSession& session_;
+    PageConfig pageConfig_;
+    std::optional<Account> account_;
+    std::shared_ptr<tessaro::Property<bool>> isLoading_ =
+        std::make_shared<tessaro::Property<bool>>(false);
+
+    Gtk::Stack stack_;
+    Gtk::Button reloadButton_{"Tải lại trang"};
+    Gtk::Label sandboxNotice_;
+    Gtk::Box loadingOverlay_{Gtk::Orientation::VERTICAL, 12};
+    Gtk::Spinner spinner_;
+    Gtk::Label loadingText_{"Đang tải hộp thư..."};
+
+    std::unique_ptr<Coordinator> coordinator_;
+    std::unique_ptr<ClippedWebViewContainer> browser_;
+    ScopedConnection loadingChanged_;
+};
+
+} // namespace tessaro

@@ -1,0 +1,29 @@
+#include "Views/PageInboxWebView.h"
+
+#include "Views/Coordinator.h"
+
+namespace tessaro {
+
+std::unique_ptr<Coordinator> PageInboxWebView::makeCoordinator() const {
+    return std::make_unique<Coordinator>(*this);
+}
+
+std::unique_ptr<ClippedWebViewContainer>
+PageInboxWebView::makeView(Coordinator& coordinator) const {
+    auto webView = std::make_shared<WebView>(session, context.clock);
+    coordinator.attach(webView);
+    coordinator.setupNotifications();
+    coordinator.openInbox(pageId, inboxURL());
+    return std::make_unique<ClippedWebViewContainer>(std::move(webView));
+}
+
+void PageInboxWebView::updateView(ClippedWebViewContainer&, Coordinator& coordinator) const {
+    if (coordinator.currentPageId() != pageId)
+        coordinator.openInbox(pageId, inboxURL());
+}
+
+std::string PageInboxWebView::inboxURL() const {
+    return context.endpoints.inboxOrigin + "/latest/inbox/all?asset_id=" + pageId;
+}
+
+} // namespace tessaro
