@@ -1,16 +1,19 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
-/// What the system says about this computer.
+/// What the system says about this computer. Any thread.
 namespace tessaro::machine {
 
 /// The machine identifier file of the system (machine-id(5)).
 inline constexpr const char* identifierFile = "/etc/machine-id";
 
-/// The name that the user gave this computer (hostnamed's pretty name, machine-info(5)); empty when
-/// there is none.
-std::string prettyName();
+/// The file that keeps the name that the user gave this computer (machine-info(5)).
+inline constexpr const char* informationFile = "/etc/machine-info";
+
+/// The name that the user gave this computer, as `file` has it; empty when there is none.
+std::string prettyName(const std::filesystem::path& file = informationFile);
 
 /// The network host name.
 std::string hostName();

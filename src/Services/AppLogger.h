@@ -5,11 +5,11 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <cstdint>
 #include <filesystem>
 #include <mutex>
 #include <string>
 #include <thread>
-#include <vector>
 
 namespace tessaro {
 
@@ -22,6 +22,7 @@ public:
     /// @param device     begins each file's name
     /// @param clock      time stamps and the day; read on any thread
     AppLogger(std::filesystem::path folder, const DeviceIdentity& device, const Clock& clock);
+    /// Lines that are still queued are lost: flush() first.
     ~AppLogger();
     AppLogger(const AppLogger&) = delete;
     AppLogger& operator=(const AppLogger&) = delete;
@@ -38,21 +39,25 @@ public:
     /// not in it.
     std::string readCurrentLog() const;
 
-    /// Waits until every line queued so far is written, at most for `limit`.
+    /// Waits until every line queued so far is written or lost, at most for `limit`.
     void flush(std::chrono::milliseconds limit);
 
 private:
     void writeQueuedLines();
+    void append(const std::string& lines) const;
 
     const std::filesystem::path folder_;
     const DeviceIdentity& device_;
     const Clock& clock_;
 
-    std::mutex mutex_;
+    std::mutex mutex_; ///< Guards everything below but the thread.
     std::condition_variable wake_;
-    std::condition_variable idle_;
-    std::string queued_;
-    bool writing_ = false;
+    std::condition_variable written_;
+    std::string queued_; ///< Whole lines, each with its line feed.
+    std::uint64_t linesQueued_ = 0;
+    std::uint64_t linesWritten_ = 0;
+    std::chrono::sys_seconds stampedSecond_{}; ///< The second that `stamp_` tells.
+    std::string stamp_;
     bool stopping_ = false;
     std::thread writer_;
 };

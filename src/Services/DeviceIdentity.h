@@ -4,6 +4,7 @@
 #include "Platform/SettingsStore.h"
 
 #include <filesystem>
+#include <mutex>
 #include <string>
 
 namespace tessaro {
@@ -15,6 +16,8 @@ public:
     /// @param identifierFile  the system's machine identifier file
     explicit DeviceIdentity(
         SettingsStore& settings, std::filesystem::path identifierFile = machine::identifierFile);
+    DeviceIdentity(const DeviceIdentity&) = delete;
+    DeviceIdentity& operator=(const DeviceIdentity&) = delete;
 
     static const DeviceIdentity& shared();
 
@@ -26,6 +29,7 @@ public:
 private:
     SettingsStore& settings_;
     const std::filesystem::path identifierFile_;
+    mutable std::mutex mutex_; ///< Held while the fallback is looked up and made.
 };
 
 } // namespace tessaro
