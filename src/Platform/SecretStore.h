@@ -3,6 +3,7 @@
 #include "Platform/Result.h"
 #include "Platform/SecretText.h"
 
+#include <atomic>
 #include <chrono>
 #include <optional>
 #include <string>
@@ -11,26 +12,37 @@ namespace tessaro {
 
 /// The user's Secret Service (the freedesktop.org Secret Service API), through libsecret.
 ///
-/// Every call is synchronous and bounded: it never shows a prompt of its own accord, and one that
-/// the service does not answer in time ends in an error. An error has the domain "SecretStore" and
-/// libsecret's or GIO's own code. Any thread.
+/// Every call is synchronous and bounded: it never shows a prompt, and one that the service does
+/// not answer in time ends in an error. An error has the domain "SecretStore" and libsecret's or
+/// GIO's own code. Any thread.
 class SecretStore {
 public:
-    /// @param deadline how long one call may take before it is given up
-    explicit SecretStore(std::chrono::milliseconds deadline = std::chrono::seconds(3));
+    /// @param deadline  how long one call may take before it is given up
+    /// @param pause     how long calls fail at once after one was given up, so that a row of calls
+    ///                  to a service that hangs costs one deadline, not many
+    explicit SecretStore(
+        std::chrono::milliseconds deadline = std::chrono::seconds(3),
+        std::chrono::milliseconds pause = std::chrono::seconds(30));
     virtual ~SecretStore() = default;
 
-    /// Adds an entry; a locked keyring is an error.
+    /// Adds an entry to the default keyring, or replaces the one that is there; a locked keyring is
+    /// an error.
     virtual Result<void>
     store(const std::string& service, const std::string& account, const SecretText& value);
     /// The value bytes of one entry; "nothing matched" is an empty optional, not an error.
     virtual Result<std::optional<SecretText>>
     lookup(const std::string& service, const std::string& account);
-    /// Deletes every entry that matches; true when there was one, false when nothing matched.
+    /// Deletes every entry that matches; true when there was one, false when nothing matched. One
+    /// that is locked stays and makes an error.
     virtual Result<bool> clear(const std::string& service, const std::string& account);
 
 private:
+    template <typename Call>
+    auto run(Call call);
+
     const std::chrono::milliseconds deadline_;
+    const std::chrono::milliseconds pause_;
+    std::atomic<std::chrono::steady_clock::time_point> pausedUntil_{};
 };
 
 } // namespace tessaro
