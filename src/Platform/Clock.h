@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/DateTime.h"
 #include "Platform/ScopedConnection.h"
 
 #include <chrono>
@@ -11,7 +12,7 @@ namespace tessaro {
 /// clock of their own in its place.
 class Clock {
 public:
-    using TimePoint = std::chrono::system_clock::time_point;
+    using TimePoint = tessaro::TimePoint;
     using Delay = std::chrono::milliseconds;
 
     virtual ~Clock() = default;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/DateTime.h"
 #include "Platform/Result.h"
 
 #include <filesystem>
@@ -11,15 +12,18 @@
 namespace tessaro {
 
 /// Creates the folder with its missing parents, mode 0700 whatever the umask. An existing folder
-/// is left alone.
+/// is left alone. Fails with domain "File" and errno as code, like everything here.
 Result<void> ensureFolder(const std::filesystem::path& folder);
 
 /// The bytes of the whole file; nothing when it is missing or unreadable.
 std::optional<std::string> readFile(const std::filesystem::path& file);
 
-/// Replaces the file as a whole, mode 0600: a crash or a power cut at any moment leaves the old
-/// bytes or the new ones. Fails with domain "File" and errno as code.
+/// Replaces the file as a whole, mode 0600 whatever the umask and its mode before: a crash or a
+/// power cut at any moment leaves the old bytes or the new ones. Its folder must exist.
 Result<void> replaceFile(const std::filesystem::path& file, std::string_view bytes);
+
+/// Renames the file to its name, ".unreadable-" and the time in UTC, and never over another file.
+Result<void> setAside(const std::filesystem::path& file, TimePoint time);
 
 /// Removes the temporary files that a crash during replaceFile() left in the folder.
 void sweepTemporaryFiles(const std::filesystem::path& folder);

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "Platform/GHandle.h"
+
 #include <filesystem>
-#include <map>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -12,7 +13,8 @@ namespace tessaro {
 ///
 /// The file is read once, at construction, and replaced as a whole at each change; groups and keys
 /// that the program does not know survive. Nothing is reported: what cannot be read is absent, what
-/// cannot be written is kept in memory.
+/// cannot be written is kept in memory. A file that is no key file is set aside before the first
+/// change replaces it.
 class SettingsStore {
 public:
     explicit SettingsStore(std::filesystem::path file);
@@ -25,7 +27,8 @@ public:
 private:
     const std::filesystem::path file_;
     mutable std::mutex mutex_;
-    std::map<std::string, std::string> values_;
+    GKeyFilePtr values_;
+    bool setAsideFirst_ = false;
 };
 
 } // namespace tessaro

@@ -32,7 +32,7 @@ SystemClock& SystemClock::shared() {
 }
 
 Clock::TimePoint SystemClock::now() const {
-    return std::chrono::system_clock::now();
+    return std::chrono::floor<TimePoint::duration>(std::chrono::system_clock::now());
 }
 
 void SystemClock::post(Delay delay, std::function<void()> action) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <compare>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -8,32 +10,38 @@
 
 namespace tessaro {
 
-/// A UUID (RFC 4122) in its canonical upper-case form of 36 characters.
+/// A UUID (RFC 4122).
 class Uuid {
 public:
+    /// The identifier of which every bit is zero (RFC 4122, 4.1.7).
+    Uuid() = default;
     /// A new random (version 4) identifier.
     static Uuid random();
     /// Reads the 8-4-4-4-12 form in either case; nothing for any other text.
     static std::optional<Uuid> parse(std::string_view text);
 
-    const std::string& text() const { return text_; }
+    /// The canonical form of 36 characters, with upper-case digits.
+    std::string text() const;
+    std::size_t hash() const noexcept;
 
     auto operator<=>(const Uuid&) const = default;
 
 private:
-    explicit Uuid(std::string text) : text_(std::move(text)) {}
-    std::string text_;
+    using Bytes = std::array<std::uint8_t, 16>;
+
+    explicit Uuid(const Bytes& bytes) : bytes_(bytes) {}
+    Bytes bytes_{};
 };
 
 /// A UUID that names one kind of thing, so that one kind cannot be taken for another.
 template <typename Tag>
 class Identifier {
 public:
-    explicit Identifier(Uuid uuid) : uuid_(std::move(uuid)) {}
+    explicit Identifier(Uuid uuid) : uuid_(uuid) {}
     static Identifier random() { return Identifier(Uuid::random()); }
 
     const Uuid& uuid() const { return uuid_; }
-    const std::string& text() const { return uuid_.text(); }
+    std::string text() const { return uuid_.text(); }
 
     auto operator<=>(const Identifier&) const = default;
 
@@ -45,14 +53,12 @@ private:
 
 template <>
 struct std::hash<tessaro::Uuid> {
-    std::size_t operator()(const tessaro::Uuid& uuid) const noexcept {
-        return std::hash<std::string>{}(uuid.text());
-    }
+    std::size_t operator()(const tessaro::Uuid& uuid) const noexcept { return uuid.hash(); }
 };
 
 template <typename Tag>
 struct std::hash<tessaro::Identifier<Tag>> {
     std::size_t operator()(const tessaro::Identifier<Tag>& id) const noexcept {
-        return std::hash<tessaro::Uuid>{}(id.uuid());
+        return id.uuid().hash();
     }
 };

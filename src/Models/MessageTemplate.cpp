@@ -1,0 +1,23 @@
+#include "Models/MessageTemplate.h"
+
+#include "Platform/Hasher.h"
+#include "Platform/JsonReader.h"
+
+namespace tessaro {
+
+nlohmann::json encode(const MessageTemplate& message) {
+    return {{"title", message.title}, {"content", message.content}};
+}
+
+Result<MessageTemplate> decodeMessageTemplate(const nlohmann::json& value) {
+    JsonReader reader(value);
+    MessageTemplate message{.title = reader.text("title"), .content = reader.text("content")};
+    return reader.finish(std::move(message));
+}
+
+} // namespace tessaro
+
+std::size_t std::hash<tessaro::MessageTemplate>::operator()(
+    const tessaro::MessageTemplate& message) const noexcept {
+    return tessaro::Hasher().add(message.title).add(message.content).value();
+}

@@ -1,0 +1,59 @@
+#include "Platform/Uuid.h"
+
+#include "Platform/GHandle.h"
+
+namespace tessaro {
+
+namespace {
+
+constexpr std::size_t textLength = 36;
+
+constexpr bool isHyphenPlace(std::size_t index) {
+    return index == 8 || index == 13 || index == 18 || index == 23;
+}
+
+} // namespace
+
+Uuid Uuid::random() {
+    return *parse(takeString(g_uuid_string_random()));
+}
+
+std::optional<Uuid> Uuid::parse(std::string_view text) {
+    if (text.size() != textLength)
+        return std::nullopt;
+    Bytes bytes{};
+    std::size_t digits = 0;
+    for (std::size_t i = 0; i < textLength; ++i) {
+        if (isHyphenPlace(i)) {
+            if (text[i] != '-')
+                return std::nullopt;
+            continue;
+        }
+        const int digit = g_ascii_xdigit_value(text[i]);
+        if (digit < 0)
+            return std::nullopt;
+        auto& byte = bytes[digits++ / 2];
+        byte = static_cast<std::uint8_t>(byte << 4 | digit);
+    }
+    return Uuid(bytes);
+}
+
+std::string Uuid::text() const {
+    constexpr char digits[] = "0123456789ABCDEF";
+    std::string text;
+    text.reserve(textLength);
+    for (const auto byte : bytes_) {
+        if (isHyphenPlace(text.size()))
+            text += '-';
+        text += digits[byte >> 4];
+        text += digits[byte & 15];
+    }
+    return text;
+}
+
+std::size_t Uuid::hash() const noexcept {
+    return std::hash<std::string_view>{}(
+        {reinterpret_cast<const char*>(bytes_.data()), bytes_.size()});
+}
+
+} // namespace tessaro

@@ -1,0 +1,46 @@
+#include "Services/Endpoints.h"
+
+#include "Platform/GHandle.h"
+#include "Services/BuildConfig.h"
+
+namespace tessaro {
+
+namespace {
+
+std::string withoutSlashAtEnd(std::string origin) {
+    while (origin.ends_with('/'))
+        origin.pop_back();
+    return origin;
+}
+
+} // namespace
+
+Endpoints Endpoints::fromSettings(const SettingsStore& settings) {
+    const auto configured = [&](const char* key, const char* builtIn) {
+        return settings.text(key).value_or(builtIn);
+    };
+    return {
+        .graphApiOrigin =
+            withoutSlashAtEnd(configured("graph_api_origin", "https://graph.facebook.com")),
+        .inboxOrigin =
+            withoutSlashAtEnd(configured("inbox_origin", "https://business.facebook.com")),
+        .supportServer = configured("skarn_server_url", build::supportServer),
+        .linkMessenger = configured("link_messenger", build::linkMessenger),
+        .linkTelegram = configured("link_telegram", build::linkTelegram),
+        .linkZalo = configured("link_zalo", build::linkZalo),
+        .linkWebsite = configured("link_website", build::linkWebsite),
+        .linkDonate = configured("link_donate", build::linkDonate),
+    };
+}
+
+std::string Endpoints::inboxHost() const {
+    const GUriPtr uri(g_uri_parse(inboxOrigin.c_str(), G_URI_FLAGS_NONE, nullptr));
+    if (!uri || !g_uri_get_host(uri.get()))
+        return {};
+    auto host = takeString(g_ascii_strdown(g_uri_get_host(uri.get()), -1));
+    if (const int port = g_uri_get_port(uri.get()); port > 0)
+        host += ":" + std::to_string(port);
+    return host;
+}
+
+} // namespace tessaro
