@@ -179,12 +179,12 @@ TEST(Records, HoldAnyTextWithoutThrowing) {
     EXPECT_EQ(list->at(0).name, written.name);
     EXPECT_EQ(list->at(0).deviceName, "\uFFFD\uFFFD(");
     const auto escaped = [](std::string title) {
-        return decodeList(
-            R"([{"content":"","title":")" + title + R"("}])", decodeMessageTemplate);
+        return decodeList(R"([{"content":"","title":")" + title + R"("}])", decodeMessageTemplate);
     };
     EXPECT_EQ(escaped(R"(a\u0000b)").value().at(0).title, std::string("a\0b", 3));
     EXPECT_EQ(escaped(R"(\ud83d\udc4d)").value().at(0).title, "👍");
-    for (const char* bad : {R"(\ud83d)", R"(\udc4d)", R"(\ud83d\ud83d)", R"(\ud83dx)", "\xFF", "\n"})
+    for (const char* bad :
+         {R"(\ud83d)", R"(\udc4d)", R"(\ud83d\ud83d)", R"(\ud83dx)", "\xFF", "\n"})
         EXPECT_FALSE(escaped(bad)) << bad;
 }
 
@@ -222,8 +222,7 @@ TEST(Records, CustomerProfileIsComparedAndHashedByAllFields) {
     EXPECT_NE(hash(others[5]), hash(others[6]));
     EXPECT_NE(hash(others[1]), hash(others[2]));
     EXPECT_EQ(hash(CustomerProfile{.id = "x"}), hash(bare));
-    EXPECT_NE(
-        std::hash<MessageTemplate>{}({"a", "b"}), std::hash<MessageTemplate>{}({"b", "a"}));
+    EXPECT_NE(std::hash<MessageTemplate>{}({"a", "b"}), std::hash<MessageTemplate>{}({"b", "a"}));
 }
 
 TEST(Records, PageInfoNeedsTheAddressOfAPictureThatIsPresent) {
