@@ -51,8 +51,11 @@ struct HttpResponse {
 ///
 /// Any answer with a status is a response, also a proxy's 407. Everything else is an error of the
 /// domain "HTTP": no connection, a refused certificate, silence, too long in all, a body that is
-/// longer than allowed or was cut short, a redirect from HTTPS to HTTP, more than ten redirects. A
-/// message never holds the address.
+/// longer than allowed or was cut short, a redirect from HTTPS to HTTP, more than ten redirects,
+/// the caller's cancellation. A message never holds the address.
+///
+/// No compressed answer is asked for and none is inflated. A redirect is followed to the address
+/// that the server names and to nothing else: no part of the first address's query travels on.
 class HttpClient {
 public:
     explicit HttpClient(HttpOptions options);
@@ -60,7 +63,15 @@ public:
     HttpClient(HttpClient&&) noexcept;
     HttpClient& operator=(HttpClient&&) noexcept;
 
-    enum ErrorCode { invalidUrl = 1, transport, timedOut, bodyTooLong, cutShort, badRedirect };
+    enum ErrorCode {
+        invalidUrl = 1,
+        transport,
+        timedOut,
+        bodyTooLong,
+        cutShort,
+        badRedirect,
+        cancelled
+    };
 
     /// Sends one request. The client may be dropped while it is under way; its connections close
     /// when the last request has ended.

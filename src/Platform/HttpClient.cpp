@@ -1,0 +1,237 @@
+#include "Platform/HttpClient.h"
+
+#include "Platform/ChunkedDecoder.h"
+#include "Platform/HttpCall.h"
+
+#include <libsoup/soup.h>
+
+#include <memory>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tessaro {
+
+namespace {
+
+constexpr int redirectLimit = 10;
+/// Answers of the kind "100 Continue" that may come before the real one. They arrive in one turn
+/// of the main loop for as long as the server keeps sending.
+constexpr int informationalLimit = 20;
+constexpr auto uriFlags = static_cast<GUriFlags>(SOUP_HTTP_URI_FLAGS);
+
+bool isHttp(GUri* uri) {
+    const std::string_view scheme = g_uri_get_scheme(uri);
+    return (scheme == "http" || scheme == "https") && g_uri_get_host(uri) && *g_uri_get_host(uri);
+}
+
+GUriPtr parseUrl(const std::string& url) {
+    GUriPtr uri(g_uri_parse(url.c_str(), uriFlags, nullptr));
+    if (uri && (!isHttp(uri.get()) || url.find('\0') != std::string::npos))
+        uri.reset();
+    return uri;
+}
+
+GObjectPtr<SoupMessage> makeMessage(const HttpRequest& request, GUri* uri) {
+    auto message =
+        GObjectPtr<SoupMessage>::adopt(soup_message_new_from_uri(request.method.c_str(), uri));
+    soup_message_set_flags(message.get(), SOUP_MESSAGE_NO_REDIRECT);
+    if (request.body) {
+        const GBytesPtr body(g_bytes_new(request.body->data(), request.body->size()));
+        soup_message_set_request_body_from_bytes(
+            message.get(), request.contentType.c_str(), body.get());
+    } else if (!request.contentType.empty()) {
+        soup_message_headers_set_content_type(
+            soup_message_get_request_headers(message.get()), request.contentType.c_str(), nullptr);
+    }
+    return message;
+}
+
+/// Where the answer sends the client, as the server put it; null for an ordinary answer.
+const char* redirectLocation(SoupMessage* message) {
+    const unsigned status = soup_message_get_status(message);
+    const bool redirects = (status >= 301 && status <= 303) || status == 307 || status == 308;
+    return redirects ? soup_message_headers_get_one(
+                           soup_message_get_response_headers(message), "Location")
+                     : nullptr;
+}
+
+bool leavesTls(GUri* from, GUri* to) {
+    return std::string_view(g_uri_get_scheme(from)) == "https" &&
+           std::string_view(g_uri_get_scheme(to)) == "http";
+}
+
+/// Whether the answer's body comes in chunks. HTTP/2 has framing of its own, which the library
+/// checks.
+bool isChunked(SoupMessage* message) {
+    const unsigned status = soup_message_get_status(message);
+    return soup_message_get_http_version(message) != SOUP_HTTP_2_0 && status != 204 &&
+           status != 304 && std::string_view(soup_message_get_method(message)) != "HEAD" &&
+           soup_message_headers_get_encoding(soup_message_get_response_headers(message)) ==
+               SOUP_ENCODING_CHUNKED;
+}
+
+/// The stream of the bytes as they come off the connection: the innermost of the filters through
+/// which the library hands out a body. It still holds what was read along with the head.
+GInputStream* wireBelow(GInputStream* body) {
+    GInputStream* wire = body;
+    while (true) {
+        GInputStream* base = g_filter_input_stream_get_base_stream(G_FILTER_INPUT_STREAM(wire));
+        if (!G_IS_FILTER_INPUT_STREAM(base))
+            return wire;
+        wire = base;
+    }
+}
+
+/// Reads the answer's body to its end. The call outlives the reading.
+Task<Result<std::string>> readBody(
+    GObjectPtr<SoupMessage> message, GObjectPtr<GInputStream> stream, HttpCall* call,
+    std::size_t limit) {
+    constexpr auto tooLong = "Phản hồi quá lớn.";
+    if (soup_message_headers_get_content_length(soup_message_get_response_headers(message.get())) >
+        static_cast<goffset>(limit))
+        co_return call->end(HttpClient::bodyTooLong, tooLong);
+
+    // The library takes a chunked body that was cut short for a whole one, so the framing is
+    // taken off here.
+    const bool chunked = isChunked(message.get());
+    GInputStream* source = chunked ? wireBelow(stream.get()) : stream.get();
+    ChunkedDecoder decoder;
+    std::string body;
+    std::vector<char> block(64 * 1024);
+    while (!decoder.isComplete()) {
+        GErrorSlot error;
+        const gssize length = co_await AsyncCall(
+            [&](GAsyncReadyCallback ready, gpointer data) {
+                g_input_stream_read_async(
+                    source, block.data(), block.size(), G_PRIORITY_DEFAULT, call->cancellable(),
+                    ready, data);
+            },
+            [&](GObject*, GAsyncResult* result) {
+                return g_input_stream_read_finish(source, result, error.out());
+            });
+        if (length < 0)
+            co_return call->failureOf(error);
+        const std::string_view bytes(block.data(), static_cast<std::size_t>(length));
+        if (chunked && (bytes.empty() || !decoder.feed(bytes, body)))
+            co_return call->end(HttpClient::cutShort, "Phản hồi bị cắt ngang.");
+        if (!chunked && bytes.empty())
+            break;
+        if (!chunked)
+            body += bytes;
+        if (body.size() > limit)
+            co_return call->end(HttpClient::bodyTooLong, tooLong);
+    }
+    co_return body;
+}
+
+} // namespace
+
+struct HttpClient::Session {
+    const HttpOptions options;
+    GObjectPtr<SoupSession> soup;
+
+    /// The library's session, made when the first request needs it.
+    Result<SoupSession*> open();
+};
+
+Result<SoupSession*> HttpClient::Session::open() {
+    if (soup)
+        return soup.get();
+    auto opened = GObjectPtr<SoupSession>::adopt(soup_session_new_with_options(
+        "timeout", static_cast<guint>(options.silenceLimit.count()), nullptr));
+    soup_session_remove_feature_by_type(opened.get(), SOUP_TYPE_CONTENT_DECODER);
+    soup_session_remove_feature_by_type(opened.get(), SOUP_TYPE_AUTH_MANAGER);
+    if (options.proxy) {
+        // A port that cannot exist must not end in a direct connection.
+        if (options.proxy->port < 1 || options.proxy->port > 65535)
+            return failure("HTTP", transport, "Cổng proxy không hợp lệ.");
+        const auto address = takeString(g_uri_join(
+            G_URI_FLAGS_NONE, "http", nullptr, options.proxy->host.c_str(),
+            static_cast<gint>(options.proxy->port), "", nullptr, nullptr));
+        const auto resolver = GObjectPtr<GProxyResolver>::adopt(
+            g_simple_proxy_resolver_new(address.c_str(), nullptr));
+        soup_session_set_proxy_resolver(opened.get(), resolver.get());
+    } else if (!options.useSystemProxy) {
+        soup_session_set_proxy_resolver(opened.get(), nullptr);
+    }
+    if (options.authorityFile) {
+        GErrorSlot error;
+        const auto authorities = GObjectPtr<GTlsDatabase>::adopt(
+            g_tls_file_database_new(options.authorityFile->c_str(), error.out()));
+        if (!authorities)
+            return failure("HTTP", transport, error.message());
+        soup_session_set_tls_database(opened.get(), authorities.get());
+    }
+    soup = std::move(opened);
+    return soup.get();
+}
+
+HttpClient::HttpClient(HttpOptions options)
+    : session_(std::make_shared<Session>(Session{std::move(options), {}})) {}
+
+HttpClient::~HttpClient() = default;
+HttpClient::HttpClient(HttpClient&&) noexcept = default;
+HttpClient& HttpClient::operator=(HttpClient&&) noexcept = default;
+
+Task<Result<HttpResponse>> HttpClient::send(HttpRequest request, Cancellation cancellation) {
+    return run(session_, std::move(request), std::move(cancellation));
+}
+
+Task<Result<HttpResponse>>
+HttpClient::run(std::shared_ptr<Session> session, HttpRequest request, Cancellation cancellation) {
+    GUriPtr uri = parseUrl(request.url);
+    if (!uri)
+        co_return failure("HTTP", invalidUrl, "Địa chỉ không hợp lệ.");
+    const auto soup = session->open();
+    if (!soup)
+        co_return tl::unexpected<Error>(soup.error());
+    HttpCall call(std::move(cancellation), session->options.totalLimit);
+
+    for (int redirects = 0; redirects <= redirectLimit; ++redirects) {
+        const auto message = makeMessage(request, uri.get());
+        int informational = 0;
+        const auto counting = connectSignal<void(SoupMessage*)>(
+            message.get(), "got-informational", [&](SoupMessage*) {
+                if (++informational > informationalLimit)
+                    call.end(transport, "Phản hồi không hợp lệ.");
+            });
+        GErrorSlot error;
+        const auto stream = co_await AsyncCall(
+            [&](GAsyncReadyCallback ready, gpointer data) {
+                soup_session_send_async(
+                    *soup, message.get(), G_PRIORITY_DEFAULT, call.cancellable(), ready, data);
+            },
+            [&](GObject*, GAsyncResult* result) {
+                return GObjectPtr<GInputStream>::adopt(
+                    soup_session_send_finish(*soup, result, error.out()));
+            });
+        if (!stream)
+            co_return call.failureOf(error);
+        auto body = co_await readBody(message, stream, &call, session->options.bodyLimit);
+        if (!body)
+            co_return tl::unexpected<Error>(body.error());
+
+        const unsigned status = soup_message_get_status(message.get());
+        const char* location = redirectLocation(message.get());
+        if (!location)
+            co_return HttpResponse{status, std::move(*body)};
+        GUriPtr target(g_uri_parse_relative(uri.get(), location, uriFlags, nullptr));
+        if (!target || !isHttp(target.get()))
+            co_return failure(
+                "HTTP", badRedirect, "Máy chủ chuyển hướng tới địa chỉ không hợp lệ.");
+        if (leavesTls(uri.get(), target.get()))
+            co_return failure(
+                "HTTP", badRedirect, "Máy chủ chuyển hướng tới kết nối không được mã hóa.");
+        uri = std::move(target);
+        // RFC 9110, section 15.4: only 307 and 308 repeat the request as it was.
+        if (status != 307 && status != 308 && request.method != "HEAD") {
+            request.method = "GET";
+            request.contentType.clear();
+            request.body.reset();
+        }
+    }
+    co_return failure("HTTP", badRedirect, "Máy chủ chuyển hướng quá nhiều lần.");
+}
+
+} // namespace tessaro

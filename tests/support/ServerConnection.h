@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Platform/GHandle.h"
+
+#include <chrono>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tessaro::test {
+
+/// A request as it arrived, or its head alone for one that never sent its body.
+struct ReceivedRequest {
+    std::string method;
+    std::string target; ///< As in the request line: a path with its query, or a whole address.
+    std::map<std::string, std::string> headers; ///< By name in lower case.
+    std::string body;
+
+    /// The target without its query.
+    std::string path() const { return target.substr(0, target.find('?')); }
+};
+
+/// The server's end of one connection, for behaviour that goes down to the bytes. Used on the
+/// server's thread for that connection; every call ends at once when the server stops.
+class ServerConnection {
+public:
+    ServerConnection(
+        GObjectPtr<GSocketConnection> socket, GObjectPtr<GIOStream> stream,
+        GObjectPtr<GCancellable> stop);
+
+    /// Reads one request with its body; nothing when the client closes instead.
+    std::optional<ReceivedRequest> readRequest();
+    /// Sends the bytes; false once the client is gone or the server stops.
+    bool write(std::string_view bytes);
+    /// Lets time pass; false once the client is gone or has sent more, or the server stops.
+    bool pause(std::chrono::milliseconds time);
+    /// Returns when the client has closed its end or the server stops.
+    void waitForClose();
+    /// Ends the connection in order, with TLS's own farewell.
+    void close();
+    /// Drops the connection without TLS's farewell.
+    void drop();
+
+    GIOStream* stream() const { return stream_.get(); }
+    GCancellable* stop() const { return stop_.get(); }
+
+private:
+    std::optional<std::string> readLine();
+    bool fill();
+
+    GObjectPtr<GSocketConnection> socket_;
+    GObjectPtr<GIOStream> stream_;
+    GObjectPtr<GCancellable> stop_;
+    std::string received_;
+};
+
+} // namespace tessaro::test
