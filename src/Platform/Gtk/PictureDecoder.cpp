@@ -1,0 +1,57 @@
+#include "Platform/Gtk/PictureDecoder.h"
+
+#include "Platform/ScopedConnection.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tessaro {
+
+namespace {
+
+constexpr int largestSide = 4096;
+constexpr std::size_t chunk = 16 * 1024;
+
+int scaled(int side, double factor) {
+    return std::max(1, static_cast<int>(std::lround(side * factor)));
+}
+
+} // namespace
+
+GObjectPtr<GdkTexture>
+decodePicture(std::string_view bytes, int pixels, const Cancellation& cancellation) {
+    const auto loader = GObjectPtr<GdkPixbufLoader>::adopt(gdk_pixbuf_loader_new());
+    bool accepted = true;
+    // Emitted as soon as the header is read. A size of zero makes every decoder stop there.
+    const auto sizePrepared = connectSignal<void(GdkPixbufLoader*, int, int)>(
+        loader.get(), "size-prepared", [&](GdkPixbufLoader* self, int width, int height) {
+            accepted = width > 0 && height > 0 && width <= largestSide && height <= largestSide;
+            if (!accepted) {
+                gdk_pixbuf_loader_set_size(self, 0, 0);
+                return;
+            }
+            const double factor = static_cast<double>(pixels) / std::min(width, height);
+            if (factor < 1)
+                gdk_pixbuf_loader_set_size(self, scaled(width, factor), scaled(height, factor));
+        });
+
+    bool readable = true;
+    while (readable && accepted && !bytes.empty() && !cancellation.isCancelled()) {
+        const std::size_t length = std::min(chunk, bytes.size());
+        readable = gdk_pixbuf_loader_write(
+            loader.get(), reinterpret_cast<const guchar*>(bytes.data()), length, nullptr);
+        bytes.remove_prefix(length);
+    }
+    // A loader must be closed in any case; a picture that is cut short is an error here.
+    const bool complete = gdk_pixbuf_loader_close(loader.get(), nullptr);
+    if (!readable || !accepted || !complete || cancellation.isCancelled())
+        return {};
+    GdkPixbuf* decoded = gdk_pixbuf_loader_get_pixbuf(loader.get());
+    if (!decoded)
+        return {};
+    const auto upright =
+        GObjectPtr<GdkPixbuf>::adopt(gdk_pixbuf_apply_embedded_orientation(decoded));
+    return GObjectPtr<GdkTexture>::adopt(gdk_texture_new_for_pixbuf(upright.get()));
+}
+
+} // namespace tessaro
