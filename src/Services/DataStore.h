@@ -5,10 +5,10 @@
 #include "Platform/Clock.h"
 #include "Platform/NotificationCenter.h"
 #include "Services/KeychainService.h"
+#include "Services/RecordFile.h"
 
 #include <filesystem>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,16 +52,16 @@ public:
     /// Writes the picture's bytes and then announces it, whether or not the write succeeded.
     void saveAvatarData(const std::string& id, std::string_view data);
 
-    // Private members: the mutex that is the queue "com.vandel.DataStore", the caches and the
-    // helpers that expect it to be held. To be completed by the implementation.
 private:
     const std::filesystem::path folder_;
+    const std::filesystem::path avatars_;
     KeychainService& keychain_;
     NotificationCenter& notifications_;
     Clock& clock_;
+    /// Held by every list operation for as long as it lasts; guards the two files.
     std::mutex queue_;
-    std::optional<std::vector<Account>> cachedAccounts_;
-    std::optional<std::vector<PageConfig>> cachedPages_;
+    RecordFile<Account> accounts_;
+    RecordFile<PageConfig> pages_;
 };
 
 } // namespace tessaro

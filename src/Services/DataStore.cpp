@@ -1,0 +1,108 @@
+#include "Services/DataStore.h"
+
+#include "Platform/FileName.h"
+#include "Platform/FileStore.h"
+#include "Platform/Paths.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace tessaro {
+
+namespace {
+
+template <typename Record, typename Predicate>
+std::vector<Record> without(const std::vector<Record>& records, Predicate removed) {
+    std::vector<Record> kept;
+    kept.reserve(records.size());
+    std::remove_copy_if(records.begin(), records.end(), std::back_inserter(kept), removed);
+    return kept;
+}
+
+std::string tokenKey(const PageConfigId& page) {
+    return "page_token_" + page.text();
+}
+
+} // namespace
+
+DataStore::DataStore(
+    std::filesystem::path folder, KeychainService& keychain, NotificationCenter& notifications,
+    Clock& clock)
+    : folder_(std::move(folder)),
+      avatars_(folder_ / "avatars"),
+      keychain_(keychain),
+      notifications_(notifications),
+      clock_(clock),
+      accounts_(folder_ / "accounts.json", decodeAccount, clock),
+      pages_(folder_ / "pages.json", decodePageConfig, clock) {
+    for (const auto& ours : {folder_, avatars_}) {
+        restrictToOwner(ours);
+        sweepTemporaryFiles(ours);
+    }
+}
+
+DataStore& DataStore::shared() {
+    static DataStore store(
+        paths::dataFolder(), KeychainService::shared(), NotificationCenter::shared(),
+        SystemClock::shared());
+    return store;
+}
+
+std::vector<Account> DataStore::loadAccounts() {
+    const std::lock_guard lock(queue_);
+    return accounts_.load();
+}
+
+void DataStore::saveAccounts(std::vector<Account> accounts) {
+    const std::lock_guard lock(queue_);
+    accounts_.save(std::move(accounts));
+}
+
+std::vector<PageConfig> DataStore::loadPages() {
+    const std::lock_guard lock(queue_);
+    return pages_.load();
+}
+
+void DataStore::savePages(std::vector<PageConfig> pages) {
+    const std::lock_guard lock(queue_);
+    pages_.save(std::move(pages));
+}
+
+std::vector<PageConfig> DataStore::pages(const AccountId& account) {
+    const std::lock_guard lock(queue_);
+    return without(pages_.load(), [&](const auto& page) { return page.accountId != account; });
+}
+
+void DataStore::deleteAccount(const AccountId& id) {
+    const std::lock_guard lock(queue_);
+    accounts_.save(
+        without(accounts_.load(), [&](const auto& account) { return account.id == id; }));
+
+    const auto belongs = [&](const auto& page) { return page.accountId == id; };
+    const auto& pages = pages_.load();
+    for (const auto& page : pages)
+        if (belongs(page))
+            keychain_.remove(tokenKey(page.id));
+    pages_.save(without(pages, belongs));
+    keychain_.remove("proxy_pass_" + id.text());
+}
+
+void DataStore::deletePage(const PageConfigId& id) {
+    const std::lock_guard lock(queue_);
+    pages_.save(without(pages_.load(), [&](const auto& page) { return page.id == id; }));
+    keychain_.remove(tokenKey(id));
+}
+
+std::filesystem::path DataStore::localAvatarURL(const std::string& id) const {
+    ensureFolder(avatars_);
+    return avatars_ / (fileNameFor(id) + ".jpg");
+}
+
+void DataStore::saveAvatarData(const std::string& id, std::string_view data) {
+    replaceFile(localAvatarURL(id), data);
+    clock_.post(Clock::Delay::zero(), [&notifications = notifications_, id] {
+        notifications.post(avatarDownloaded, {{"id", id}});
+    });
+}
+
+} // namespace tessaro
