@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Platform/NotificationCenter.h"
+#include "Services/DataStore.h"
+#include "support/ManualClock.h"
+#include "support/RecordingKeychain.h"
+#include "support/TempFolder.h"
+
+namespace tessaro::test {
+
+/// A data store with everything that it needs, in folders of its own.
+struct StoreWorld {
+    TempFolder folder;
+    ManualClock clock;
+    NotificationCenter notifications;
+    SettingsStore settings{folder / "settings.ini"};
+    DeviceIdentity device{settings, folder / "machine-id"};
+    AppLogger logger{folder / "logs", device, clock};
+    RecordingKeychain keychain{logger};
+    std::filesystem::path records = folder / "Tessaro";
+    DataStore store = newStore();
+
+    /// Another one over the same files, as after a new start of the program.
+    DataStore newStore() { return {records, keychain, notifications, clock}; }
+};
+
+Account makeAccount(const std::string& name = "Tài khoản");
+PageConfig
+makePage(const Account& account, const std::string& pageId, const std::string& name = "Trang");
+
+} // namespace tessaro::test

@@ -1,0 +1,145 @@
+#include "Services/DataStore.h"
+
+#include "Models/RecordList.h"
+#include "Platform/FileStore.h"
+#include "support/StoreWorld.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+using namespace tessaro;
+using test::makeAccount, test::makePage;
+using testing::ElementsAre, testing::IsEmpty, testing::SizeIs;
+
+namespace {
+
+class DataStoreTest : public testing::Test {
+protected:
+    void put(const char* name, std::string_view bytes) {
+        std::filesystem::create_directories(world.records);
+        std::ofstream(world.records / name) << bytes;
+    }
+    std::optional<std::string> bytesOf(const std::string& name) {
+        return readFile(world.records / name);
+    }
+    std::vector<std::string> names() {
+        std::vector<std::string> found;
+        for (const auto& entry : std::filesystem::directory_iterator(world.records))
+            found.push_back(entry.path().filename());
+        std::sort(found.begin(), found.end());
+        return found;
+    }
+
+    test::StoreWorld world;
+    DataStore& store = world.store;
+    Account first = makeAccount("một"), second = makeAccount("hai");
+    PageConfig a = makePage(first, "1"), b = makePage(second, "2"), c = makePage(first, "3"),
+               d = makePage(second, "4");
+};
+
+} // namespace
+
+TEST_F(DataStoreTest, MakesItsFolderAndReadsNothingAtTheFirstStart) {
+    EXPECT_THAT(store.loadAccounts(), IsEmpty());
+    EXPECT_THAT(store.loadPages(), IsEmpty());
+    EXPECT_THAT(names(), IsEmpty());
+    store.saveAccounts({first});
+    store.savePages({a, b});
+    EXPECT_THAT(names(), ElementsAre("accounts.json", "pages.json"));
+    auto later = world.newStore();
+    EXPECT_THAT(later.loadAccounts(), ElementsAre(first));
+    EXPECT_THAT(later.loadPages(), ElementsAre(a, b));
+}
+
+TEST_F(DataStoreTest, GivesEachAccountItsOwnPagesInStoredOrder) {
+    store.savePages({a, b, c, d});
+    auto later = world.newStore();
+    EXPECT_THAT(later.pages(first.id), ElementsAre(a, c));
+    EXPECT_THAT(later.pages(second.id), ElementsAre(b, d));
+    EXPECT_THAT(later.pages(AccountId::random()), IsEmpty());
+}
+
+TEST_F(DataStoreTest, DeletesAnAccountWithItsPagesAndTheirKeyringEntries) {
+    store.saveAccounts({first, second});
+    store.savePages({a, b, c, d});
+    store.deleteAccount(first.id);
+    auto later = world.newStore();
+    EXPECT_THAT(later.loadAccounts(), ElementsAre(second));
+    EXPECT_THAT(later.loadPages(), ElementsAre(b, d));
+    EXPECT_THAT(
+        world.keychain.removed, ElementsAre(
+                                    "page_token_" + a.id.text(), "page_token_" + c.id.text(),
+                                    "proxy_pass_" + first.id.text()));
+}
+
+TEST_F(DataStoreTest, DeletesOnePageAndItsKeyringEntry) {
+    store.savePages({a, b, c});
+    store.deletePage(b.id);
+    EXPECT_THAT(world.newStore().loadPages(), ElementsAre(a, c));
+    EXPECT_THAT(world.keychain.removed, ElementsAre("page_token_" + b.id.text()));
+}
+
+TEST_F(DataStoreTest, RewritesBothFilesForAnAccountThatItDoesNotKnow) {
+    store.saveAccounts({first});
+    store.savePages({a});
+    std::filesystem::remove(world.records / "accounts.json");
+    std::filesystem::remove(world.records / "pages.json");
+    store.deleteAccount(second.id);
+    auto later = world.newStore();
+    EXPECT_THAT(later.loadAccounts(), ElementsAre(first));
+    EXPECT_THAT(later.loadPages(), ElementsAre(a));
+}
+
+TEST_F(DataStoreTest, ReadsAMissingFileAgainButAReadOneNever) {
+    EXPECT_THAT(store.loadAccounts(), IsEmpty());
+    put("accounts.json", encodeList(std::vector{first}));
+    EXPECT_THAT(store.loadAccounts(), ElementsAre(first));
+    put("accounts.json", "[]");
+    EXPECT_THAT(store.loadAccounts(), ElementsAre(first));
+}
+
+TEST_F(DataStoreTest, SetsAFileAsideThatDidNotDecodeBeforeItIsReplaced) {
+    put("accounts.json", "[{}]");
+    put("accounts.json.unreadable-2025-03-01T09-30-05Z", "earlier");
+    EXPECT_THAT(store.loadAccounts(), IsEmpty());
+    put("accounts.json", "[{}, {}]");
+    EXPECT_THAT(store.loadAccounts(), IsEmpty());
+    store.saveAccounts({first});
+    store.saveAccounts({first, second});
+    EXPECT_THAT(
+        names(), ElementsAre(
+                     "accounts.json", "accounts.json.unreadable-2025-03-01T09-30-05Z",
+                     "accounts.json.unreadable-2025-03-01T09-30-05Z-2"));
+    EXPECT_EQ(bytesOf("accounts.json.unreadable-2025-03-01T09-30-05Z"), "earlier");
+    EXPECT_EQ(bytesOf("accounts.json.unreadable-2025-03-01T09-30-05Z-2"), "[{}, {}]");
+    EXPECT_THAT(world.newStore().loadAccounts(), SizeIs(2));
+}
+
+TEST_F(DataStoreTest, SetsAFileAsideThatCouldNotBeReadBeforeItIsReplaced) {
+    // A folder in the file's place cannot be read, not even by root.
+    std::filesystem::create_directories(world.records / "pages.json" / "kept");
+    EXPECT_THAT(store.loadPages(), IsEmpty());
+    store.savePages({a});
+    EXPECT_THAT(names(), ElementsAre("pages.json", "pages.json.unreadable-2025-03-01T09-30-05Z"));
+    EXPECT_THAT(world.newStore().loadPages(), ElementsAre(a));
+}
+
+TEST_F(DataStoreTest, AnnouncesAPictureOnTheMainLoopWhetherOrNotItWasWritten) {
+    std::vector<std::string> announced;
+    const auto observer = world.notifications.observe(
+        DataStore::avatarDownloaded, [&](const Notification& notification) {
+            announced.push_back(notification.userInfo.at("id"));
+        });
+    const std::string picture("\xFF\xD8\0\n", 4);
+    store.saveAvatarData("123", picture);
+    EXPECT_EQ(store.localAvatarURL("123"), world.records / "avatars" / "123.jpg");
+    EXPECT_EQ(bytesOf("avatars/123.jpg"), picture);
+    EXPECT_THAT(announced, IsEmpty());
+
+    std::filesystem::create_directories(world.records / "avatars" / "456.jpg" / "full");
+    store.saveAvatarData("456", picture);
+    world.clock.advance(Clock::Delay::zero());
+    EXPECT_THAT(announced, ElementsAre("123", "456"));
+}
