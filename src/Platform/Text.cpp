@@ -85,6 +85,17 @@ std::size_t characterCount(std::string_view text) {
     return count;
 }
 
+bool isValidUtf8(std::string_view text) {
+    const auto* bytes = reinterpret_cast<const uint8_t*>(text.data());
+    for (std::size_t next = 0; next < text.size();) {
+        UChar32 c;
+        U8_NEXT(bytes, next, text.size(), c);
+        if (c < 0)
+            return false;
+    }
+    return true;
+}
+
 std::string toValidUtf8(std::string_view text) {
     std::string result;
     icu::UnicodeString::fromUTF8(piece(text)).toUTF8String(result);

@@ -20,6 +20,9 @@ std::string firstCharacterUpperCased(std::string_view text);
 /// The number of Unicode code points; a damaged byte counts as one.
 std::size_t characterCount(std::string_view text);
 
+/// Whether no byte sequence of the text is damaged.
+bool isValidUtf8(std::string_view text);
+
 /// The text with every damaged byte sequence replaced by U+FFFD.
 std::string toValidUtf8(std::string_view text);
 

@@ -79,7 +79,7 @@ std::string AppLogger::readCurrentLog() const {
     if (!std::filesystem::exists(file, ignored))
         return "Chưa có log ghi nhận hôm nay.";
     const auto text = readFile(file);
-    if (!text || toValidUtf8(*text) != *text)
+    if (!text || !isValidUtf8(*text))
         return "Không thể đọc nội dung file log.";
     return *text;
 }
@@ -103,7 +103,8 @@ void AppLogger::writeQueuedLines() {
         const auto lines = std::exchange(queued_, {});
         const auto taken = linesQueued_;
         lock.unlock();
-        append(lines);
+        // A damaged message must not make the whole file unreadable.
+        append(isValidUtf8(lines) ? lines : toValidUtf8(lines));
         lock.lock();
         linesWritten_ = taken;
         written_.notify_all();
@@ -112,13 +113,12 @@ void AppLogger::writeQueuedLines() {
 
 void AppLogger::append(const std::string& lines) const {
     const auto file = currentLogURL();
-    const auto text = toValidUtf8(lines); // A damaged message must not make the file unreadable.
     std::error_code ignored;
     if (!std::filesystem::exists(file, ignored)) {
-        replaceFile(file, text);
+        replaceFile(file, lines);
         return;
     }
-    std::fstream(file, std::ios::in | std::ios::out | std::ios::ate) << text;
+    std::fstream(file, std::ios::in | std::ios::out | std::ios::ate) << lines;
 }
 
 } // namespace tessaro

@@ -17,8 +17,7 @@ constexpr const char* fallbackKey = "SkarnDeviceUUID";
 std::string readIdentifier(const std::filesystem::path& file) {
     const auto text = readFile(file).value_or("");
     const auto identifier = trimWhitespaceAndNewlines(text);
-    const bool isText = toValidUtf8(identifier) == identifier;
-    return isText && identifier != "uninitialized" ? identifier : std::string();
+    return isValidUtf8(identifier) && identifier != "uninitialized" ? identifier : std::string();
 }
 
 } // namespace

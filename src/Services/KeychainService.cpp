@@ -27,7 +27,7 @@ bool KeychainService::save(const std::string& key, const SecretText& value) {
 
 std::optional<SecretText> KeychainService::load(const std::string& key) {
     auto found = store_.lookup(service_, key);
-    if (!found || !*found || toValidUtf8((*found)->reveal()) != (*found)->reveal())
+    if (!found || !*found || !isValidUtf8((*found)->reveal()))
         return std::nullopt;
     return std::move(*found);
 }
