@@ -1,0 +1,39 @@
+#pragma once
+
+#include "support/PrivateSessionBus.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tessaro::test {
+
+/// A service on a private bus whose answers the test makes up, whatever the object. It works while
+/// the main loop is blocked.
+class MockBusService {
+public:
+    using Reply = GObjectPtr<GDBusMessage>;
+    /// Answers one call, given as "interface.Method"; a null reply leaves it unanswered for ever.
+    /// Runs on a thread of its own.
+    using Handler = std::function<Reply(const std::string& method, GDBusMessage* call)>;
+
+    MockBusService(const PrivateSessionBus& bus, const std::string& name, Handler handler);
+    ~MockBusService();
+    MockBusService(const MockBusService&) = delete;
+    MockBusService& operator=(const MockBusService&) = delete;
+
+    /// A reply with this body: null, or a tuple that is taken over when it is floating.
+    static Reply answer(GDBusMessage* call, GVariant* body = nullptr);
+    static Reply refuse(GDBusMessage* call, const char* errorName, const char* text);
+
+    /// What has been called so far, in order.
+    std::vector<std::string> calls() const;
+
+private:
+    struct State;
+    GObjectPtr<GDBusConnection> connection_;
+    std::shared_ptr<State> state_;
+};
+
+} // namespace tessaro::test
