@@ -1,0 +1,54 @@
+#pragma once
+
+#include "HttpTypes.h"
+#include "InboxSite.h"
+#include "SupportSite.h"
+
+#include "Platform/GHandle.h"
+#include "Platform/Result.h"
+
+#include <libsoup/soup.h>
+
+#include <chrono>
+#include <string>
+
+namespace tessaro::demo {
+
+/// A stand-in on the loopback interface for everything that the program talks to: the Graph API
+/// under "/v25.0", the inbox site under "/latest/inbox", the support server under "/api". Serves on
+/// the default main loop. What a test or the walk wants to know or to change lies under "/demo":
+///   GET  /demo/uploads              the logs sent in, as a JSON array
+///   GET  /demo/view                 how the open inbox page is being shown (InboxSite::view)
+///   POST /demo/delay?site=S&ms=N    makes graph, inbox or support answer N milliseconds late
+class DemoServer {
+public:
+    DemoServer();
+    ~DemoServer();
+    DemoServer(const DemoServer&) = delete;
+    DemoServer& operator=(const DemoServer&) = delete;
+
+    /// @param port  0 picks a free one
+    Result<void> listen(unsigned port);
+    /// "http://127.0.0.1:PORT" once it listens.
+    const std::string& origin() const { return origin_; }
+
+    const SupportSite& support() const { return support_; }
+    const InboxSite& inbox() const { return inbox_; }
+
+private:
+    using Delay = std::chrono::milliseconds;
+
+    static void onRequest(
+        SoupServer* server, SoupServerMessage* message, const char* path, GHashTable* query,
+        gpointer self) noexcept;
+    Reply answer(const Request& request, Delay& delay);
+    Reply control(const Request& request);
+
+    GObjectPtr<SoupServer> server_;
+    std::string origin_;
+    InboxSite inbox_;
+    SupportSite support_;
+    std::map<std::string, Delay> delays_;
+};
+
+} // namespace tessaro::demo

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "HttpTypes.h"
+
+namespace tessaro::demo {
+
+/// Answers "/latest/inbox/…": the message inbox of one Page, its conversations, a help page.
+class InboxSite {
+public:
+    Reply answer(const Request& request);
+    /// How the page that is open says it is being shown; null before the first report. The page
+    /// sends it whenever something of it changed: which of its bars are visible, whether it wears a
+    /// dark style, its width, where the cursor is, which conversation is open.
+    const nlohmann::json& view() const { return view_; }
+
+private:
+    nlohmann::json view_;
+};
+
+/// The little page that a link of the program's footer opens.
+Reply answerLink(const Request& request);
+/// The server's own front page.
+Reply answerFrontPage();
+
+} // namespace tessaro::demo

@@ -1,0 +1,148 @@
+// A small message inbox. Nothing leaves this page: what is answered lives until it is reloaded.
+"use strict";
+
+const assetId = new URLSearchParams(location.search).get("asset_id") ?? "";
+const find = (selector) => document.querySelector(selector);
+let conversations = [];
+let open = null;
+let sent = 0;
+
+function element(tag, className, text = "") {
+  const made = document.createElement(tag);
+  made.className = className;
+  made.textContent = text;
+  return made;
+}
+
+// A round picture with the initials of a name, drawn as a picture so that it keeps its colour
+// under a dark style.
+function face(name, color) {
+  const initials = name.split(" ").slice(-2).map((word) => word[0]).join("");
+  const picture = document.createElement("img");
+  picture.alt = "";
+  picture.src = "data:image/svg+xml," + encodeURIComponent(
+    `<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 44 44"><rect width="44" height="44" fill="${color}"/>` +
+    `<text x="22" y="28" text-anchor="middle" font-family="Cantarell,sans-serif" font-size="16" ` +
+    `font-weight="700" fill="white">${initials}</text></svg>`);
+  return picture;
+}
+
+// "Hoa" finds "hoá": a person in a hurry leaves the marks out.
+const plain = (text) => text.normalize("NFD").replace(/\p{M}/gu, "").replace(/đ/gi, "d").toLowerCase();
+
+function showList() {
+  const wanted = plain(find(".search").value.trim());
+  const shown = conversations.filter((one) =>
+    plain([one.name, ...one.messages.map((message) => message.text)].join(" ")).includes(wanted));
+  find(".conversations").replaceChildren(...shown.map((one) => {
+    const row = element("button", "");
+    row.type = "button";
+    row.setAttribute("aria-current", String(one === open));
+    const picture = element("span", "picture");
+    picture.append(face(one.name, one.color));
+    row.append(picture, element("span", "name", one.name), element("span", "time", one.messages.at(-1).time),
+      element("span", "last", one.messages.at(-1).text));
+    if (one.unread) row.append(element("span", "unread", one.unread));
+    row.addEventListener("click", () => openConversation(one));
+    const item = document.createElement("li");
+    item.append(row);
+    return item;
+  }));
+  find(".nothing").hidden = shown.length > 0;
+}
+
+function showThread() {
+  find(".thread").hidden = !open;
+  if (!open) return;
+  find(".customer-picture").replaceChildren(face(open.name, open.color));
+  find(".customer").textContent = open.name;
+  find(".status").textContent = "Đang hoạt động";
+  const list = find(".messages");
+  list.replaceChildren(element("li", "time", "Hôm nay"),
+    ...open.messages.map((message) => element("li", message.from, message.text)));
+  if (open.typing) list.append(element("li", "typing", `${open.name} đang nhập…`));
+  list.scrollTop = list.scrollHeight;
+}
+
+function openConversation(one) {
+  open = one;
+  if (one) one.unread = 0;
+  showList();
+  showThread();
+}
+
+function add(one, from, text) {
+  const time = new Date().toLocaleTimeString("vi", { hour: "2-digit", minute: "2-digit" });
+  one.messages.push({ from, text, time });
+  showList();
+  showThread();
+}
+
+find(".search").addEventListener("input", showList);
+
+find(".composer").addEventListener("submit", (event) => {
+  event.preventDefault();
+  const field = find(".answer");
+  const text = field.value.trim();
+  const one = open;
+  if (!text || !one) return;
+  field.value = "";
+  one.typing = true;
+  sent += 1;
+  add(one, "us", text);
+  setTimeout(() => {
+    one.typing = false;
+    add(one, "them", one.replies[one.answered = ((one.answered ?? -1) + 1) % one.replies.length]);
+  }, 900);
+});
+
+find(".archive").addEventListener("click", () => {
+  if (!confirm(`Lưu trữ cuộc trò chuyện với ${open.name}?`)) return;
+  conversations = conversations.filter((one) => one !== open);
+  openConversation(conversations[0] ?? null);
+});
+
+// Tells the server how the page is being shown, whenever something of it changed.
+const visible = (selector) => {
+  const bar = find(selector);
+  const style = getComputedStyle(bar);
+  return style.display !== "none" && style.visibility !== "hidden" && bar.offsetWidth > 0;
+};
+let reported = "";
+setInterval(() => {
+  const view = JSON.stringify({
+    assetId,
+    navBar: visible('[data-testid="mbs_nav_bar"]'),
+    sideNav: visible('[data-testid="mbs_side_nav"]'),
+    dark: getComputedStyle(document.documentElement).filter !== "none",
+    width: innerWidth,
+    zoom: Math.round(devicePixelRatio * 100) / 100,
+    focus: document.activeElement.className,
+    conversation: open?.name ?? "",
+    conversations: conversations.length,
+    messages: open?.messages.length ?? 0,
+    sent,
+    userAgent: navigator.userAgent,
+  });
+  if (view === reported) return;
+  reported = view;
+  navigator.sendBeacon("/latest/inbox/view", view);
+}, 150);
+
+fetch(`/latest/inbox/conversations?asset_id=${encodeURIComponent(assetId)}`)
+  .then((answer) => answer.json())
+  .then((page) => {
+    if (page.error) throw new Error(page.error);
+    find(".page-name").textContent = page.name;
+    document.title = `${page.name} – Trang minh họa`;
+    const picture = page.picture ? document.createElement("img") : face(page.name, "#b9722e");
+    if (page.picture) picture.src = page.picture + "?size=100";
+    picture.alt = "";
+    find(".page-picture").replaceChildren(picture);
+    conversations = page.conversations;
+    openConversation(conversations[0]);
+  })
+  .catch((error) => {
+    find(".page-name").textContent = error.message;
+    find(".thread").hidden = true;
+  });
