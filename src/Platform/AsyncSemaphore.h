@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/Clock.h"
+
 #include <coroutine>
 #include <cstddef>
 #include <deque>
@@ -35,7 +37,9 @@ public:
             }
             const auto next = state_->waiting.front();
             state_->waiting.pop_front();
-            next.resume();
+            // In the next turn: whoever gives the place up ends its work first, and a long row of
+            // short ones does not nest.
+            SystemClock::shared().post(Clock::Delay(0), [next] { next.resume(); });
         }
 
     private:

@@ -5,6 +5,7 @@
 
 #include <libsoup/soup.h>
 
+#include <algorithm>
 #include <memory>
 #include <string_view>
 #include <utility>
@@ -25,11 +26,13 @@ bool isHttp(GUri* uri) {
     return (scheme == "http" || scheme == "https") && g_uri_get_host(uri) && *g_uri_get_host(uri);
 }
 
+/// Nothing for what is no http or https address (RFC 3986); the library's parser would let blanks,
+/// line breaks and other characters through to the request line.
 GUriPtr parseUrl(const std::string& url) {
+    if (!std::all_of(url.begin(), url.end(), [](char c) { return g_ascii_isgraph(c); }))
+        return nullptr;
     GUriPtr uri(g_uri_parse(url.c_str(), uriFlags, nullptr));
-    if (uri && (!isHttp(uri.get()) || url.find('\0') != std::string::npos))
-        uri.reset();
-    return uri;
+    return uri && isHttp(uri.get()) ? std::move(uri) : nullptr;
 }
 
 GObjectPtr<SoupMessage> makeMessage(const HttpRequest& request, GUri* uri) {
@@ -139,7 +142,8 @@ Result<SoupSession*> HttpClient::Session::open() {
     if (soup)
         return soup.get();
     auto opened = GObjectPtr<SoupSession>::adopt(soup_session_new_with_options(
-        "timeout", static_cast<guint>(options.silenceLimit.count()), nullptr));
+        "timeout", static_cast<guint>(options.silenceLimit.count()), "max-conns",
+        options.connectionLimit, "max-conns-per-host", options.connectionLimit, nullptr));
     soup_session_remove_feature_by_type(opened.get(), SOUP_TYPE_CONTENT_DECODER);
     soup_session_remove_feature_by_type(opened.get(), SOUP_TYPE_AUTH_MANAGER);
     if (options.proxy) {

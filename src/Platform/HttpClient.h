@@ -26,6 +26,8 @@ struct HttpOptions {
     std::optional<std::chrono::milliseconds> totalLimit = std::chrono::seconds(60);
     /// The longest body that is accepted, in bytes.
     std::size_t bodyLimit = 16 * 1024 * 1024;
+    /// The most connections open at a time; an idle one makes way for one to another host.
+    unsigned connectionLimit = 6;
     /// Plain and TLS requests alike go through this HTTP proxy, without credentials.
     std::optional<Proxy> proxy;
     /// Without `proxy`: go by the desktop's own proxy settings instead of directly.

@@ -3,6 +3,7 @@
 #include "Models/Account.h"
 #include "Models/PageInfo.h"
 #include "Platform/HttpClient.h"
+#include "Platform/Lifetime.h"
 #include "Platform/Result.h"
 #include "Platform/SecretText.h"
 #include "Platform/Task.h"
@@ -48,17 +49,19 @@ public:
     virtual Task<Result<std::string>> fetchCustomerAvatarData(PageId customerId);
 
 private:
+    /// Sends the request for that path, which ends in the name of the token's parameter, and yields
+    /// the body of an answer that reports success.
+    Task<Result<std::string>> get(const std::string& path);
+
     std::string graphBaseURL_;
     SecretText pageToken_;
     HttpClient session_;
     std::optional<PageInfo> cachedPageInfo_;
+    Lifetime lifetime_;
 };
 
 /// Makes the client for a token and its account; screens and models get it from outside.
 using GraphClientFactory = std::function<std::shared_ptr<MetaGraphClient>(
     SecretText token, std::optional<Account> account)>;
-
-/// The token percent-encoded for a URL query (RFC 3986, section 3.4).
-std::string encodedForQuery(const SecretText& token);
 
 } // namespace tessaro

@@ -43,8 +43,9 @@ public:
     void addSelectedPage();
 
 private:
-    Task<void> verify(SecretText token);
-    Task<void> add(SecretText token);
+    SecretText trimmedToken() const;
+    Task<void> verify(SecretText pasted);
+    Task<void> add(SecretText pageToken);
 
     PagesViewModel& pagesVM_;
     const Account account_;

@@ -9,6 +9,7 @@
 #include "Services/DataStore.h"
 #include "Services/MetaGraphClient.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -40,7 +41,12 @@ public:
     void selectPage(const PageConfig& page);
 
 private:
+    void append(PageConfig page);
     void savePagesGlobal();
+    void fetchMissingPictures();
+    /// Puts the picture into the cache; a failure is logged behind the complaint.
+    Task<void>
+    fetchPicture(std::shared_ptr<MetaGraphClient> client, PageId id, std::string complaint);
 
     DataStore& store_;
     AppLogger& logger_;

@@ -1,0 +1,150 @@
+#include "Services/MetaGraphClient.h"
+
+#include "Platform/JsonReader.h"
+#include "Services/PictureDownloads.h"
+#include "Services/TokenRedaction.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace tessaro {
+
+namespace {
+
+using ResolvedPage = MetaGraphClient::ResolvedPage;
+
+constexpr const char* domain = "MetaGraph";
+
+HttpOptions optionsFor(HttpOptions options, const std::optional<Account>& account) {
+    options.proxy.reset();
+    options.useSystemProxy = false;
+    if (account && account->proxyEnabled && !account->proxyHost.empty() && account->proxyPort > 0)
+        options.proxy = HttpOptions::Proxy{account->proxyHost, account->proxyPort};
+    return options;
+}
+
+/// What an answer other than success says about itself.
+struct GraphError {
+    std::optional<std::string> message;
+    std::optional<std::int64_t> code;
+};
+
+Result<GraphError> decodeGraphError(const nlohmann::json& value) {
+    JsonReader wrapper(value);
+    GraphError result;
+    if (const auto* object = wrapper.optionalObject("error")) {
+        JsonReader error(*object);
+        result.message = error.optionalText("message");
+        error.optionalText("type");
+        result.code = error.optionalInteger("code");
+        wrapper.adopt(error.error());
+    }
+    return wrapper.finish(std::move(result));
+}
+
+Result<void> checkHTTPResponse(const HttpResponse& response) {
+    const int status = static_cast<int>(response.status);
+    if (status == 0)
+        return failure(domain, 500, "Phản hồi không hợp lệ.");
+    if (status >= 200 && status <= 299)
+        return {};
+    const auto inBrackets = " (" + std::to_string(status) + ")";
+    const auto error = parseJson(response.body).and_then(decodeGraphError);
+    if (!error)
+        return failure(domain, status, "Lỗi kết nối" + inBrackets + ".");
+    constexpr std::int64_t most = std::numeric_limits<int>::max();
+    return failure(
+        domain, static_cast<int>(std::clamp(error->code.value_or(status), -most, most)),
+        error->message.value_or("Lỗi Graph API" + inBrackets));
+}
+
+/// Waits for the answer and tells success from failure. No message leaves here that holds the
+/// token, even when the server echoes it.
+Task<Result<std::string>> bodyOf(Task<Result<HttpResponse>> sending, SecretText token) {
+    auto response = co_await std::move(sending);
+    const auto checked = response.and_then(checkHTTPResponse);
+    if (checked)
+        co_return std::move(response->body);
+    Error error = checked.error();
+    if (error.domain == "HTTP" && error.code == HttpClient::invalidUrl)
+        error = Error{domain, 400, "Invalid URL"};
+    error.message = redacted(error.message, token);
+    co_return tl::unexpected<Error>(std::move(error));
+}
+
+/// The picture's address; every level may be missing.
+std::optional<std::string> readPictureUrl(JsonReader& page) {
+    const auto* picture = page.optionalObject("picture");
+    if (!picture)
+        return std::nullopt;
+    JsonReader wrapper(*picture);
+    std::optional<std::string> url;
+    if (const auto* object = wrapper.optionalObject("data")) {
+        JsonReader data(*object);
+        url = data.optionalText("url");
+        wrapper.adopt(data.error());
+    }
+    page.adopt(wrapper.error());
+    return url;
+}
+
+Result<std::vector<ResolvedPage>> decodeManagedPages(const nlohmann::json& value) {
+    JsonReader reader(value);
+    std::vector<ResolvedPage> pages;
+    for (const auto& element : reader.array("data")) {
+        JsonReader page(element);
+        pages.push_back(
+            {.id = PageId{page.text("id")},
+             .name = page.text("name"),
+             .accessToken = SecretText(page.text("access_token")),
+             .avatarUrl = readPictureUrl(page)});
+        reader.adopt(page.error());
+        if (reader.error())
+            break;
+    }
+    return reader.finish(std::move(pages));
+}
+
+} // namespace
+
+MetaGraphClient::MetaGraphClient(
+    std::string graphBaseURL, SecretText pageToken, const std::optional<Account>& account,
+    HttpOptions options)
+    : graphBaseURL_(std::move(graphBaseURL)),
+      pageToken_(std::move(pageToken)),
+      session_(optionsFor(std::move(options), account)) {}
+
+Task<Result<std::string>> MetaGraphClient::get(const std::string& path) {
+    return bodyOf(
+        session_.send({.url = graphBaseURL_ + path + encodedForQuery(pageToken_)}), pageToken_);
+}
+
+Task<Result<PageInfo>> MetaGraphClient::fetchPageInfo() {
+    if (cachedPageInfo_)
+        co_return *cachedPageInfo_;
+    const auto alive = lifetime_.watch();
+    const auto body = co_await get("/me?fields=id,name,picture&access_token=");
+    auto info = body.and_then(parseJson).and_then(decodePageInfo);
+    if (info && alive)
+        cachedPageInfo_ = *info;
+    co_return info;
+}
+
+Task<Result<std::vector<ResolvedPage>>> MetaGraphClient::fetchManagedPages() {
+    const auto body =
+        co_await get("/me/accounts?fields=id,name,access_token,picture&access_token=");
+    co_return body.and_then(parseJson).and_then(decodeManagedPages);
+}
+
+Task<Result<std::string>> MetaGraphClient::fetchCustomerAvatarData(PageId customerId) {
+    const auto alive = lifetime_.watch();
+    const auto place = co_await pictureDownloads().acquire();
+    if (!alive)
+        co_return failure(domain, 0, "Yêu cầu đã bị hủy.");
+    co_return co_await get("/" + customerId.text + "/picture?type=normal&access_token=");
+}
+
+} // namespace tessaro
