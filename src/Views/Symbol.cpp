@@ -1,7 +1,5 @@
 #include "Views/Symbol.h"
 
-#include <giomm/icon.h>
-
 namespace tessaro {
 
 Symbol::Symbol(const std::string& name, int size) {
@@ -11,9 +9,7 @@ Symbol::Symbol(const std::string& name, int size) {
 }
 
 void Symbol::setSymbol(const std::string& name) {
-    // By address and not by name, so that no icon theme puts a drawing of its own in its place.
-    set(Gio::Icon::create(
-        "resource:///com/vandel/Tessaro/icons/scalable/actions/" + name + "-symbolic.svg"));
+    set_from_icon_name("tessaro-" + name + "-symbolic");
 }
 
 } // namespace tessaro
