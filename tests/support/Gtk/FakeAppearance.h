@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Platform/Appearance.h"
+
+#include <sigc++/signal.h>
+
+#include <utility>
+
+namespace tessaro::test {
+
+/// A desktop whose light and dark the test decides; it keeps what it was told.
+class FakeAppearance final : public Appearance {
+public:
+    bool ready = true;
+    bool desktopIsDark = false;
+    int windowCount = 0;
+
+    int applications = 0; ///< How often a scheme was set for the application.
+    ColorScheme applicationScheme = ColorScheme::system;
+    std::vector<ColorScheme> windowSchemes; ///< In the order in which they were set.
+
+    void becomeReady() {
+        ready = true;
+        for (auto& action : std::exchange(waiting_, {}))
+            action();
+    }
+    void setDesktopDark(bool dark) {
+        desktopIsDark = dark;
+        changed_.emit();
+    }
+
+    bool isReady() const override { return ready; }
+    void whenReady(std::function<void()> action) override { waiting_.push_back(std::move(action)); }
+    void setApplicationScheme(ColorScheme scheme) override {
+        ++applications;
+        applicationScheme = scheme;
+    }
+    void setWindowScheme(Window, ColorScheme scheme) override { windowSchemes.push_back(scheme); }
+    std::vector<Window> openWindows() const override {
+        return std::vector<Window>(static_cast<std::size_t>(windowCount), nullptr);
+    }
+    bool isEffectivelyDark() const override {
+        return applicationScheme == ColorScheme::system ? desktopIsDark
+                                                        : applicationScheme == ColorScheme::dark;
+    }
+    ScopedConnection observeEffective(std::function<void()> observer) override {
+        return ScopedConnection(changed_.connect(std::move(observer)));
+    }
+
+private:
+    std::vector<std::function<void()>> waiting_;
+    sigc::signal<void()> changed_;
+};
+
+} // namespace tessaro::test

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Platform/Rgba.h"
+
+#include <cairomm/surface.h>
+#include <gtkmm/widget.h>
+
+#include <string>
+
+namespace tessaro::test {
+
+/// What a widget in a shown window drew last.
+class WidgetPicture {
+public:
+    explicit WidgetPicture(Gtk::Widget& widget);
+
+    /// The pixel at that point of the widget; transparent outside of it.
+    Rgba at(double x, double y) const;
+    void save(const std::string& pngFile) const;
+
+private:
+    Cairo::RefPtr<Cairo::ImageSurface> surface_;
+};
+
+/// Whether two colours are the same to the eye: no component differs by more than two bytes' steps.
+bool nearlyEqual(const Rgba& one, const Rgba& other);
+
+} // namespace tessaro::test
