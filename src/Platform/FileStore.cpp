@@ -54,7 +54,7 @@ public:
         while (!bytes.empty()) {
             const auto written =
                 uninterrupted([&] { return ::write(number_, bytes.data(), bytes.size()); });
-            if (written < 0)
+            if (written <= 0)
                 return false;
             bytes.remove_prefix(static_cast<std::size_t>(written));
         }
@@ -78,6 +78,16 @@ bool isTemporary(const std::string& name) {
            });
 }
 
+void takeFromOthers(const std::filesystem::path& path, std::filesystem::file_status status) {
+    using std::filesystem::perms;
+    constexpr auto others = perms::group_all | perms::others_all;
+    if (!std::filesystem::exists(status) || std::filesystem::is_symlink(status) ||
+        (status.permissions() & others) == perms::none)
+        return;
+    std::error_code ignored;
+    std::filesystem::permissions(path, others, std::filesystem::perm_options::remove, ignored);
+}
+
 } // namespace
 
 Result<void> ensureFolder(const std::filesystem::path& folder) {
@@ -88,9 +98,14 @@ Result<void> ensureFolder(const std::filesystem::path& folder) {
         if (const auto made = ensureFolder(parent); !made)
             return made;
     }
-    if (uninterrupted([&] { return ::mkdir(folder.c_str(), ownerFolder); }) != 0)
+    if (uninterrupted([&] { return ::mkdir(folder.c_str(), ownerFolder); }) != 0) {
+        const auto reason = systemFailure();
+        // Another thread may have been quicker.
+        return std::filesystem::is_directory(folder, ignored) ? Result<void>() : reason;
+    }
+    // The umask may have taken bits from the owner too.
+    if (::chmod(folder.c_str(), ownerFolder) != 0)
         return systemFailure();
-    restrictToOwner(folder);
     return {};
 }
 
@@ -105,9 +120,11 @@ std::optional<std::string> readFile(const std::filesystem::path& file) {
 
 Result<void> replaceFile(const std::filesystem::path& file, std::string_view bytes) {
     const auto folder = file.parent_path();
-    std::string temporary = folder / std::string(temporaryPrefix).append(temporaryMark);
-    const Descriptor written(
-        uninterrupted([&] { return ::mkostemp(temporary.data(), O_CLOEXEC); }));
+    std::string temporary;
+    const Descriptor written(uninterrupted([&] {
+        temporary = folder / std::string(temporaryPrefix).append(temporaryMark);
+        return ::mkostemp(temporary.data(), O_CLOEXEC);
+    }));
     if (!written)
         return systemFailure();
     if (!written.setMode(ownerFile) || !written.writeAll(bytes) || !written.sync() ||
@@ -138,21 +155,17 @@ Result<void> setAside(const std::filesystem::path& file, TimePoint time) {
     return {};
 }
 
-void sweepTemporaryFiles(const std::filesystem::path& folder) {
+void makePrivate(const std::filesystem::path& folder) {
     std::error_code failed;
+    takeFromOthers(folder, std::filesystem::status(folder, failed));
     std::filesystem::directory_iterator entry(folder, failed), end;
-    for (; !failed && entry != end; entry.increment(failed))
+    for (; !failed && entry != end; entry.increment(failed)) {
+        std::error_code ignored;
         if (isTemporary(entry->path().filename()))
-            ::unlink(entry->path().c_str());
-}
-
-void restrictToOwner(const std::filesystem::path& path) {
-    struct stat status {};
-    if (::stat(path.c_str(), &status) != 0)
-        return;
-    const mode_t mode = S_ISDIR(status.st_mode) ? ownerFolder : ownerFile;
-    if ((status.st_mode & 07777) != mode)
-        ::chmod(path.c_str(), mode);
+            std::filesystem::remove(entry->path(), ignored);
+        else
+            takeFromOthers(entry->path(), entry->symlink_status(ignored));
+    }
 }
 
 } // namespace tessaro

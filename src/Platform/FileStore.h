@@ -25,10 +25,8 @@ Result<void> replaceFile(const std::filesystem::path& file, std::string_view byt
 /// Renames the file to its name, ".unreadable-" and the time in UTC, and never over another file.
 Result<void> setAside(const std::filesystem::path& file, TimePoint time);
 
-/// Removes the temporary files that a crash during replaceFile() left in the folder.
-void sweepTemporaryFiles(const std::filesystem::path& folder);
-
-/// Takes group and others out of the mode of `file` (0600) or of a folder (0700), if it exists.
-void restrictToOwner(const std::filesystem::path& path);
+/// Takes group and others out of the modes of the folder and of what lies directly in it, links
+/// left alone, and removes the temporary files that a crash during replaceFile() left there.
+void makePrivate(const std::filesystem::path& folder);
 
 } // namespace tessaro

@@ -14,9 +14,7 @@ constexpr const char* group = "settings";
 
 SettingsStore::SettingsStore(std::filesystem::path file)
     : file_(std::move(file)), values_(g_key_file_new()) {
-    restrictToOwner(file_.parent_path());
-    restrictToOwner(file_);
-    sweepTemporaryFiles(file_.parent_path());
+    makePrivate(file_.parent_path());
     if (const auto bytes = readFile(file_))
         setAsideFirst_ = !g_key_file_load_from_data(
             values_.get(), bytes->data(), bytes->size(),

@@ -35,10 +35,8 @@ DataStore::DataStore(
       clock_(clock),
       accounts_(folder_ / "accounts.json", decodeAccount, clock),
       pages_(folder_ / "pages.json", decodePageConfig, clock) {
-    for (const auto& ours : {folder_, avatars_}) {
-        restrictToOwner(ours);
-        sweepTemporaryFiles(ours);
-    }
+    makePrivate(folder_);
+    makePrivate(avatars_);
 }
 
 DataStore& DataStore::shared() {
@@ -70,7 +68,11 @@ void DataStore::savePages(std::vector<PageConfig> pages) {
 
 std::vector<PageConfig> DataStore::pages(const AccountId& account) {
     const std::lock_guard lock(queue_);
-    return without(pages_.load(), [&](const auto& page) { return page.accountId != account; });
+    std::vector<PageConfig> own;
+    std::ranges::copy_if(pages_.load(), std::back_inserter(own), [&](const auto& page) {
+        return page.accountId == account;
+    });
+    return own;
 }
 
 void DataStore::deleteAccount(const AccountId& id) {

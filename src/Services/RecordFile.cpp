@@ -9,9 +9,7 @@ namespace tessaro {
 
 template <typename Record>
 RecordFile<Record>::RecordFile(std::filesystem::path file, Decode decode, Clock& clock)
-    : file_(std::move(file)), decode_(decode), clock_(&clock) {
-    restrictToOwner(file_);
-}
+    : file_(std::move(file)), decode_(decode), clock_(&clock) {}
 
 template <typename Record>
 const std::vector<Record>& RecordFile<Record>::load() {

@@ -13,7 +13,7 @@ struct StoreWorld {
     TempFolder folder;
     ManualClock clock;
     NotificationCenter notifications;
-    SettingsStore settings{folder / "settings.ini"};
+    SettingsStore settings{folder / "config" / "settings.ini"};
     DeviceIdentity device{settings, folder / "machine-id"};
     AppLogger logger{folder / "logs", device, clock};
     RecordingKeychain keychain{logger};
