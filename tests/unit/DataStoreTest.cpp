@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <thread>
 
 using namespace tessaro;
 using test::makeAccount, test::makePage;
@@ -142,4 +143,23 @@ TEST_F(DataStoreTest, AnnouncesAPictureOnTheMainLoopWhetherOrNotItWasWritten) {
     store.saveAvatarData("456", picture);
     world.clock.advance(Clock::Delay::zero());
     EXPECT_THAT(announced, ElementsAre("123", "456"));
+}
+
+TEST_F(DataStoreTest, LetsListOperationsOfSeveralThreadsFollowOneAnother) {
+    store.saveAccounts({first, second});
+    store.savePages({a, b, c, d});
+    const auto work = [&](const char* picture) {
+        for (int i = 0; i < 20; ++i) {
+            EXPECT_THAT(store.pages(first.id), SizeIs(2));
+            store.savePages(store.loadPages());
+            store.deletePage(PageConfigId::random());
+            readFile(store.localAvatarURL(picture));
+        }
+    };
+    std::thread one(work, "1"), other(work, "2");
+    work("3");
+    one.join();
+    other.join();
+    EXPECT_THAT(world.newStore().loadPages(), ElementsAre(a, b, c, d));
+    EXPECT_THAT(world.keychain.removed, SizeIs(60));
 }
