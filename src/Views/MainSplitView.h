@@ -2,9 +2,16 @@
 
 #include "ViewModels/AccountsViewModel.h"
 #include "ViewModels/PagesViewModel.h"
+#include "Views/AccountSidebar.h"
+#include "Views/InboxContainerView.h"
+#include "Views/InboxPlaceholder.h"
+#include "Views/PageListView.h"
 #include "Views/ScreenContext.h"
 
 #include <gtkmm/box.h>
+#include <gtkmm/separator.h>
+
+#include <memory>
 
 namespace tessaro {
 
@@ -17,6 +24,29 @@ class MainSplitView : public Gtk::Box {
 public:
     MainSplitView(const ScreenContext& context, AppLogger& logger, SupportClient& support);
     ~MainSplitView() override;
+
+    AccountsViewModel& accountsVM() { return accountsVM_; }
+    PagesViewModel& pagesVM() { return pagesVM_; }
+
+private:
+    void layOut(AppLogger& logger, SupportClient& support);
+    void followAccount();
+    void showDetail();
+
+    const ScreenContext& context_;
+    AccountsViewModel accountsVM_;
+    PagesViewModel pagesVM_;
+    Gtk::Box columns_;
+    AccountSidebar accounts_;
+    Gtk::Separator firstDivider_;
+    PageListView pages_;
+    Gtk::Separator secondDivider_;
+    Gtk::Box detail_;
+    InboxPlaceholder placeholder_;
+    std::unique_ptr<InboxContainerView> inbox_; ///< While a Page is selected.
+    std::optional<AccountId> shownAccount_;
+    ScopedConnection accountChanged_;
+    ScopedConnection pageChanged_;
 };
 
 } // namespace tessaro

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <glibmm/ustring.h>
+#include <gtkmm/widget.h>
+
+/// What a widget tells assistive technology beyond what the toolkit says by itself.
+namespace tessaro::accessible {
+
+/// The widget's name, read out in place of anything that it shows.
+void setName(Gtk::Widget& widget, const Glib::ustring& name);
+/// A button that stands for one of several things: whether it is the chosen one.
+void setPressed(Gtk::Widget& widget, bool pressed);
+/// Work goes on behind the widget.
+void setBusy(Gtk::Widget& widget, bool busy);
+/// A symbol or a picture that only repeats what the text beside it says.
+void hide(Gtk::Widget& widget);
+
+} // namespace tessaro::accessible

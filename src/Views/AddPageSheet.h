@@ -1,0 +1,54 @@
+#pragma once
+
+#include "ViewModels/AddPageFlow.h"
+#include "Views/ErrorRow.h"
+#include "Views/FadeSlide.h"
+#include "Views/PagePicker.h"
+#include "Views/PagePreview.h"
+#include "Views/ScreenContext.h"
+#include "Views/Sheet.h"
+#include "Views/TokenEditor.h"
+#include "Views/VerifyButton.h"
+
+namespace tessaro {
+
+/// The dialog in which a Page is connected to an account: a token is pasted, verified, and the Page
+/// that it stands for is added. What happens is up to AddPageFlow; this shows it.
+class AddPageSheet : public Sheet {
+public:
+    /// @param context, pagesVM  outlive this
+    AddPageSheet(const ScreenContext& context, PagesViewModel& pagesVM, Account account);
+
+    AddPageFlow& flow() { return flow_; }
+
+private:
+    /// The Page that would be added, as the preview shows it.
+    struct Preview {
+        PageInfo page;
+        std::optional<std::string> avatarUrl;
+        const char* caption;
+
+        bool operator==(const Preview&) const = default;
+    };
+
+    void layOut();
+    void follow();
+    void showVerifying();
+    void showResult();
+    std::optional<Preview> preview() const;
+    void show(const Preview& preview);
+    bool acceptByReturn();
+
+    const ScreenContext& context_;
+    AddPageFlow flow_;
+    TokenEditor token_;
+    VerifyButton verify_;
+    ErrorRow error_;
+    PagePicker picker_;
+    Gtk::Box previewPlace_;
+    FadeSlide previewSlide_;
+    std::optional<Preview> shownPreview_;
+    std::vector<ScopedConnection> connections_;
+};
+
+} // namespace tessaro

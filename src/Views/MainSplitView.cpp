@@ -1,0 +1,68 @@
+#include "Views/MainSplitView.h"
+
+namespace tessaro {
+
+MainSplitView::MainSplitView(
+    const ScreenContext& context, AppLogger& logger, SupportClient& support)
+    : Gtk::Box(Gtk::Orientation::VERTICAL),
+      context_(context),
+      accountsVM_(context.store, context.device, context.clock),
+      pagesVM_(context.store, logger, context.clock, context.makeGraphClient),
+      accounts_(context, accountsVM_),
+      pages_(context, pagesVM_) {
+    layOut(logger, support);
+    accountChanged_ = accountsVM_.selectedAccount.observe([this] { followAccount(); });
+    pageChanged_ = pagesVM_.selectedPage.observe([this] { showDetail(); });
+    showDetail();
+}
+
+MainSplitView::~MainSplitView() = default;
+
+void MainSplitView::layOut(
+    [[maybe_unused]] AppLogger& logger, [[maybe_unused]] SupportClient& support) {
+    set_size_request(900, 560);
+    columns_.set_vexpand();
+    columns_.append(accounts_);
+    columns_.append(firstDivider_);
+    columns_.append(pages_);
+    columns_.append(secondDivider_);
+    detail_.set_hexpand();
+    placeholder_.set_hexpand();
+    columns_.append(detail_);
+    append(columns_);
+}
+
+void MainSplitView::followAccount() {
+    const auto& account = *accountsVM_.selectedAccount;
+    const auto id = account ? std::optional(account->id) : std::nullopt;
+    pages_.setAccount(account);
+    // An edited copy is still the same account, whose Pages are there already.
+    if (id == shownAccount_)
+        return;
+    shownAccount_ = id;
+    if (id)
+        pagesVM_.loadPages(*id);
+    else
+        pagesVM_.clearPages();
+}
+
+void MainSplitView::showDetail() {
+    const auto& page = *pagesVM_.selectedPage;
+    if (inbox_ && page) {
+        inbox_->setPage(*page, *accountsVM_.selectedAccount);
+        return;
+    }
+    if (auto* shown = detail_.get_first_child())
+        detail_.remove(*shown);
+    inbox_.reset();
+    if (!page) {
+        detail_.append(placeholder_);
+        return;
+    }
+    inbox_ = std::make_unique<InboxContainerView>(context_, *page, *accountsVM_.selectedAccount);
+    inbox_->set_hexpand();
+    inbox_->set_size_request(600);
+    detail_.append(*inbox_);
+}
+
+} // namespace tessaro
