@@ -2,6 +2,7 @@
 
 #include "Platform/ChunkedDecoder.h"
 #include "Platform/HttpCall.h"
+#include "Platform/HttpSession.h"
 
 #include <libsoup/soup.h>
 
@@ -135,41 +136,16 @@ struct HttpClient::Session {
     GObjectPtr<SoupSession> soup;
 
     /// The library's session, made when the first request needs it.
-    Result<SoupSession*> open();
-};
-
-Result<SoupSession*> HttpClient::Session::open() {
-    if (soup)
+    Result<SoupSession*> open() {
+        if (!soup) {
+            auto opened = openHttpSession(options);
+            if (!opened)
+                return tl::unexpected<Error>(opened.error());
+            soup = std::move(*opened);
+        }
         return soup.get();
-    auto opened = GObjectPtr<SoupSession>::adopt(soup_session_new_with_options(
-        "timeout", static_cast<guint>(options.silenceLimit.count()), "max-conns",
-        options.connectionLimit, "max-conns-per-host", options.connectionLimit, nullptr));
-    soup_session_remove_feature_by_type(opened.get(), SOUP_TYPE_CONTENT_DECODER);
-    soup_session_remove_feature_by_type(opened.get(), SOUP_TYPE_AUTH_MANAGER);
-    if (options.proxy) {
-        // A port that cannot exist must not end in a direct connection.
-        if (options.proxy->port < 1 || options.proxy->port > 65535)
-            return failure("HTTP", transport, "Cổng proxy không hợp lệ.");
-        const auto address = takeString(g_uri_join(
-            G_URI_FLAGS_NONE, "http", nullptr, options.proxy->host.c_str(),
-            static_cast<gint>(options.proxy->port), "", nullptr, nullptr));
-        const auto resolver = GObjectPtr<GProxyResolver>::adopt(
-            g_simple_proxy_resolver_new(address.c_str(), nullptr));
-        soup_session_set_proxy_resolver(opened.get(), resolver.get());
-    } else if (!options.useSystemProxy) {
-        soup_session_set_proxy_resolver(opened.get(), nullptr);
     }
-    if (options.authorityFile) {
-        GErrorSlot error;
-        const auto authorities = GObjectPtr<GTlsDatabase>::adopt(
-            g_tls_file_database_new(options.authorityFile->c_str(), error.out()));
-        if (!authorities)
-            return failure("HTTP", transport, error.message());
-        soup_session_set_tls_database(opened.get(), authorities.get());
-    }
-    soup = std::move(opened);
-    return soup.get();
-}
+};
 
 HttpClient::HttpClient(HttpOptions options)
     : session_(std::make_shared<Session>(Session{std::move(options), {}})) {}
