@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Platform/Lifetime.h"
+#include "Platform/Task.h"
+#include "Services/AppLogger.h"
+#include "Services/SupportClient.h"
+#include "Views/FooterSupportButton.h"
+#include "Views/ScreenContext.h"
+
+#include <gtkmm/box.h>
+#include <gtkmm/label.h>
+#include <gtkmm/separator.h>
+
+#include <string>
+
+namespace tessaro {
+
+/// The thin bar along the bottom of the main window: version, help from the support staff, and the
+/// ways to reach the maker.
+class FooterBar : public Gtk::Box {
+public:
+    FooterBar(const ScreenContext& context, AppLogger& logger, SupportClient& support);
+
+private:
+    /// Sends today's log, and then tells under which identifier the support staff finds it.
+    Task<void> sendSupportLogs();
+    void showLogAlert(std::string message, bool leadsToTelegram);
+
+    const ScreenContext& context_;
+    AppLogger& logger_;
+    SupportClient& support_;
+    Gtk::Box dot_;
+    Gtk::Label version_;
+    Gtk::Separator divider_;
+    FooterSupportButton supportButton_;
+    Gtk::Box space_;
+    Lifetime lifetime_;
+};
+
+} // namespace tessaro

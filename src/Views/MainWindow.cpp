@@ -1,0 +1,73 @@
+#include "Views/MainWindow.h"
+
+#include "Views/Accessible.h"
+
+#include <giomm/menu.h>
+
+namespace tessaro {
+
+namespace {
+
+constexpr int firstWidth = 1200;
+constexpr int firstHeight = 760;
+
+/// Brings the window to the front, which is made at its first use.
+template <typename Window>
+void bringUp(std::optional<Window>& window, Gtk::Window& parent) {
+    if (!window)
+        window.emplace(parent);
+    window->present();
+}
+
+} // namespace
+
+MainWindow::MainWindow(
+    const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications)
+    : Gtk::ApplicationWindow(application), notifications_(notifications) {
+    set_title("Tessaro");
+    set_icon_name("com.vandel.Tessaro");
+    set_default_size(firstWidth, firstHeight);
+    set_titlebar(header_);
+    for (const auto& command : conversationCommands())
+        addCommand(command);
+    for (const auto& command : browserCommands())
+        addCommand(command);
+    addConversationMenu();
+    addPrimaryMenu();
+}
+
+void MainWindow::addCommand(const WindowCommand& command) {
+    add_action(command.action, [this, name = command.notification] { notifications_.post(name); });
+    get_application()->set_accels_for_action(
+        "win." + command.action, {command.accelerators.begin(), command.accelerators.end()});
+}
+
+void MainWindow::addConversationMenu() {
+    const auto menu = Gio::Menu::create();
+    for (const auto& command : conversationCommands()) {
+        // A line is drawn between sections.
+        const auto section = Gio::Menu::create();
+        section->append(command.title, "win." + command.action);
+        menu->append_section(section);
+    }
+    conversationMenu_.set_label("Trò Chuyện");
+    conversationMenu_.set_menu_model(menu);
+    header_.pack_start(conversationMenu_);
+}
+
+void MainWindow::addPrimaryMenu() {
+    add_action("shortcuts", [this] { bringUp(shortcuts_, *this); });
+    add_action("about", [this] { bringUp(about_, *this); });
+    get_application()->set_accel_for_action("win.shortcuts", "<Control>question");
+    const auto menu = Gio::Menu::create();
+    menu->append("Phím tắt", "win.shortcuts");
+    menu->append("Giới thiệu Tessaro", "win.about");
+    primaryMenu_.set_icon_name("open-menu-symbolic");
+    primaryMenu_.set_menu_model(menu);
+    primaryMenu_.set_primary(true);
+    primaryMenu_.set_tooltip_text("Trình đơn chính");
+    accessible::setName(primaryMenu_, "Trình đơn chính");
+    header_.pack_end(primaryMenu_);
+}
+
+} // namespace tessaro

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Platform/NotificationCenter.h"
+#include "Views/AboutWindow.h"
+#include "Views/ShortcutsWindow.h"
+#include "Views/WindowCommand.h"
+
+#include <gtkmm/application.h>
+#include <gtkmm/applicationwindow.h>
+#include <gtkmm/headerbar.h>
+#include <gtkmm/menubutton.h>
+
+#include <optional>
+
+namespace tessaro {
+
+/// The one window: its title, its header bar with the menus, and the keys. It remembers nothing.
+class MainWindow : public Gtk::ApplicationWindow {
+public:
+    /// @param notifications  carries the commands; outlives this
+    MainWindow(
+        const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications);
+
+private:
+    void addCommand(const WindowCommand& command);
+    void addConversationMenu();
+    void addPrimaryMenu();
+
+    NotificationCenter& notifications_;
+    Gtk::HeaderBar header_;
+    Gtk::MenuButton conversationMenu_;
+    Gtk::MenuButton primaryMenu_;
+    std::optional<AboutWindow> about_;
+    std::optional<ShortcutsWindow> shortcuts_;
+};
+
+} // namespace tessaro
