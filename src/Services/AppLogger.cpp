@@ -4,8 +4,6 @@
 #include "Platform/Paths.h"
 #include "Platform/Text.h"
 
-#include <sys/resource.h>
-
 #include <ctime>
 #include <fstream>
 #include <utility>
@@ -14,8 +12,12 @@ namespace tessaro {
 
 namespace {
 
-/// Lines are dropped while so many bytes wait: a disk that hangs must not take the memory with it.
-constexpr std::size_t queueLimit = 256 * 1024 * 1024;
+/// The bytes from which on a new block is begun. Blocks are small, so that no caller ever waits for
+/// a long queue to be moved to where it can grow.
+constexpr std::size_t blockSize = 64 * 1024;
+
+/// Lines are dropped while so many blocks wait: a disk that hangs must not take the memory with it.
+constexpr std::size_t queueLimit = 4096;
 
 std::string formatLocalTime(Clock::TimePoint time, const char* pattern) {
     const auto seconds = std::chrono::system_clock::to_time_t(time);
@@ -54,15 +56,19 @@ void AppLogger::log(const std::string& message, const std::string& level) {
         const std::lock_guard lock(mutex_);
         if (queued_.size() > queueLimit)
             return;
+        if (queued_.empty() || queued_.back().size() > blockSize)
+            queued_.emplace_back();
+        auto& block = queued_.back();
+        const auto sizeBefore = block.size();
         const auto now = clock_.now();
         const auto second = std::chrono::floor<std::chrono::seconds>(now);
         if (second != stampedSecond_ || stamp_.empty()) {
             stampedSecond_ = second;
             stamp_ = formatLocalTime(now, "%Y-%m-%d %H:%M:%S");
         }
-        queued_.append("[").append(stamp_).append("] [").append(level).append("] ");
-        queued_.append(message).append("\n");
-        ++linesQueued_;
+        block.append("[").append(stamp_).append("] [").append(level).append("] ");
+        block.append(message).append("\n");
+        bytesQueued_ += block.size() - sizeBefore;
     }
     wake_.notify_one();
 }
@@ -86,39 +92,35 @@ std::string AppLogger::readCurrentLog() const {
 
 void AppLogger::flush(std::chrono::milliseconds limit) {
     std::unique_lock lock(mutex_);
-    const auto queuedSoFar = linesQueued_;
-    written_.wait_for(lock, limit, [&] { return linesWritten_ >= queuedSoFar; });
+    const auto queuedSoFar = bytesQueued_;
+    written_.wait_for(lock, limit, [&] { return bytesWritten_ >= queuedSoFar; });
 }
 
 void AppLogger::writeQueuedLines() {
-    setpriority(
-        PRIO_PROCESS, 0, 5); // Of this thread alone (setpriority(2)): the window goes first.
     std::unique_lock lock(mutex_);
     for (;;) {
         wake_.wait(lock, [this] { return stopping_ || !queued_.empty(); });
         if (stopping_)
             return;
-        // Taken whole and given back to the system afterwards, so that a flood leaves no memory
-        // behind.
-        const auto lines = std::exchange(queued_, {});
-        const auto taken = linesQueued_;
+        const auto block = std::move(queued_.front());
+        queued_.pop_front();
         lock.unlock();
-        // A damaged message must not make the whole file unreadable.
-        append(isValidUtf8(lines) ? lines : toValidUtf8(lines));
+        append(block);
         lock.lock();
-        linesWritten_ = taken;
+        bytesWritten_ += block.size();
         written_.notify_all();
     }
 }
 
-void AppLogger::append(const std::string& lines) const {
+void AppLogger::append(const std::string& block) const {
+    // A damaged message must not make the whole file unreadable.
+    const auto text = isValidUtf8(block) ? block : toValidUtf8(block);
     const auto file = currentLogURL();
     std::error_code ignored;
-    if (!std::filesystem::exists(file, ignored)) {
-        replaceFile(file, lines);
-        return;
-    }
-    std::fstream(file, std::ios::in | std::ios::out | std::ios::ate) << lines;
+    if (std::filesystem::exists(file, ignored))
+        std::fstream(file, std::ios::in | std::ios::out | std::ios::ate) << text;
+    else
+        replaceFile(file, text);
 }
 
 } // namespace tessaro

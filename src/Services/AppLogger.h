@@ -6,6 +6,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
+#include <deque>
 #include <filesystem>
 #include <mutex>
 #include <string>
@@ -44,7 +45,7 @@ public:
 
 private:
     void writeQueuedLines();
-    void append(const std::string& lines) const;
+    void append(const std::string& block) const;
 
     const std::filesystem::path folder_;
     const DeviceIdentity& device_;
@@ -53,9 +54,9 @@ private:
     std::mutex mutex_; ///< Guards everything below but the thread.
     std::condition_variable wake_;
     std::condition_variable written_;
-    std::string queued_; ///< Whole lines, each with its line feed.
-    std::uint64_t linesQueued_ = 0;
-    std::uint64_t linesWritten_ = 0;
+    std::deque<std::string> queued_;           ///< Blocks of whole lines, each with its line feed.
+    std::uint64_t bytesQueued_ = 0;            ///< Since the start, written or not.
+    std::uint64_t bytesWritten_ = 0;           ///< Or lost.
     std::chrono::sys_seconds stampedSecond_{}; ///< The second that `stamp_` tells.
     std::string stamp_;
     bool stopping_ = false;
