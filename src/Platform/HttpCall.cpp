@@ -2,6 +2,8 @@
 
 #include "Platform/Clock.h"
 
+#include <libsoup/soup.h>
+
 #include <functional>
 #include <memory>
 #include <utility>
@@ -54,6 +56,8 @@ tl::unexpected<Error> HttpCall::failureOf(const GErrorSlot& error) const {
         return failure("HTTP", HttpClient::timedOut, tooSlow);
     if (error.matches(G_IO_ERROR, G_IO_ERROR_PARTIAL_INPUT))
         return failure("HTTP", HttpClient::cutShort, error.message());
+    if (error.matches(SOUP_SESSION_ERROR, SOUP_SESSION_ERROR_PARSING))
+        return failure("HTTP", HttpClient::notHttp, error.message());
     return failure("HTTP", HttpClient::transport, error.message());
 }
 

@@ -52,9 +52,9 @@ struct HttpResponse {
 /// An HTTP/1.1 and HTTP/2 client over libsoup. Main thread.
 ///
 /// Any answer with a status is a response, also a proxy's 407. Everything else is an error of the
-/// domain "HTTP": no connection, a refused certificate, silence, too long in all, a body that is
-/// longer than allowed or was cut short, a redirect from HTTPS to HTTP, more than ten redirects,
-/// the caller's cancellation. A message never holds the address.
+/// domain "HTTP": no connection, an answer that is not HTTP, a refused certificate, silence, too
+/// long in all, a body that is longer than allowed or was cut short, a redirect from HTTPS to HTTP,
+/// more than ten redirects, the caller's cancellation. A message never holds the address.
 ///
 /// No compressed answer is asked for and none is inflated. A redirect is followed to the address
 /// that the server names and to nothing else: no part of the first address's query travels on.
@@ -72,7 +72,8 @@ public:
         bodyTooLong,
         cutShort,
         badRedirect,
-        cancelled
+        cancelled,
+        notHttp
     };
 
     /// Sends one request. The client may be dropped while it is under way; its connections close

@@ -7,6 +7,7 @@
 #include "Services/AppLogger.h"
 #include "Services/DeviceIdentity.h"
 
+#include <optional>
 #include <string>
 
 namespace tessaro {
@@ -26,7 +27,10 @@ class SupportClient {
 public:
     static constexpr const char* serverURLKey = "skarn_server_url";
 
+    /// @param settings          asked once, for serverURLKey
     /// @param defaultServerURL  used when the settings hold none
+    /// @param device            names this computer in an upload
+    /// @param logger            outlives every request
     SupportClient(
         const SettingsStore& settings, std::string defaultServerURL, const DeviceIdentity& device,
         AppLogger& logger, HttpOptions options);
@@ -42,6 +46,10 @@ public:
     Task<Result<void>> uploadLog(std::string filename, std::string content);
 
 private:
+    template <typename Answer>
+    Task<Result<Answer>>
+    performRequest(std::string path, std::string method, std::optional<std::string> body);
+
     const DeviceIdentity& device_;
     AppLogger& logger_;
     HttpClient http_;

@@ -1,0 +1,144 @@
+#include "Services/SupportClient.h"
+
+#include "Platform/JsonReader.h"
+#include "Platform/WebAddress.h"
+#include "Services/BuildConfig.h"
+
+#include <utility>
+
+namespace tessaro {
+
+namespace {
+
+constexpr const char* domain = "SupportClient";
+
+/// The answer to an upload. It must have this form, but nobody acts on what it says.
+struct SimpleResponse {
+    bool success;
+    std::optional<std::string> message;
+};
+
+struct APIErrorResponse {
+    std::optional<std::string> error;
+    std::optional<std::string> message;
+};
+
+template <typename Answer>
+Result<Answer> decode(const nlohmann::json& value);
+
+template <>
+Result<UpdateInfo> decode(const nlohmann::json& value) {
+    JsonReader reader(value);
+    UpdateInfo info{reader.text("version"), reader.text("url"), reader.text("notes")};
+    return reader.finish(std::move(info));
+}
+
+template <>
+Result<SimpleResponse> decode(const nlohmann::json& value) {
+    JsonReader reader(value);
+    SimpleResponse response{reader.boolean("success"), reader.optionalText("message")};
+    return reader.finish(std::move(response));
+}
+
+template <>
+Result<APIErrorResponse> decode(const nlohmann::json& value) {
+    JsonReader reader(value);
+    APIErrorResponse response{reader.optionalText("error"), reader.optionalText("message")};
+    return reader.finish(std::move(response));
+}
+
+template <typename Answer>
+Result<Answer> decodeBody(const HttpResponse& response) {
+    return parseJson(response.body).and_then(decode<Answer>);
+}
+
+std::string messageOfFailure(const HttpResponse& response) {
+    const auto status = "(" + std::to_string(response.status) + ")";
+    const auto answer = decodeBody<APIErrorResponse>(response);
+    if (!answer)
+        return "Lỗi kết nối " + status + ".";
+    return answer->error.value_or(answer->message.value_or("Lỗi " + status));
+}
+
+/// The base address with a scheme; nothing else about it is changed.
+std::string withScheme(const std::string& base) {
+    const bool hasScheme = g_ascii_strncasecmp(base.c_str(), "http", 4) == 0;
+    return hasScheme ? base : "https://" + base;
+}
+
+} // namespace
+
+SupportClient::SupportClient(
+    const SettingsStore& settings, std::string defaultServerURL, const DeviceIdentity& device,
+    AppLogger& logger, HttpOptions options)
+    : serverURL(settings.text(serverURLKey).value_or(std::move(defaultServerURL))),
+      device_(device),
+      logger_(logger),
+      http_(std::move(options)) {}
+
+SupportClient& SupportClient::shared() {
+    static SupportClient client(
+        SettingsStore::shared(), build::supportServer, DeviceIdentity::shared(),
+        AppLogger::shared(),
+        {.silenceLimit = std::chrono::seconds(60),
+         .totalLimit = std::nullopt,
+         .useSystemProxy = true});
+    return client;
+}
+
+Task<Result<UpdateInfo>> SupportClient::checkUpdate() {
+    return performRequest<UpdateInfo>("/api/update/check", "GET", std::nullopt);
+}
+
+Task<Result<void>> SupportClient::uploadLog(std::string filename, std::string content) {
+    const nlohmann::json body{
+        {"uuid", device_.getDeviceUUID()}, {"filename", filename}, {"content", content}};
+    const auto answer = co_await performRequest<SimpleResponse>(
+        "/api/support/upload-log", "POST",
+        body.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+    if (!answer)
+        co_return tl::unexpected<Error>(answer.error());
+    co_return Result<void>();
+}
+
+template <typename Answer>
+Task<Result<Answer>> SupportClient::performRequest(
+    std::string path, std::string method, std::optional<std::string> body) {
+    const auto address = withScheme(*serverURL) + path;
+    // The client itself may be gone when the answer arrives.
+    AppLogger& logger = logger_;
+    const auto fail = [&logger](const std::string& line, Error error) {
+        logger.log("SupportClient: " + line, "ERROR");
+        return tl::unexpected<Error>(std::move(error));
+    };
+
+    if (!isOpenableAddress(address))
+        co_return fail("URL không hợp lệ: " + address, {domain, 400, "URL không hợp lệ."});
+    // A variable: GCC 12 destroys a braced temporary within an await twice.
+    HttpRequest request{
+        .method = method, .url = address, .contentType = "application/json", .body = body};
+    const auto response = co_await http_.send(std::move(request));
+    if (!response && response.error().code == HttpClient::notHttp)
+        co_return fail(
+            "Phản hồi từ máy chủ không hợp lệ cho " + address,
+            {domain, 500, "Phản hồi từ máy chủ không hợp lệ."});
+    if (!response)
+        co_return fail(
+            "Lỗi kết nối mạng khi gửi " + method + " tới " + address + ": " +
+                response.error().message,
+            response.error());
+    if (response->status < 200 || response->status > 299) {
+        const auto message = messageOfFailure(*response);
+        co_return fail(
+            "Yêu cầu " + method + " tới " + address + " thất bại: " + message,
+            {domain, static_cast<int>(response->status), message});
+    }
+    auto answer = decodeBody<Answer>(*response);
+    if (!answer)
+        co_return fail(
+            "Lỗi giải mã phản hồi JSON từ " + address + ": " + answer.error().message,
+            answer.error());
+    co_return answer;
+}
+
+} // namespace tessaro
