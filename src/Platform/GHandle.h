@@ -85,6 +85,7 @@ public:
     GErrorSlot& operator=(const GErrorSlot&) = delete;
 
     explicit operator bool() const { return error_ != nullptr; }
+    GError* get() const { return error_; }
     const GError* operator->() const { return error_; }
     bool matches(GQuark domain, int code) const { return g_error_matches(error_, domain, code); }
     std::string message() const { return error_ ? error_->message : ""; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/DesktopNotifications.h"
 #include "Services/AppLogger.h"
 
 namespace tessaro {
@@ -8,15 +9,20 @@ namespace tessaro {
 /// depends on the answer.
 class NotificationService {
 public:
-    explicit NotificationService(AppLogger& logger);
+    /// @param logger  outlives every request
+    /// @param marker  tells by its existence that the package is confined
+    explicit NotificationService(
+        AppLogger& logger, std::filesystem::path marker = confinementMarker);
 
     static NotificationService& shared();
 
-    /// Returns at once; the outcome is logged when the notification service has answered.
+    /// Returns at once; the outcome is logged when the notification service has answered. Main
+    /// thread.
     void requestPermission();
 
 private:
     AppLogger& logger_;
+    const std::filesystem::path marker_;
 };
 
 } // namespace tessaro
