@@ -2,6 +2,7 @@
 
 #include "Platform/FileStore.h"
 #include "Platform/Gtk/PictureDecoder.h"
+#include "Services/PictureDownloads.h"
 
 #include <glibmm/wrap.h>
 
@@ -68,6 +69,10 @@ ImageLoader::loadFile(std::filesystem::path file, int pixels, Cancellation cance
 }
 
 Task<TexturePtr> ImageLoader::loadUrl(std::string url, int pixels, Cancellation cancellation) {
+    const auto alive = lifetime_.watch();
+    const auto place = co_await pictureDownloads().acquire();
+    if (!alive || cancellation.isCancelled())
+        co_return TexturePtr();
     auto request = http_.send({.url = std::move(url)}, cancellation);
     auto response = co_await std::move(request);
     if (!response || response->status < 200 || response->status > 299 || cancellation.isCancelled())

@@ -2,6 +2,7 @@
 
 #include "Platform/Cancellation.h"
 #include "Platform/HttpClient.h"
+#include "Platform/Lifetime.h"
 #include "Platform/Task.h"
 
 #include <gdkmm/texture.h>
@@ -17,7 +18,7 @@ namespace tessaro {
 /// decoded. Every failure is an empty pointer. UI thread only.
 class ImageLoader {
 public:
-    /// @param options  carry remote pictures, which share the program's six picture places
+    /// @param options  how remote pictures are carried, six at a time in the whole program
     explicit ImageLoader(HttpOptions options = {});
 
     /// A stored picture, read and decoded in the background, scaled to fill `pixels` by `pixels`
@@ -30,6 +31,7 @@ public:
 
 private:
     HttpClient http_;
+    Lifetime lifetime_;
 };
 
 } // namespace tessaro

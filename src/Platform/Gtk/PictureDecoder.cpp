@@ -42,7 +42,7 @@ decodePicture(std::string_view bytes, int pixels, const Cancellation& cancellati
             loader.get(), reinterpret_cast<const guchar*>(bytes.data()), length, nullptr);
         bytes.remove_prefix(length);
     }
-    // A loader must be closed in any case; a picture that is cut short is an error here.
+    // A loader must be closed in any case.
     const bool complete = gdk_pixbuf_loader_close(loader.get(), nullptr);
     if (!readable || !accepted || !complete || cancellation.isCancelled())
         return {};
