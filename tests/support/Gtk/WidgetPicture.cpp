@@ -50,8 +50,9 @@ void WidgetPicture::save(const std::string& pngFile) const {
 
 bool nearlyEqual(const Rgba& one, const Rgba& other) {
     const auto near = [](double a, double b) { return std::abs(a - b) <= 2.5 / 255; };
-    return near(one.red, other.red) && near(one.green, other.green) && near(one.blue, other.blue) &&
-           near(one.alpha, other.alpha);
+    return near(one.alpha, other.alpha) && near(one.red * one.alpha, other.red * other.alpha) &&
+           near(one.green * one.alpha, other.green * other.alpha) &&
+           near(one.blue * one.alpha, other.blue * other.alpha);
 }
 
 } // namespace tessaro::test

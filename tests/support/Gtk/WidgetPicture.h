@@ -22,7 +22,8 @@ private:
     Cairo::RefPtr<Cairo::ImageSurface> surface_;
 };
 
-/// Whether two colours are the same to the eye: no component differs by more than two bytes' steps.
+/// Whether two colours are the same to the eye: no component, weighted by opacity,
+/// differs by more than two steps of a byte.
 bool nearlyEqual(const Rgba& one, const Rgba& other);
 
 } // namespace tessaro::test

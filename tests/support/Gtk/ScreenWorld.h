@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Views/ScreenContext.h"
+#include "support/Gtk/FakeAppearance.h"
+#include "support/StoreWorld.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tessaro::test {
+
+/// Keeps the alerts; the test answers them.
+class RecordingModals final : public Modals {
+public:
+    void show(ModalAlert alert, std::function<void(std::size_t)> answered) override {
+        alerts.push_back(std::move(alert));
+        answers.push_back(std::move(answered));
+    }
+
+    std::vector<ModalAlert> alerts;
+    std::vector<std::function<void(std::size_t)>> answers;
+};
+
+/// Keeps what the program asked of the desktop.
+class RecordingDesktop final : public Desktop {
+public:
+    void openAddress(const std::string& address) override { opened.push_back(address); }
+    void copyText(const std::string& text) override { copied.push_back(text); }
+
+    std::vector<std::string> opened;
+    std::vector<std::string> copied;
+};
+
+/// Everything that a screen is made with, in folders of its own.
+struct ScreenWorld : StoreWorld {
+    FakeAppearance appearance;
+    ThemeManager theme{settings, appearance, notifications, clock};
+    RecordingModals modals;
+    RecordingDesktop desktop;
+    ImageLoader images;
+    Endpoints endpoints = Endpoints::fromSettings(settings);
+    ScreenContext context{theme, notifications, clock,  desktop,   modals,
+                          store, device,        images, endpoints, {}};
+};
+
+} // namespace tessaro::test
