@@ -5,18 +5,18 @@
 namespace tessaro {
 
 nlohmann::json encode(const Account& account) {
-    return {
-        {"id", account.id.text()},
-        {"name", account.name},
-        {"proxyHost", account.proxyHost},
-        {"proxyPort", account.proxyPort},
-        {"proxyUsername", account.proxyUsername},
-        {"proxyPassword", account.proxyPassword.reveal()},
-        {"proxyEnabled", account.proxyEnabled},
-        {"deviceId", account.deviceId},
-        {"deviceName", account.deviceName},
-        {"createdAt", formatDateTime(account.createdAt)},
-    };
+    nlohmann::json object;
+    object["id"] = account.id.text();
+    object["name"] = account.name;
+    object["proxyHost"] = account.proxyHost;
+    object["proxyPort"] = account.proxyPort;
+    object["proxyUsername"] = account.proxyUsername;
+    object["proxyPassword"] = account.proxyPassword.reveal();
+    object["proxyEnabled"] = account.proxyEnabled;
+    object["deviceId"] = account.deviceId;
+    object["deviceName"] = account.deviceName;
+    object["createdAt"] = formatDateTime(account.createdAt);
+    return object;
 }
 
 Result<Account> decodeAccount(const nlohmann::json& value) {

@@ -5,16 +5,16 @@
 namespace tessaro {
 
 nlohmann::json encode(const PageConfig& page) {
-    return {
-        {"id", page.id.text()},
-        {"accountId", page.accountId.text()},
-        {"pageToken", page.pageToken.reveal()},
-        {"pageId", page.pageId.text},
-        {"pageName", page.pageName},
-        {"pageAvatarUrl", page.pageAvatarUrl},
-        {"isConnected", page.isConnected},
-        {"createdAt", formatDateTime(page.createdAt)},
-    };
+    nlohmann::json object;
+    object["id"] = page.id.text();
+    object["accountId"] = page.accountId.text();
+    object["pageToken"] = page.pageToken.reveal();
+    object["pageId"] = page.pageId.text;
+    object["pageName"] = page.pageName;
+    object["pageAvatarUrl"] = page.pageAvatarUrl;
+    object["isConnected"] = page.isConnected;
+    object["createdAt"] = formatDateTime(page.createdAt);
+    return object;
 }
 
 Result<PageConfig> decodePageConfig(const nlohmann::json& value) {

@@ -9,16 +9,25 @@
 /// The form of every record file: one JSON array of records.
 namespace tessaro {
 
-/// Pretty-printed, the members of every object in ascending byte order of their keys. Bytes that
-/// are not UTF-8 become U+FFFD.
-std::string writeJson(const nlohmann::json& value);
+/// Collects records into the text of one array, pretty-printed, the members of every object in
+/// ascending byte order of their keys. Bytes that are not UTF-8 become U+FFFD.
+class RecordListWriter {
+public:
+    void add(nlohmann::json record);
+    std::string finish() &&;
+
+private:
+    /// Holds the one record that is being written, so that it is indented as in a list.
+    nlohmann::json list_ = nlohmann::json::array({nullptr});
+    std::string text_ = "[";
+};
 
 template <typename Record>
 std::string encodeList(const std::vector<Record>& records) {
-    auto array = nlohmann::json::array();
+    RecordListWriter writer;
     for (const auto& record : records)
-        array.push_back(encode(record));
-    return writeJson(array);
+        writer.add(encode(record));
+    return std::move(writer).finish();
 }
 
 /// One record that does not decode fails the whole list.

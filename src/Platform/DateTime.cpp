@@ -1,8 +1,5 @@
 #include "Platform/DateTime.h"
 
-#include <array>
-#include <cstdio>
-
 namespace tessaro {
 
 namespace {
@@ -23,11 +20,16 @@ bool hasForm(std::string_view text) {
     return true;
 }
 
-unsigned number(std::string_view digits) {
+unsigned readNumber(std::string_view text, std::size_t at, std::size_t digits) {
     unsigned value = 0;
-    for (const char digit : digits)
+    for (const char digit : text.substr(at, digits))
         value = value * 10 + static_cast<unsigned>(digit - '0');
     return value;
+}
+
+void writeNumber(std::string& text, std::size_t at, std::size_t digits, long value) {
+    for (; digits > 0; value /= 10)
+        text[at + --digits] = static_cast<char>('0' + value % 10);
 }
 
 } // namespace
@@ -36,24 +38,25 @@ std::string formatDateTime(TimePoint time) {
     const auto day = std::chrono::floor<std::chrono::days>(time);
     const std::chrono::year_month_day date(day);
     const std::chrono::hh_mm_ss clock(std::chrono::floor<std::chrono::seconds>(time - day));
-    std::array<char, 64> text;
-    std::snprintf(
-        text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ", static_cast<int>(date.year()),
-        static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
-        static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
-        static_cast<int>(clock.seconds().count()));
-    return text.data();
+    std::string text(form);
+    writeNumber(text, 0, 4, static_cast<int>(date.year()));
+    writeNumber(text, 5, 2, static_cast<unsigned>(date.month()));
+    writeNumber(text, 8, 2, static_cast<unsigned>(date.day()));
+    writeNumber(text, 11, 2, clock.hours().count());
+    writeNumber(text, 14, 2, clock.minutes().count());
+    writeNumber(text, 17, 2, clock.seconds().count());
+    return text;
 }
 
 std::optional<TimePoint> parseDateTime(std::string_view text) {
     if (!hasForm(text))
         return std::nullopt;
     const std::chrono::year_month_day date(
-        std::chrono::year(static_cast<int>(number(text.substr(0, 4)))),
-        std::chrono::month(number(text.substr(5, 2))), std::chrono::day(number(text.substr(8, 2))));
-    const auto hours = number(text.substr(11, 2));
-    const auto minutes = number(text.substr(14, 2));
-    const auto seconds = number(text.substr(17, 2));
+        std::chrono::year(static_cast<int>(readNumber(text, 0, 4))),
+        std::chrono::month(readNumber(text, 5, 2)), std::chrono::day(readNumber(text, 8, 2)));
+    const auto hours = readNumber(text, 11, 2);
+    const auto minutes = readNumber(text, 14, 2);
+    const auto seconds = readNumber(text, 17, 2);
     if (!date.ok() || hours > 23 || minutes > 59 || seconds > 59)
         return std::nullopt;
     return std::chrono::sys_days(date) + std::chrono::hours(hours) + std::chrono::minutes(minutes) +
