@@ -19,12 +19,13 @@ void setUpField(Gtk::Entry& field, const Glib::ustring& placeholder) {
 }
 
 void addDeviceLine(Gtk::Grid& grid, int row, const Glib::ustring& title, Gtk::Label& value) {
-    auto* label = Gtk::make_managed<Gtk::Label>(title, Gtk::Align::START);
+    auto* label = Gtk::make_managed<Gtk::Label>(title, Gtk::Align::START, Gtk::Align::START);
     label->add_css_class("secondary-text");
     value.set_xalign(0);
     value.set_hexpand();
     value.add_css_class("monospace");
-    value.set_ellipsize(Pango::EllipsizeMode::END);
+    value.set_wrap();
+    value.set_wrap_mode(Pango::WrapMode::CHAR);
     grid.attach(*label, 0, row);
     grid.attach(value, 1, row);
 }

@@ -1,0 +1,34 @@
+#include "support/Gtk/TestScreen.h"
+
+#include "Platform/ScopedConnection.h"
+#include "support/MainLoop.h"
+
+#include <iostream>
+
+namespace tessaro::test {
+
+TestScreen::TestScreen() { theme.setAppearanceMode("light"); }
+
+TestScreen::~TestScreen() { window.unset_child(); }
+
+void TestScreen::show(Gtk::Widget& widget) {
+    window.set_child(widget);
+    window.present();
+    settle();
+    if (!runUntil([this] { return window.is_active(); }))
+        std::cerr << "The window never became active: is there a window manager?" << std::endl;
+}
+
+void TestScreen::settle() { settle(window); }
+
+void TestScreen::settle(Gtk::Window& shown) {
+    runUntil([&] { return shown.get_mapped() && shown.get_width() > 0; });
+    // Two frames: the first one lays out what changed, the second has drawn it.
+    int frames = 0;
+    const auto tick = shown.add_tick_callback([&](const auto&) { return ++frames < 3; });
+    if (!runUntil([&] { return frames >= 3; }))
+        shown.remove_tick_callback(tick);
+    runPending();
+}
+
+} // namespace tessaro::test

@@ -1,0 +1,58 @@
+#include "support/Gtk/Widgets.h"
+
+#include "Platform/GHandle.h"
+
+#include <gtkmm/label.h>
+
+#include <iostream>
+
+namespace tessaro::test {
+
+namespace {
+
+void collect(Gtk::Widget& widget, std::vector<Gtk::Widget*>& into) {
+    if (!widget.get_mapped())
+        return;
+    into.push_back(&widget);
+    for (auto* child = widget.get_first_child(); child; child = child->get_next_sibling())
+        collect(*child, into);
+}
+
+} // namespace
+
+std::vector<Gtk::Widget*> widgetsOnScreen(Gtk::Widget& root) {
+    std::vector<Gtk::Widget*> found;
+    collect(root, found);
+    return found;
+}
+
+bool isCalled(Gtk::Widget& widget, const std::string& name) {
+    // The check's answer is what differs, nothing when it holds.
+    const GCharPtr difference(gtk_test_accessible_check_property(
+        GTK_ACCESSIBLE(widget.gobj()), GTK_ACCESSIBLE_PROPERTY_LABEL, name.c_str()));
+    if (!difference)
+        return true;
+    if (auto* button = dynamic_cast<Gtk::Button*>(&widget); button && button->get_label().raw() == name)
+        return true;
+    auto* label = dynamic_cast<Gtk::Label*>(&widget);
+    return label ? label->get_text().raw() == name
+                 : widget.get_tooltip_text().raw() == name;
+}
+
+void press(Gtk::Widget& root, const std::string& name) {
+    auto* button = find<Gtk::Button>(root, name);
+    if (!button || !button->is_sensitive()) {
+        std::cerr << "No button to press: " << name << std::endl;
+        std::abort();
+    }
+    button->activate();
+}
+
+std::vector<std::string> textsOnScreen(Gtk::Widget& root) {
+    std::vector<std::string> texts;
+    for (Gtk::Label* label : widgetsOf<Gtk::Label>(root))
+        texts.push_back(label->get_text().raw());
+    return texts;
+}
+
+} // namespace tessaro::test
