@@ -3,6 +3,7 @@
 #include "Views/AccountButton.h"
 #include "Views/AccountDetailSheet.h"
 #include "Views/InboxCommands.h"
+#include "Views/ThemeSettingsView.h"
 
 #include <gtkmm/separator.h>
 
@@ -30,6 +31,13 @@ AccountSidebar::AccountSidebar(const ScreenContext& context, AccountsViewModel& 
 
     themeToggle_.signal_clicked().connect([this] { context_.theme.toggleTheme(); });
 
+    themePopover_.set_child(*Gtk::make_managed<ThemeSettingsView>(
+        context_.theme, std::vector<GridColumn>(7, {.width = 26, .spacing = 8})));
+    themePopover_.add_css_class("theme-settings-popover");
+    themePopover_.set_position(Gtk::PositionType::RIGHT);
+    themePopover_.set_parent(themeSettings_);
+    themeSettings_.signal_clicked().connect([this] { themePopover_.popup(); });
+
     column_.setRecords(*viewModel_.accounts);
     column_.setAddRow(true);
     showToggleSymbol();
@@ -44,7 +52,9 @@ AccountSidebar::AccountSidebar(const ScreenContext& context, AccountsViewModel& 
     connections_.push_back(context_.theme.observe([this] { showToggleSymbol(); }));
 }
 
-AccountSidebar::~AccountSidebar() = default;
+AccountSidebar::~AccountSidebar() {
+    themePopover_.unparent();
+}
 
 RecordColumn<Account>::Behaviour AccountSidebar::columnBehaviour() {
     return {

@@ -1,5 +1,7 @@
 #include "Views/MainSplitView.h"
 
+#include "Views/FooterBar.h"
+
 namespace tessaro {
 
 MainSplitView::MainSplitView(
@@ -9,7 +11,9 @@ MainSplitView::MainSplitView(
       accountsVM_(context.store, context.device, context.clock),
       pagesVM_(context.store, logger, context.clock, context.makeGraphClient),
       accounts_(context, accountsVM_),
-      pages_(context, pagesVM_) {
+      firstDivider_(Gtk::Orientation::VERTICAL),
+      pages_(context, pagesVM_),
+      secondDivider_(Gtk::Orientation::VERTICAL) {
     layOut(logger, support);
     accountChanged_ = accountsVM_.selectedAccount.observe([this] { followAccount(); });
     pageChanged_ = pagesVM_.selectedPage.observe([this] { showDetail(); });
@@ -18,8 +22,7 @@ MainSplitView::MainSplitView(
 
 MainSplitView::~MainSplitView() = default;
 
-void MainSplitView::layOut(
-    [[maybe_unused]] AppLogger& logger, [[maybe_unused]] SupportClient& support) {
+void MainSplitView::layOut(AppLogger& logger, SupportClient& support) {
     set_size_request(900, 560);
     columns_.set_vexpand();
     columns_.append(accounts_);
@@ -30,6 +33,7 @@ void MainSplitView::layOut(
     placeholder_.set_hexpand();
     columns_.append(detail_);
     append(columns_);
+    append(*Gtk::make_managed<FooterBar>(context_, logger, support));
 }
 
 void MainSplitView::followAccount() {

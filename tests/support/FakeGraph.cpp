@@ -5,7 +5,8 @@ namespace tessaro::test {
 namespace {
 
 template <typename Answer>
-Task<Result<Answer>> answerAfter(FakeGraph& graph, const std::map<std::string, Answer>& answers, std::string token) {
+Task<Result<Answer>>
+answerAfter(FakeGraph& graph, const std::map<std::string, Answer>& answers, std::string token) {
     co_await graph.gate.pass();
     const auto answer = answers.find(token);
     if (answer == answers.end())
@@ -16,7 +17,8 @@ Task<Result<Answer>> answerAfter(FakeGraph& graph, const std::map<std::string, A
 class FakeClient final : public MetaGraphClient {
 public:
     FakeClient(FakeGraph& graph, SecretText token)
-        : MetaGraphClient("http://127.0.0.1:9/v25.0", token, std::nullopt), graph_(graph),
+        : MetaGraphClient("http://127.0.0.1:9/v25.0", token, std::nullopt),
+          graph_(graph),
           token_(token.reveal()) {}
 
     Task<Result<PageInfo>> fetchPageInfo() override {
@@ -49,8 +51,8 @@ void FakeGraph::addUserToken(const std::string& token, std::vector<ResolvedPage>
     managed[token] = std::move(pages);
 }
 
-FakeGraph::ResolvedPage FakeGraph::page(
-    const std::string& id, const std::string& name, std::optional<std::string> url) {
+FakeGraph::ResolvedPage
+FakeGraph::page(const std::string& id, const std::string& name, std::optional<std::string> url) {
     return {PageId{id}, name, SecretText("page-token-" + id), std::move(url)};
 }
 

@@ -7,9 +7,13 @@
 
 namespace tessaro::test {
 
-TestScreen::TestScreen() { theme.setAppearanceMode("light"); }
+TestScreen::TestScreen() {
+    theme.setAppearanceMode("light");
+}
 
-TestScreen::~TestScreen() { window.unset_child(); }
+TestScreen::~TestScreen() {
+    window.unset_child();
+}
 
 void TestScreen::show(Gtk::Widget& widget) {
     window.set_child(widget);
@@ -19,7 +23,9 @@ void TestScreen::show(Gtk::Widget& widget) {
         std::cerr << "The window never became active: is there a window manager?" << std::endl;
 }
 
-void TestScreen::settle() { settle(window); }
+void TestScreen::settle() {
+    settle(window);
+}
 
 void TestScreen::settle(Gtk::Window& shown) {
     runUntil([&] { return shown.get_mapped() && shown.get_width() > 0; });

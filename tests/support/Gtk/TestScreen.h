@@ -42,9 +42,8 @@ public:
     ThemeStyle style{theme};
     ImageLoader images;
     Endpoints endpoints{"http://127.0.0.1:9", "http://127.0.0.1:9"};
-    ScreenContext context{
-        theme,  notifications, clock,     desktop,        modals, store,
-        device, images,        endpoints, graph.factory()};
+    ScreenContext context{theme, notifications, clock,  desktop,   modals,
+                          store, device,        images, endpoints, graph.factory()};
     Gtk::Window window;
 
     TestScreen();

@@ -32,11 +32,11 @@ bool isCalled(Gtk::Widget& widget, const std::string& name) {
         GTK_ACCESSIBLE(widget.gobj()), GTK_ACCESSIBLE_PROPERTY_LABEL, name.c_str()));
     if (!difference)
         return true;
-    if (auto* button = dynamic_cast<Gtk::Button*>(&widget); button && button->get_label().raw() == name)
+    if (auto* button = dynamic_cast<Gtk::Button*>(&widget);
+        button && button->get_label().raw() == name)
         return true;
     auto* label = dynamic_cast<Gtk::Label*>(&widget);
-    return label ? label->get_text().raw() == name
-                 : widget.get_tooltip_text().raw() == name;
+    return label ? label->get_text().raw() == name : widget.get_tooltip_text().raw() == name;
 }
 
 void press(Gtk::Widget& root, const std::string& name) {
