@@ -1,6 +1,5 @@
 #include "support/Gtk/TestScreen.h"
 
-#include "Platform/ScopedConnection.h"
 #include "support/MainLoop.h"
 
 #include <iostream>
@@ -8,6 +7,8 @@
 namespace tessaro::test {
 
 TestScreen::TestScreen() {
+    endpoints.graphApiOrigin = endpoints.inboxOrigin = "http://127.0.0.1:9"; // Nobody listens.
+    context.makeGraphClient = graph.factory();
     theme.setAppearanceMode("light");
 }
 

@@ -8,24 +8,6 @@
 
 namespace tessaro::test {
 
-namespace {
-
-void collect(Gtk::Widget& widget, std::vector<Gtk::Widget*>& into) {
-    if (!widget.get_mapped())
-        return;
-    into.push_back(&widget);
-    for (auto* child = widget.get_first_child(); child; child = child->get_next_sibling())
-        collect(*child, into);
-}
-
-} // namespace
-
-std::vector<Gtk::Widget*> widgetsOnScreen(Gtk::Widget& root) {
-    std::vector<Gtk::Widget*> found;
-    collect(root, found);
-    return found;
-}
-
 bool isCalled(Gtk::Widget& widget, const std::string& name) {
     // The check's answer is what differs, nothing when it holds.
     const GCharPtr difference(gtk_test_accessible_check_property(

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "support/Gtk/WidgetTree.h"
+
 #include <gtkmm/button.h>
-#include <gtkmm/widget.h>
 
 #include <string>
 #include <vector>
@@ -9,19 +10,14 @@
 /// Finds the widgets of a screen as a person does: by what they are called.
 namespace tessaro::test {
 
-/// Every widget on screen below `root`, in the order in which the eye reads.
-std::vector<Gtk::Widget*> widgetsOnScreen(Gtk::Widget& root);
-
 /// Whether assistive technology calls the widget by that name, its tooltip or its text.
 bool isCalled(Gtk::Widget& widget, const std::string& name);
 
 /// The widgets of that class on screen.
 template <typename Class>
 std::vector<Class*> widgetsOf(Gtk::Widget& root) {
-    std::vector<Class*> found;
-    for (Gtk::Widget* widget : widgetsOnScreen(root))
-        if (auto* match = dynamic_cast<Class*>(widget))
-            found.push_back(match);
+    auto found = descendants<Class>(root);
+    std::erase_if(found, [](Class* widget) { return !widget->get_mapped(); });
     return found;
 }
 
