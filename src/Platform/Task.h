@@ -16,7 +16,10 @@
 ///  - after each await: the call is finished, ask whether it was cancelled and whether the owner
 ///    is alive (Lifetime), and only then touch the owner;
 ///  - a call that is out is cancelled (Cancellation), never abandoned: dropping a Task lets its
-///    coroutine run to its end unobserved.
+///    coroutine run to its end unobserved;
+///  - no braced temporary of an aggregate stands within an await, `co_await send({.url = …})`: GCC
+///  12
+///    copies it bitwise and destroys it twice. It goes into a variable first.
 namespace tessaro {
 
 namespace detail {

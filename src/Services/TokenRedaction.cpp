@@ -1,6 +1,6 @@
 #include "Services/TokenRedaction.h"
 
-#include "Platform/GHandle.h"
+#include <glib.h>
 
 namespace tessaro {
 
@@ -26,9 +26,19 @@ std::size_t lengthOfToken(std::string_view text, std::string_view token) {
 } // namespace
 
 std::string encodedForQuery(const SecretText& token) {
-    const std::string& text = token.reveal();
-    return takeString(g_uri_escape_bytes(
-        reinterpret_cast<const guint8*>(text.data()), text.size(), "!$&'()*+,;=:@/?"));
+    // GLib's own encoder stops at a zero byte.
+    constexpr std::string_view kept = "-._~!$&'()*+,;=:@/?";
+    constexpr const char* digits = "0123456789ABCDEF";
+    std::string result;
+    for (const char byte : token.reveal()) {
+        if (g_ascii_isalnum(byte) || kept.find(byte) != std::string_view::npos) {
+            result += byte;
+        } else {
+            const auto value = static_cast<unsigned char>(byte);
+            result += {'%', digits[value / 16], digits[value % 16]};
+        }
+    }
+    return result;
 }
 
 std::string redacted(std::string_view text, const SecretText& token) {

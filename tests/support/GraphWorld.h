@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Services/MetaGraphClient.h"
+#include "support/LoopbackServer.h"
+#include "support/StoreWorld.h"
+
+namespace tessaro::test {
+
+/// A data store together with a server that stands in for the Graph API and answers what it is
+/// told to, whatever the token.
+struct GraphWorld : StoreWorld {
+    LoopbackServer server;
+    HttpOptions options;
+    int clientsMade = 0;
+    GraphClientFactory makeClient = [this](SecretText token, std::optional<Account> account) {
+        ++clientsMade;
+        return std::make_shared<MetaGraphClient>(
+            server.origin() + "/v25.0", std::move(token), account, options);
+    };
+
+    void answerMe(LoopbackServer::Answer answer) { server.answer("/v25.0/me", std::move(answer)); }
+    void answerAccounts(LoopbackServer::Answer answer) {
+        server.answer("/v25.0/me/accounts", std::move(answer));
+    }
+    void answerPicture(const std::string& pageId, LoopbackServer::Answer answer) {
+        server.answer("/v25.0/" + pageId + "/picture", std::move(answer));
+    }
+
+    /// What the log of today holds.
+    std::string loggedLines() {
+        logger.flush(std::chrono::seconds(10));
+        return logger.readCurrentLog();
+    }
+};
+
+} // namespace tessaro::test

@@ -1,0 +1,104 @@
+#include "ViewModels/AccountsViewModel.h"
+
+#include "support/StoreWorld.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace tessaro;
+using test::makeAccount;
+using testing::ElementsAre, testing::Eq, testing::IsEmpty, testing::Optional, testing::SizeIs;
+
+namespace {
+
+class AccountsViewModelTest : public testing::Test {
+protected:
+    AccountsViewModelTest() { world.store.saveAccounts({first, second}); }
+
+    std::vector<Account> stored() { return world.newStore().loadAccounts(); }
+
+    test::StoreWorld world;
+    const Account first = makeAccount("một"), second = makeAccount("hai");
+};
+
+Account renamed(Account account, const std::string& name) {
+    account.name = name;
+    return account;
+}
+
+} // namespace
+
+TEST_F(AccountsViewModelTest, StartsWithTheStoredAccountsAndNoneSelected) {
+    AccountsViewModel model(world.store, world.device, world.clock);
+    EXPECT_THAT(*model.accounts, ElementsAre(first, second));
+    EXPECT_EQ(*model.selectedAccount, std::nullopt);
+}
+
+TEST_F(AccountsViewModelTest, AppendsSavesAndSelectsANewAccountAsGiven) {
+    AccountsViewModel model(world.store, world.device, world.clock);
+    model.addAccount(" ", " host ", 70000, "user", SecretText("password"), true);
+    ASSERT_THAT(*model.accounts, SizeIs(3));
+    const Account added = model.accounts->back();
+    EXPECT_THAT(*model.selectedAccount, Optional(added));
+    EXPECT_EQ(added.name, " ");
+    EXPECT_EQ(added.deviceId, world.device.getDeviceUUID());
+    EXPECT_EQ(added.deviceName, world.device.deviceName());
+    ASSERT_THAT(stored(), ElementsAre(first, second, added));
+    const Account written = stored().back();
+    EXPECT_EQ(written.proxyHost, " host ");
+    EXPECT_EQ(written.proxyPort, 70000);
+    EXPECT_EQ(written.proxyUsername, "user");
+    EXPECT_EQ(written.proxyPassword, SecretText("password"));
+    EXPECT_TRUE(written.proxyEnabled);
+    EXPECT_EQ(written.createdAt, world.clock.now());
+}
+
+TEST_F(AccountsViewModelTest, NumbersANamelessAccountByTheLengthOfTheList) {
+    world.store.saveAccounts({first, renamed(second, "Tài khoản 3")});
+    AccountsViewModel model(world.store, world.device, world.clock);
+    model.addAccount("", "", 0, "", SecretText(), false);
+    EXPECT_EQ(model.accounts->back().name, "Tài khoản 3");
+}
+
+TEST_F(AccountsViewModelTest, UpdatesAnAccountAndTheSelectionThatIsACopyOfIt) {
+    AccountsViewModel model(world.store, world.device, world.clock);
+    model.selectAccount(first);
+    int announced = 0;
+    const auto watching = model.selectedAccount.observe([&] { ++announced; });
+    model.updateAccount(renamed(second, "khác"));
+    EXPECT_EQ(announced, 0);
+    model.updateAccount(renamed(first, "mới"));
+    EXPECT_EQ(announced, 1);
+    EXPECT_EQ((*model.selectedAccount)->name, "mới");
+    EXPECT_EQ(stored().at(0).name, "mới");
+    EXPECT_EQ(stored().at(1).name, "khác");
+
+    model.updateAccount(makeAccount("lạ"));
+    EXPECT_THAT(*model.accounts, ElementsAre(first, second));
+}
+
+TEST_F(AccountsViewModelTest, MovesALostSelectionToTheFirstAccountLeft) {
+    AccountsViewModel model(world.store, world.device, world.clock);
+    model.selectAccount(second);
+    model.addAccount("ba", "", 0, "", SecretText(), false);
+    const Account third = model.accounts->back();
+    model.deleteAccount(second);
+    EXPECT_THAT(*model.selectedAccount, Optional(third)) << "another account was deleted";
+    model.deleteAccount(model.accounts->back());
+    EXPECT_THAT(*model.selectedAccount, Optional(first));
+    model.deleteAccount(first);
+    EXPECT_EQ(*model.selectedAccount, std::nullopt);
+    EXPECT_THAT(stored(), IsEmpty());
+}
+
+TEST_F(AccountsViewModelTest, FollowsItsSelectionWhenItLoadsAgain) {
+    AccountsViewModel model(world.store, world.device, world.clock);
+    model.selectAccount(second);
+    world.store.saveAccounts({renamed(second, "mới")});
+    model.loadAccounts();
+    ASSERT_TRUE(*model.selectedAccount);
+    EXPECT_EQ((*model.selectedAccount)->name, "mới");
+    world.store.saveAccounts({first});
+    model.loadAccounts();
+    EXPECT_EQ(*model.selectedAccount, std::nullopt);
+}
