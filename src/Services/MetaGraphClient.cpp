@@ -47,8 +47,6 @@ Result<GraphError> decodeGraphError(const nlohmann::json& value) {
 
 Result<void> checkHTTPResponse(const HttpResponse& response) {
     const int status = static_cast<int>(response.status);
-    if (status == 0)
-        return failure(domain, 500, "Phản hồi không hợp lệ.");
     if (status >= 200 && status <= 299)
         return {};
     const auto inBrackets = " (" + std::to_string(status) + ")";
@@ -71,6 +69,8 @@ Task<Result<std::string>> bodyOf(Task<Result<HttpResponse>> sending, SecretText 
     Error error = checked.error();
     if (error.domain == "HTTP" && error.code == HttpClient::invalidUrl)
         error = Error{domain, 400, "Invalid URL"};
+    if (error.domain == "HTTP" && error.code == HttpClient::notHttp)
+        error = Error{domain, 500, "Phản hồi không hợp lệ."};
     error.message = redacted(error.message, token);
     co_return tl::unexpected<Error>(std::move(error));
 }

@@ -124,6 +124,14 @@ TEST_F(MetaGraphClientTest, TellsFailuresAsTheGraphApiPutsThem) {
     EXPECT_EQ(errorOf(304, ""), (Error{"MetaGraph", 304, "Lỗi kết nối (304)."}));
 }
 
+TEST_F(MetaGraphClientTest, TellsAnAnswerThatIsNotHttpFromAFailedTransfer) {
+    server.handleConnections([](ServerConnection& connection) {
+        connection.write("SSH-2.0-Server\r\n\r\n");
+        connection.waitForClose();
+    });
+    EXPECT_EQ(errorOf(200, "{}"), (Error{"MetaGraph", 500, "Phản hồi không hợp lệ."}));
+}
+
 TEST_F(MetaGraphClientTest, FailsInDecodingWhenASuccessHoldsSomethingElse) {
     for (const auto* body :
          {R"({"error":{"message":"M","code":190}})", R"({"id":7,"name":"n"})", R"({"id":"7"})",
