@@ -1,8 +1,8 @@
 #include "Views/ColorSwatch.h"
 
+#include "Views/Accessible.h"
 #include "Views/ThemeManager.h"
 
-#include <gtkmm/accessible.h>
 #include <gtkmm/snapshot.h>
 #include <gtkmm/stylecontext.h>
 
@@ -49,8 +49,7 @@ ColorSwatch::ColorSwatch(ThemeManager& theme, int width)
 void ColorSwatch::setPreset(ColorPreset preset) {
     preset_ = std::move(preset);
     set_tooltip_text(preset_.name);
-    gtk_accessible_update_property(
-        GTK_ACCESSIBLE(gobj()), GTK_ACCESSIBLE_PROPERTY_LABEL, preset_.name.c_str(), -1);
+    accessible::setName(*this, preset_.name);
     refresh();
 }
 

@@ -1,11 +1,13 @@
 #include "Views/ThemeSettingsView.h"
 
 #include "Platform/Gtk/SmoothRectangle.h"
+#include "Views/Accessible.h"
 #include "Views/ColorSwatch.h"
 #include "Views/Symbol.h"
 #include "Views/ThemeManager.h"
 
 #include <gdkmm/general.h>
+#include <gtkmm/eventcontrollerkey.h>
 #include <gtkmm/noselection.h>
 #include <gtkmm/overlay.h>
 #include <gtkmm/scrolledwindow.h>
@@ -80,8 +82,7 @@ Gtk::Widget& ThemeSettingsView::appearanceButton(
     button.add_css_class("mode-button");
     button.add_css_class("points-10");
     button.set_child(content);
-    gtk_accessible_update_property(
-        GTK_ACCESSIBLE(button.gobj()), GTK_ACCESSIBLE_PROPERTY_LABEL, title.c_str(), -1);
+    accessible::setName(button, title);
     button.signal_clicked().connect([this, mode] { theme_.setAppearanceMode(mode); });
     modeButtons_.emplace_back(mode, &button);
     return button;
@@ -115,8 +116,8 @@ Gtk::Widget& ThemeSettingsView::colorSection() {
     swatches_.set_factory(factory);
     swatches_.set_min_columns(columnCount);
     swatches_.set_max_columns(columnCount);
-    gtk_accessible_update_property(
-        GTK_ACCESSIBLE(swatches_.gobj()), GTK_ACCESSIBLE_PROPERTY_LABEL, "MÀU CHỦ ĐẠO", -1);
+    accessible::setName(swatches_, "MÀU CHỦ ĐẠO");
+    swatches_.add_controller(leavingByTab());
 
     auto& scroller = *Gtk::make_managed<Gtk::ScrolledWindow>();
     scroller.add_css_class("swatch-box");
@@ -141,6 +142,21 @@ Gtk::Widget& ThemeSettingsView::colorSection() {
     section.append(header);
     section.append(box);
     return section;
+}
+
+Glib::RefPtr<Gtk::EventController> ThemeSettingsView::leavingByTab() {
+    auto keys = Gtk::EventControllerKey::create();
+    keys->set_propagation_phase(Gtk::PropagationPhase::CAPTURE);
+    keys->signal_key_pressed().connect(
+        [this](guint key, guint, Gdk::ModifierType) {
+            if (key == GDK_KEY_Tab)
+                return modeButtons_.front().second->grab_focus();
+            if (key == GDK_KEY_ISO_Left_Tab)
+                return modeButtons_.back().second->grab_focus();
+            return false;
+        },
+        false);
+    return keys;
 }
 
 Gtk::Widget& ThemeSettingsView::presetButton() {

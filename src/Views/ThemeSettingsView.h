@@ -4,11 +4,9 @@
 
 #include <gtkmm/box.h>
 #include <gtkmm/drawingarea.h>
+#include <gtkmm/eventcontroller.h>
 #include <gtkmm/gridview.h>
 #include <gtkmm/label.h>
-#include <gtkmm/overlay.h>
-#include <gtkmm/scrolledwindow.h>
-#include <gtkmm/separator.h>
 #include <gtkmm/togglebutton.h>
 
 #include <string>
@@ -40,6 +38,9 @@ private:
     Gtk::Widget&
     appearanceButton(const std::string& mode, const Glib::ustring& title, const std::string& icon);
     Gtk::Widget& presetButton();
+    /// The grid is the panel's last stop: the arrows walk among the swatches, and Tab goes on to
+    /// the mode buttons in place of the next swatch.
+    Glib::RefPtr<Gtk::EventController> leavingByTab();
     void refresh();
 
     ThemeManager& theme_;

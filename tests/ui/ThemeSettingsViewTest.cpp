@@ -11,6 +11,7 @@
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
+#include <gtkmm/scrolledwindow.h>
 #include <gtkmm/window.h>
 
 #include <algorithm>
