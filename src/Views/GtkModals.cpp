@@ -1,5 +1,7 @@
 #include "Views/GtkModals.h"
 
+#include "Platform/GHandle.h"
+
 #include <adwaita.h>
 
 #include <algorithm>
@@ -34,7 +36,7 @@ GtkModals::GtkModals(Gtk::Window& window) : window_(window) {}
 GtkModals::~GtkModals() {
     destroyed_.disconnect();
     if (dialog_)
-        gtk_window_destroy(dialog_.get());
+        gtk_window_destroy(dialog_);
 }
 
 void GtkModals::show(ModalAlert alert, std::function<void(std::size_t)> answered) {
@@ -46,9 +48,9 @@ void GtkModals::show(ModalAlert alert, std::function<void(std::size_t)> answered
 void GtkModals::presentNext() {
     const ModalAlert& alert = requests_.front().alert;
     const auto cancel = cancelButton(alert);
-    dialog_ = GObjectPtr<GtkWindow>::share(GTK_WINDOW(adw_message_dialog_new(
-        frontmost(window_.gobj()), alert.title.c_str(), alert.message.c_str())));
-    auto* const dialog = ADW_MESSAGE_DIALOG(dialog_.get());
+    auto* const dialog = ADW_MESSAGE_DIALOG(adw_message_dialog_new(
+        frontmost(window_.gobj()), alert.title.c_str(), alert.message.c_str()));
+    dialog_ = GTK_WINDOW(dialog);
     for (std::size_t i = 0; i < alert.buttons.size(); ++i)
         adw_message_dialog_add_response(
             dialog, std::to_string(i).c_str(), alert.buttons[i].label.c_str());
@@ -60,7 +62,7 @@ void GtkModals::presentNext() {
     // The window beneath may be closed and take the dialog with it.
     destroyed_ = connectSignal<void(GtkWidget*)>(
         dialog, "destroy", [this, cancel](GtkWidget*) { finish(cancel); });
-    gtk_window_present(dialog_.get());
+    gtk_window_present(dialog_);
 }
 
 void GtkModals::finish(std::size_t answer) {

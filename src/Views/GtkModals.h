@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Platform/GHandle.h"
 #include "Platform/ScopedConnection.h"
 #include "Views/Modals.h"
 
@@ -31,7 +30,8 @@ private:
 
     Gtk::Window& window_;
     std::deque<Request> requests_; ///< The first one is on screen while there is a dialog.
-    GObjectPtr<GtkWindow> dialog_;
+    /// The toolkit's own, until it is answered or destroyed; null when no alert is shown.
+    GtkWindow* dialog_ = nullptr;
     ScopedConnection answered_;
     ScopedConnection destroyed_;
 };
