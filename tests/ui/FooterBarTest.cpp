@@ -26,6 +26,7 @@ class TheFooterBar : public testing::Test {
 protected:
     void SetUp() override {
         screen_.endpoints.linkTelegram = "https://telegram.example/help";
+        bar_.emplace(screen_.context, screen_.logger, support_);
         screen_.show(*bar_);
     }
 
@@ -44,7 +45,7 @@ protected:
     LoopbackServer server_;
     TestScreen screen_;
     SupportClient support_{screen_.settings, server_.origin(), screen_.device, screen_.logger, {}};
-    std::optional<FooterBar> bar_{std::in_place, screen_.context, screen_.logger, support_};
+    std::optional<FooterBar> bar_;
 };
 
 TEST_F(TheFooterBar, SendsTodaysLogAndLeadsToTelegram) {
