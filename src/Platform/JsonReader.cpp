@@ -29,8 +29,10 @@ bool isInteger(const nlohmann::json& value) {
 } // namespace
 
 Result<nlohmann::json> parseJson(std::string_view text) {
+    // The library would take a zero byte for the end and not look at what is behind it.
+    const bool whole = text.find('\0') == std::string_view::npos;
     auto value = nlohmann::json::parse(text.begin(), text.end(), nullptr, false);
-    if (value.is_discarded())
+    if (!whole || value.is_discarded())
         return failure("JSON", malformed, "Dữ liệu không phải là JSON hợp lệ.");
     return value;
 }

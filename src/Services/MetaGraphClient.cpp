@@ -1,5 +1,6 @@
 #include "Services/MetaGraphClient.h"
 
+#include "Platform/Background.h"
 #include "Platform/JsonReader.h"
 #include "Services/PictureDownloads.h"
 #include "Services/TokenRedaction.h"
@@ -108,6 +109,18 @@ Result<std::vector<ResolvedPage>> decodeManagedPages(const nlohmann::json& value
     return reader.finish(std::move(pages));
 }
 
+/// Decodes the body off the main loop: one that just fits would hold up the window.
+template <typename Value>
+Task<Result<Value>>
+decoded(Task<Result<std::string>> receiving, Result<Value> (*decode)(const nlohmann::json&)) {
+    auto body = co_await std::move(receiving);
+    if (!body)
+        co_return tl::unexpected<Error>(body.error());
+    auto work = [text = std::move(*body), decode] { return parseJson(text).and_then(decode); };
+    auto decoding = inBackground(std::move(work));
+    co_return co_await std::move(decoding);
+}
+
 } // namespace
 
 MetaGraphClient::MetaGraphClient(
@@ -126,17 +139,16 @@ Task<Result<PageInfo>> MetaGraphClient::fetchPageInfo() {
     if (cachedPageInfo_)
         co_return *cachedPageInfo_;
     const auto alive = lifetime_.watch();
-    const auto body = co_await get("/me?fields=id,name,picture&access_token=");
-    auto info = body.and_then(parseJson).and_then(decodePageInfo);
+    const auto info =
+        co_await decoded(get("/me?fields=id,name,picture&access_token="), &decodePageInfo);
     if (info && alive)
         cachedPageInfo_ = *info;
     co_return info;
 }
 
 Task<Result<std::vector<ResolvedPage>>> MetaGraphClient::fetchManagedPages() {
-    const auto body =
-        co_await get("/me/accounts?fields=id,name,access_token,picture&access_token=");
-    co_return body.and_then(parseJson).and_then(decodeManagedPages);
+    return decoded(
+        get("/me/accounts?fields=id,name,access_token,picture&access_token="), &decodeManagedPages);
 }
 
 Task<Result<std::string>> MetaGraphClient::fetchCustomerAvatarData(PageId customerId) {

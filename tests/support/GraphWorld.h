@@ -10,12 +10,12 @@ namespace tessaro::test {
 /// told to, whatever the token.
 struct GraphWorld : StoreWorld {
     LoopbackServer server;
+    std::string baseUrl = server.origin() + "/v25.0";
     HttpOptions options;
     int clientsMade = 0;
     GraphClientFactory makeClient = [this](SecretText token, std::optional<Account> account) {
         ++clientsMade;
-        return std::make_shared<MetaGraphClient>(
-            server.origin() + "/v25.0", std::move(token), account, options);
+        return std::make_shared<MetaGraphClient>(baseUrl, std::move(token), account, options);
     };
 
     void answerMe(LoopbackServer::Answer answer) { server.answer("/v25.0/me", std::move(answer)); }

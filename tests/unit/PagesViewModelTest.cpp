@@ -2,6 +2,7 @@
 
 #include "Platform/FileStore.h"
 #include "support/GraphWorld.h"
+#include "support/LongestTurn.h"
 #include "support/MainLoop.h"
 
 #include <gmock/gmock.h>
@@ -226,23 +227,17 @@ TEST_F(PagesViewModelTest, LoadsFiveHundredPagesWithoutStallingTheLoop) {
     world.server.handle("*", [](ServerConnection& connection, const ReceivedRequest&) {
         connection.write("HTTP/1.1 200 OK\r\nContent-Length: 1\r\n\r\nx");
     });
-    auto longest = 0ns;
-    auto before = std::chrono::steady_clock::now();
-    const auto beat = [&] {
-        const auto now = std::chrono::steady_clock::now();
-        longest = std::max<std::chrono::nanoseconds>(longest, now - before);
-        before = now;
-    };
+    LongestTurn turn;
     model->loadPages(account.id);
     std::size_t arrived = 0;
     const ScopedConnection watching(model->changed.connect([&] { ++arrived; }));
     EXPECT_TRUE(runUntil(
         [&] {
-            beat();
+            turn.beat();
             return arrived == 500;
         },
         60s));
     EXPECT_LE(world.server.mostOpenConnections(), 7u);
     EXPECT_EQ(world.server.connectionCount(), 500u);
-    EXPECT_LT(longest, 500ms);
+    EXPECT_LT(turn.longest(), 500ms);
 }

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Platform/Task.h"
+
+#include <optional>
+#include <type_traits>
+#include <utility>
+
+namespace tessaro {
+
+/// Runs `work` on a thread of GLib's pool and yields its result on the main loop. What the work
+/// touches must be its own: it outlives whoever awaits it.
+template <typename Work>
+Task<std::invoke_result_t<Work&>> inBackground(Work work) {
+    struct Job {
+        Work& work;
+        std::optional<std::invoke_result_t<Work&>> result;
+    } job{work, std::nullopt};
+    co_await AsyncCall(
+        [&job](GAsyncReadyCallback ready, gpointer data) {
+            const auto task = GObjectPtr<GTask>::adopt(g_task_new(nullptr, nullptr, ready, data));
+            g_task_set_task_data(task.get(), &job, nullptr);
+            g_task_run_in_thread(
+                task.get(), [](GTask* self, gpointer, gpointer started, GCancellable*) noexcept {
+                    auto* const running = static_cast<Job*>(started);
+                    running->result.emplace(running->work());
+                    g_task_return_boolean(self, TRUE);
+                });
+        },
+        [](GObject*, GAsyncResult* result) {
+            return g_task_propagate_boolean(reinterpret_cast<GTask*>(result), nullptr);
+        });
+    co_return std::move(*job.result);
+}
+
+} // namespace tessaro
