@@ -13,7 +13,7 @@ AccountButton::AccountButton() {
 void AccountButton::show(const Account& account) {
     face_.show(account.name, account.proxyEnabled);
     set_tooltip_text(account.name);
-    accessible::setName(*this, account.name);
+    accessible::setName(*this, account.name.empty() ? "?" : account.name);
 }
 
 void AccountButton::setSelected(bool selected) {

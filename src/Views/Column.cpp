@@ -28,9 +28,11 @@ bool focusBeyond(Gtk::Widget& widget, Gtk::DirectionType direction) {
 Column::Column(const Glib::RefPtr<Gio::ListModel>& rows, const Glib::ustring& name)
     : view_(Gtk::NoSelection::create(rows), factory_), menu_(*this) {
     add_css_class("column");
-    set_policy(Gtk::PolicyType::NEVER, Gtk::PolicyType::AUTOMATIC);
-    set_vexpand();
-    set_child(view_);
+    scroller_.set_policy(Gtk::PolicyType::NEVER, Gtk::PolicyType::AUTOMATIC);
+    scroller_.set_vexpand();
+    scroller_.set_hexpand();
+    scroller_.set_child(view_);
+    append(scroller_);
     accessible::setName(view_, name);
 
     auto keys = Gtk::EventControllerKey::create();
@@ -40,14 +42,14 @@ Column::Column(const Glib::RefPtr<Gio::ListModel>& rows, const Glib::ustring& na
             return onKeyPressed(key, modifiers);
         },
         false);
-    add_controller(keys);
+    scroller_.add_controller(keys); // Not this widget's: the open menu has keys of its own.
 
     auto secondary = Gtk::GestureClick::create();
     secondary->set_button(GDK_BUTTON_SECONDARY);
     secondary->set_propagation_phase(Gtk::PropagationPhase::CAPTURE);
     secondary->signal_pressed().connect(
-        [this](int, double x, double y) { openMenuOf(pick(x, y)); });
-    add_controller(secondary);
+        [this](int, double x, double y) { openMenuOf(scroller_.pick(x, y)); });
+    scroller_.add_controller(secondary);
 }
 
 bool Column::onKeyPressed(guint key, Gdk::ModifierType modifiers) {

@@ -3,6 +3,7 @@
 #include "Views/ContextMenu.h"
 #include "Views/RowModel.h"
 
+#include <gtkmm/box.h>
 #include <gtkmm/button.h>
 #include <gtkmm/listview.h>
 #include <gtkmm/noselection.h>
@@ -16,7 +17,7 @@ namespace tessaro {
 /// A narrow column of round or square buttons. The arrow keys go from button to button, Tab goes
 /// into the column and out of it; the secondary button, the Menu key and Shift+F10 open the menu of
 /// the button under the pointer or the focus.
-class Column : public Gtk::ScrolledWindow {
+class Column : public Gtk::Box {
 protected:
     Column(const Glib::RefPtr<Gio::ListModel>& rows, const Glib::ustring& name);
 
@@ -31,6 +32,7 @@ private:
     bool openMenuOf(Gtk::Widget* widget);
 
     Glib::RefPtr<Gtk::SignalListItemFactory> factory_ = Gtk::SignalListItemFactory::create();
+    Gtk::ScrolledWindow scroller_;
     Gtk::ListView view_;
     ContextMenu menu_;
 };

@@ -36,6 +36,12 @@ void MainSplitView::layOut(AppLogger& logger, SupportClient& support) {
     append(*Gtk::make_managed<FooterBar>(context_, logger, support));
 }
 
+void MainSplitView::on_map() {
+    Gtk::Box::on_map();
+    // The eye begins at the accounts, and so does the keyboard.
+    accounts_.child_focus(Gtk::DirectionType::TAB_FORWARD);
+}
+
 void MainSplitView::followAccount() {
     const auto& account = *accountsVM_.selectedAccount;
     const auto id = account ? std::optional(account->id) : std::nullopt;

@@ -28,6 +28,9 @@ public:
     AccountsViewModel& accountsVM() { return accountsVM_; }
     PagesViewModel& pagesVM() { return pagesVM_; }
 
+protected:
+    void on_map() override;
+
 private:
     void layOut(AppLogger& logger, SupportClient& support);
     void followAccount();

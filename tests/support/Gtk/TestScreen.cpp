@@ -17,6 +17,7 @@ TestScreen::~TestScreen() {
 }
 
 void TestScreen::show(Gtk::Widget& widget) {
+    window.set_default_size(900, 560);
     window.set_child(widget);
     window.present();
     settle();

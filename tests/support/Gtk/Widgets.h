@@ -30,7 +30,8 @@ Class* find(Gtk::Widget& root, const std::string& name) {
     return nullptr;
 }
 
-/// Presses the button of that name; ends the program when there is none that can be pressed.
+void click(Gtk::Button& button);
+/// Clicks the button of that name; throws when there is none that can be pressed.
 void press(Gtk::Widget& root, const std::string& name);
 
 /// The text of every label on screen below `root`.

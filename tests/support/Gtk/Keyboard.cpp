@@ -1,0 +1,32 @@
+#include "support/Gtk/Keyboard.h"
+
+#include "support/MainLoop.h"
+
+#include <gdk/x11/gdkx.h>
+
+// Its macros would change what comes after it.
+#include <X11/extensions/XTest.h>
+
+namespace tessaro::test {
+
+namespace {
+
+void key(guint keysym, bool isDown) {
+    Display* display = gdk_x11_display_get_xdisplay(gdk_display_get_default());
+    XTestFakeKeyEvent(display, XKeysymToKeycode(display, keysym), isDown, CurrentTime);
+    XSync(display, False);
+    runPending();
+}
+
+} // namespace
+
+void Keyboard::press(guint keysym, guint modifier) {
+    if (modifier)
+        key(modifier, true);
+    key(keysym, true);
+    key(keysym, false);
+    if (modifier)
+        key(modifier, false);
+}
+
+} // namespace tessaro::test

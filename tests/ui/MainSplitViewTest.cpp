@@ -1,0 +1,96 @@
+#include "Views/MainSplitView.h"
+
+#include "Services/SupportClient.h"
+#include "Views/AccountButton.h"
+#include "Views/PageButton.h"
+#include "support/Gtk/TestScreen.h"
+#include "support/Gtk/Widgets.h"
+#include "support/MainLoop.h"
+
+#include <gtest/gtest.h>
+
+using namespace tessaro;
+
+namespace {
+
+class MainSplitViewTest : public testing::Test {
+protected:
+    MainSplitViewTest() {
+        screen_.store.saveAccounts({first_, second_});
+        screen_.store.savePages(
+            {test::makePage(first_, "1", "Mai"), test::makePage(second_, "2", "Lan")});
+        view_.emplace(screen_.context, screen_.logger, support_);
+        screen_.show(*view_);
+    }
+    ~MainSplitViewTest() override { screen_.window.unset_child(); }
+
+    bool hasPlaceholder() { return test::find(*view_, "Chọn một Page để mở hộp thư") != nullptr; }
+    InboxContainerView* inbox() {
+        const auto found = test::descendants<InboxContainerView>(*view_);
+        return found.empty() ? nullptr : found.front();
+    }
+
+    test::TestScreen screen_;
+    SupportClient support_{
+        screen_.settings, "http://127.0.0.1:9", screen_.device, screen_.logger, {}};
+    Account first_ = test::makeAccount("Một");
+    Account second_ = test::makeAccount("Hai");
+    std::optional<MainSplitView> view_;
+};
+
+} // namespace
+
+TEST_F(MainSplitViewTest, StartsWithNothingSelectedAndTheKeyboardAtTheAccounts) {
+    EXPECT_TRUE(hasPlaceholder());
+    EXPECT_FALSE(test::find(*view_, "Thêm Page"));
+    EXPECT_TRUE(test::find<AccountButton>(*view_, "Một")->has_focus());
+    int minimum = 0, natural = 0, ignored = 0;
+    view_->measure(Gtk::Orientation::HORIZONTAL, -1, minimum, natural, ignored, ignored);
+    EXPECT_EQ(minimum, 900);
+    view_->measure(Gtk::Orientation::VERTICAL, -1, minimum, natural, ignored, ignored);
+    EXPECT_EQ(minimum, 560);
+}
+
+TEST_F(MainSplitViewTest, ThePagesFollowTheAccount) {
+    test::press(*view_, "Một");
+    screen_.settle();
+    EXPECT_TRUE(test::find<PageButton>(*view_, "Mai"));
+    test::press(*view_, "Hai");
+    screen_.settle();
+    EXPECT_FALSE(test::find<PageButton>(*view_, "Mai"));
+    EXPECT_TRUE(test::find<PageButton>(*view_, "Lan"));
+    view_->accountsVM().deleteAccount(first_);
+    view_->accountsVM().deleteAccount(second_);
+    screen_.settle();
+    EXPECT_TRUE(test::widgetsOf<PageButton>(*view_).empty());
+    EXPECT_FALSE(test::find(*view_, "Thêm Page"));
+}
+
+TEST_F(MainSplitViewTest, AnEditedAccountLoadsNoPagesAgain) {
+    test::press(*view_, "Một");
+    const auto asked = screen_.graph.asked.size();
+    first_.name = "Mốt";
+    view_->accountsVM().updateAccount(first_);
+    EXPECT_EQ(screen_.graph.asked.size(), asked);
+}
+
+TEST_F(MainSplitViewTest, TheInboxStandsInThePlaceholdersPlaceWhileAPageIsSelected) {
+    test::press(*view_, "Một");
+    screen_.settle();
+    test::press(*view_, "Mai");
+    screen_.settle();
+    InboxContainerView* const opened = inbox();
+    ASSERT_TRUE(opened);
+    EXPECT_EQ(opened->pageConfig().pageId.text, "1");
+    EXPECT_FALSE(hasPlaceholder());
+
+    const auto other = test::makePage(first_, "3");
+    view_->pagesVM().selectPage(other);
+    EXPECT_EQ(inbox(), opened) << "Another Page uses the same browser.";
+    EXPECT_EQ(opened->pageConfig().id, other.id);
+
+    test::press(*view_, "Hai");
+    screen_.settle();
+    EXPECT_FALSE(inbox());
+    EXPECT_TRUE(hasPlaceholder());
+}
