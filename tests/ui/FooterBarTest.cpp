@@ -27,6 +27,7 @@ protected:
     void SetUp() override {
         screen_.endpoints.linkTelegram = "https://telegram.example/help";
         bar_.emplace(screen_.context, screen_.logger, support_);
+        bar_->set_valign(Gtk::Align::END);
         screen_.show(*bar_);
     }
 

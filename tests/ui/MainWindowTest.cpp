@@ -1,6 +1,8 @@
 #include "Views/MainWindow.h"
 
+#include "Platform/Paths.h"
 #include "Views/InboxCommands.h"
+#include "support/Gtk/Keyboard.h"
 #include "support/Gtk/TestScreen.h"
 #include "support/Gtk/Widgets.h"
 #include "support/MainLoop.h"
@@ -15,19 +17,33 @@ namespace {
 class TheMainWindow : public testing::Test {
 protected:
     void SetUp() override {
-        application_->register_application();
         for (const auto* name :
              {focusSearchField, refreshInbox, webViewGoHome, webViewReload, webViewZoomIn,
               webViewZoomOut})
             observers_.push_back(notifications_.observe(
                 name, [this](const Notification& posted) { posted_.push_back(posted.name); }));
-        window_.emplace(application_, notifications_);
+        window_.emplace(application(), notifications_);
         window_->present();
         TestScreen::settle(*window_);
     }
 
-    Glib::RefPtr<Gtk::Application> application_ =
-        Gtk::Application::create("com.vandel.Tessaro.Test", Gio::Application::Flags::NON_UNIQUE);
+    /// One for all tests: an application stays on the bus until the process ends.
+    static const Glib::RefPtr<Gtk::Application>& application() {
+        static const auto registered = [] {
+            auto result = Gtk::Application::create(
+                "com.vandel.Tessaro.Test", Gio::Application::Flags::NON_UNIQUE);
+            result->register_application();
+            return result;
+        }();
+        return registered;
+    }
+    static Gtk::Window* windowCalled(const Glib::ustring& title) {
+        for (auto* window : Gtk::Window::list_toplevels())
+            if (window->get_title() == title && window->get_visible())
+                return window;
+        return nullptr;
+    }
+
     NotificationCenter notifications_;
     std::vector<ScopedConnection> observers_;
     std::vector<std::string> posted_;
@@ -48,10 +64,51 @@ TEST_F(TheMainWindow, OffersTheTwoCommandsInAMenu) {
         EXPECT_EQ(std::ranges::count(texts, text), 1) << text;
     button->popdown();
 
-    window_->activate_action("win.focus-search-field");
-    window_->activate_action("win.refresh-inbox");
-    EXPECT_EQ(posted_, (std::vector<std::string>{focusSearchField, refreshInbox}));
     EXPECT_FALSE(window_->lookup_action("new-window"));
+}
+
+TEST_F(TheMainWindow, PostsEachCommandOncePerStroke) {
+    ASSERT_TRUE(runUntil([&] { return window_->is_active(); }));
+    struct Stroke {
+        guint key;
+        guint modifier;
+        const char* posts;
+    };
+    for (const auto& [key, modifier, name] : std::initializer_list<Stroke>{
+             {GDK_KEY_k, GDK_KEY_Control_L, focusSearchField},
+             {GDK_KEY_r, GDK_KEY_Control_L, refreshInbox},
+             {GDK_KEY_Home, GDK_KEY_Alt_L, webViewGoHome},
+             {GDK_KEY_F5, 0, webViewReload},
+             {GDK_KEY_equal, GDK_KEY_Control_L, webViewZoomIn},
+             {GDK_KEY_minus, GDK_KEY_Control_L, webViewZoomOut}}) {
+        posted_.clear();
+        Keyboard::press(key, modifier);
+        EXPECT_TRUE(runUntil([&] { return !posted_.empty(); })) << name;
+        EXPECT_EQ(posted_, (std::vector<std::string>{name})) << name;
+    }
+}
+
+TEST_F(TheMainWindow, ListsItsKeysAndTellsAboutItself) {
+    gtk_widget_activate_action(GTK_WIDGET(window_->gobj()), "win.shortcuts", nullptr);
+    auto* const shortcuts = windowCalled("Phím tắt");
+    ASSERT_TRUE(shortcuts);
+    TestScreen::settle(*shortcuts);
+    const auto keys = textsOnScreen(*shortcuts);
+    for (const auto* command : {"Tìm kiếm cuộc trò chuyện", "Làm mới hộp thư"})
+        EXPECT_EQ(std::ranges::count(keys, command), 1) << command;
+    ASSERT_TRUE(runUntil([&] { return shortcuts->is_active(); }));
+    Keyboard::press(GDK_KEY_Escape);
+    EXPECT_TRUE(runUntil([&] { return !shortcuts->get_visible(); }));
+
+    gtk_widget_activate_action(GTK_WIDGET(window_->gobj()), "win.about", nullptr);
+    auto* const about = windowCalled("Giới thiệu Tessaro");
+    ASSERT_TRUE(about);
+    TestScreen::settle(*about);
+    const auto lines = textsOnScreen(*about);
+    EXPECT_EQ(std::ranges::count(lines, "Phiên bản 1.2.0"), 1);
+    EXPECT_TRUE(std::ranges::any_of(
+        lines, [](const std::string& line) { return line.starts_with("WebKitGTK 2."); }));
+    EXPECT_EQ(std::ranges::count(lines, "Dữ liệu: " + paths::dataFolder().string()), 1);
 }
 
 } // namespace
