@@ -93,9 +93,12 @@ private:
             row.set_child(*button);
         }
         shown_[button] = item;
-        item->onUpdate = [button, shown = item.get()] { button->show(*shown->record()); };
-        button->show(*item->record());
-        button->setSelected(isSelected(*item));
+        const auto show = [this, button, shown = item.get()] {
+            button->show(*shown->record());
+            button->setSelected(isSelected(*shown));
+        };
+        item->onUpdate = show;
+        show();
     }
 
     void unbind(Gtk::ListItem& row) {

@@ -21,7 +21,7 @@ public:
     /// Nothing in the row of the add button.
     const std::optional<Record>& record() const { return record_; }
 
-    /// A newer copy of the same record.
+    /// A newer copy of the record, or another one in its place.
     void update(const Record& record) {
         record_ = record;
         if (onUpdate)
@@ -37,7 +37,7 @@ private:
 };
 
 /// Keeps a list model in step with a list of records that are told apart by their `id`, so that a
-/// change touches only the rows that changed. UI thread only.
+/// change makes and drops no more rows than it must. UI thread only.
 template <typename Record>
 class RowModel {
 public:
@@ -54,19 +54,22 @@ public:
         while (tail < shorter - head &&
                isSame(rows_.size() - 1 - tail, records[records.size() - 1 - tail]))
             ++tail;
-        const std::size_t removed = rows_.size() - head - tail;
-        const std::size_t added = records.size() - head - tail;
+        // In between, rows that are there already take the new records; what is left is spliced.
+        const std::size_t kept = shorter - tail;
+        const std::size_t removed = rows_.size() - tail - kept;
+        const std::size_t added = records.size() - tail - kept;
 
         std::vector<Glib::RefPtr<Item>> fresh;
         fresh.reserve(added);
-        for (std::size_t i = head; i < head + added; ++i)
+        for (std::size_t i = kept; i < kept + added; ++i)
             fresh.push_back(Item::create(records[i]));
-        rows_.erase(rows_.begin() + head, rows_.begin() + head + removed);
-        rows_.insert(rows_.begin() + head, fresh.begin(), fresh.end());
+        const auto place = rows_.begin() + static_cast<std::ptrdiff_t>(kept);
+        rows_.erase(place, place + static_cast<std::ptrdiff_t>(removed));
+        rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(kept), fresh.begin(), fresh.end());
         if (removed > 0 || added > 0)
-            list_->splice(head, removed, fresh);
+            list_->splice(static_cast<guint>(kept), static_cast<guint>(removed), fresh);
         for (std::size_t i = 0; i < rows_.size(); ++i)
-            if (i < head || i >= head + added)
+            if (i < kept || i >= kept + added)
                 rows_[i]->update(records[i]);
     }
 
