@@ -44,6 +44,8 @@ TEST_F(MainSplitViewTest, StartsWithNothingSelectedAndTheKeyboardAtTheAccounts) 
     EXPECT_TRUE(hasPlaceholder());
     EXPECT_FALSE(test::find(*view_, "Thêm Page"));
     EXPECT_TRUE(test::find<AccountButton>(*view_, "Một")->has_focus());
+    EXPECT_EQ(test::descendants<AccountSidebar>(*view_).front()->get_width(), 56);
+    EXPECT_EQ(test::descendants<PageListView>(*view_).front()->get_width(), 56);
     int minimum = 0, natural = 0, ignored = 0;
     view_->measure(Gtk::Orientation::HORIZONTAL, -1, minimum, natural, ignored, ignored);
     EXPECT_EQ(minimum, 900);
