@@ -8,6 +8,9 @@ namespace tessaro::accessible {
 
 /// The widget's name, read out in place of anything that it shows.
 void setName(Gtk::Widget& widget, const Glib::ustring& name);
+/// Lets every button from `widget` down that shows a text be called by that text. By itself GTK 4.8
+/// names it twice over, once for its text and once for the label that holds the text.
+void nameButtonsByLabel(Gtk::Widget& widget);
 /// A button that stands for one of several things: whether it is the chosen one.
 void setPressed(Gtk::Widget& widget, bool pressed);
 /// Work goes on behind the widget.
