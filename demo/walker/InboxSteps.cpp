@@ -1,0 +1,73 @@
+#include "Steps.h"
+
+namespace tessaro::demo {
+
+namespace {
+
+// The colours of the demo site's own bars.
+constexpr unsigned long navBarColor = 0x7a1fa2;
+constexpr unsigned long sideNavColor = 0xad1457;
+// How much of the page's left edge is cut off, in points.
+constexpr int clip = 60;
+// What stands left of the inbox: two columns of 56 points and a divider after each.
+constexpr int columns = 2 * (56 + 1);
+// What the window draws around itself on a display without transparency, at most.
+constexpr int borders = 12;
+
+void expectView(const Walk& walk, const std::string& what, const nlohmann::json& wanted) {
+    walk.expect("the page to say: " + what, [&] {
+        const auto view = walk.server().view();
+        for (const auto& [key, value] : wanted.items())
+            if (!view.is_object() || view.value(key, nlohmann::json()) != value)
+                return false;
+        return true;
+    });
+}
+
+} // namespace
+
+void walkInbox(Walk& walk) {
+    walk.step("Open the flower shop's inbox: the site's own navigation is cut off and hidden");
+    walk.press(button("Tiệm Hoa Nắng Mai"));
+    expectView(
+        walk, "its bars are hidden",
+        {{"assetId", "100231450000101"},
+         {"navBar", false},
+         {"sideNav", false},
+         {"dark", false},
+         {"conversation", "Nguyễn Thu Hà"}});
+    walk.seeGone(label("Đang tải hộp thư..."));
+    walk.picture("inbox-light");
+    const auto window = walk.window();
+    if (walk.screen().countPixels(window, navBarColor) > 0 ||
+        walk.screen().countPixels(window, sideNavColor) > 0)
+        throw WalkFailure("the site's navigation is seen");
+    const int width = walk.server().view()["width"];
+    const int visible = width - clip;
+    if (visible > window.width - columns || visible < window.width - columns - borders)
+        throw WalkFailure(
+            "the page is " + std::to_string(width) + " points wide in a window of " +
+            std::to_string(window.width));
+
+    walk.step("Write an answer in the page: a customer replies");
+    walk.screen().click(window.x + window.width - 300, window.y + window.height - 75);
+    expectView(walk, "the cursor is in its text field", {{"focus", "answer"}});
+    for (const char* key : {"c", "h", "a", "o", "Return"})
+        walk.screen().typeKey(key);
+    expectView(walk, "two messages more", {{"sent", 1}, {"messages", 7}});
+    walk.picture("inbox-answered");
+
+    walk.step("The command for searching puts the cursor into the site's search field");
+    walk.screen().typeKey("k", true);
+    expectView(walk, "the cursor is in its search field", {{"focus", "search"}});
+
+    walk.step("Zoom in and out, and load the page again");
+    walk.press(button("Phóng to"));
+    walk.expect("a narrower page", [&] { return walk.server().view()["width"] < width; });
+    walk.press(button("Thu nhỏ"));
+    expectView(walk, "its former width", {{"width", width}});
+    walk.press(button("Tải lại trang"));
+    expectView(walk, "a fresh start, bars hidden", {{"sent", 0}, {"navBar", false}});
+}
+
+} // namespace tessaro::demo

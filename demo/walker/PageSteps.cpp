@@ -1,0 +1,83 @@
+#include "Steps.h"
+
+namespace tessaro::demo {
+
+namespace {
+
+constexpr const char* badTokenError = "Invalid OAuth access token - Cannot parse access token";
+constexpr const char* userTokenNote = "Đây là User Token. Chọn Page bạn muốn kết nối:";
+constexpr const char* pickedNote = "Page đã chọn — sẽ dùng Page Access Token";
+constexpr const char* pageTokenNote = "Page Token hợp lệ";
+
+void walkBadToken(Walk& walk) {
+    walk.step("Open the add-Page sheet and try a token that is none");
+    walk.press(button(firstAccount));
+    walk.press(button("Thêm Page"));
+    walk.see(dialog("Thêm Facebook Page"));
+    walk.picture("page-sheet-empty");
+    walk.type(field("ACCESS TOKEN"), "demo-no-token");
+    walk.picture("page-sheet-token-typed");
+    walk.press(button("Xác minh Token"));
+    walk.see(label(badTokenError));
+    walk.picture("page-sheet-error");
+}
+
+void walkUserToken(Walk& walk) {
+    walk.step("Verify a user token: three Pages are offered");
+    walk.type(field("ACCESS TOKEN"), "demo-user-token");
+    walk.server().delay("graph", std::chrono::milliseconds(1500));
+    walk.press(button("Xác minh Token"));
+    walk.seeGone(label(badTokenError));
+    walk.picture("page-sheet-verifying", std::chrono::milliseconds(300));
+    walk.see(label(userTokenNote));
+    walk.server().delay("graph", {});
+    walk.see(button("Cà Phê Góc Phố"));
+    walk.see(button("Sách Cũ Mùa Thu"));
+    walk.picture("page-sheet-user-token");
+
+    walk.step("Pick a Page");
+    walk.press(button("Tiệm Hoa Nắng Mai"));
+    walk.see(label(pickedNote));
+    walk.picture("page-sheet-picked");
+}
+
+/// The stored record and picture of the Page that was added last.
+void checkStored(const Walk& walk, const std::string& name, const std::string& token) {
+    const auto page = readRecords(walk, "pages.json").back();
+    if (page["pageName"] != name || page["pageToken"] != token)
+        throw WalkFailure("another Page was stored than the one picked");
+    const auto picture =
+        walk.places().data / "avatars" / (page["pageId"].get<std::string>() + ".jpg");
+    walk.expect(picture.string(), [&] { return readFile(picture).starts_with("\x89PNG"); });
+}
+
+} // namespace
+
+void walkPages(Walk& walk) {
+    walkBadToken(walk);
+    walkUserToken(walk);
+
+    walk.step("Add it: its inbox loads and is shown");
+    walk.server().delay("inbox", std::chrono::milliseconds(4000));
+    addPage(walk, 1);
+    checkStored(walk, "Tiệm Hoa Nắng Mai", "demo-page-token-hoa");
+    walk.see(label("Đang tải hộp thư..."));
+    walk.picture("inbox-loading", std::chrono::milliseconds(300));
+    walk.server().delay("inbox", {});
+    walk.seeGone(label("Đang tải hộp thư..."));
+
+    walk.step("Verify a Page token and add its Page, which has no picture");
+    verifyToken(walk, "demo-page-token", pageTokenNote);
+    walk.picture("page-sheet-page-token");
+    addPage(walk, 2);
+    walk.see(button("Bếp Nhà Lúa"));
+
+    walk.step("A user token of one Page has it picked already");
+    verifyToken(walk, "demo-single-token", pickedNote);
+    walk.picture("page-sheet-single");
+    addPage(walk, 3);
+    checkStored(walk, "Cà Phê Góc Phố", "demo-page-token-caphe");
+    walk.see(button("Cà Phê Góc Phố"));
+}
+
+} // namespace tessaro::demo

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Platform/GHandle.h"
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+
+namespace tessaro::demo {
+
+/// The program under the walker's eyes, as a process of its own. Ended with this object.
+class Program {
+public:
+    /// Starts it with the walker's environment; check isRunning().
+    /// @param output  takes what it prints
+    Program(const std::filesystem::path& binary, const std::filesystem::path& output);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    bool isRunning() const;
+    int processId() const;
+    /// Waits for it to end by itself; false when it does not in time, or ends with another status
+    /// than 0.
+    bool endsWell(std::chrono::seconds limit);
+
+private:
+    GObjectPtr<GSubprocess> process_;
+};
+
+} // namespace tessaro::demo

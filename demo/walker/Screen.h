@@ -1,0 +1,55 @@
+#pragma once
+
+#include <X11/Xlib.h>
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace tessaro::demo {
+
+/// The X display that the program is shown on: its picture, its clipboard, its keyboard and
+/// pointer.
+class Screen {
+public:
+    struct Area {
+        int x = 0, y = 0, width = 0, height = 0;
+    };
+
+    /// Opens the display that DISPLAY names; check isOpen().
+    Screen();
+    bool isOpen() const { return display_ != nullptr; }
+
+    /// Where the largest window of that title is, without its shadow; nothing while there is none.
+    std::optional<Area> findWindow(const std::string& title) const;
+    /// That area, grown to hold the menus and popovers that are open.
+    Area withPopovers(Area area) const;
+    /// Paints what lies behind all windows (0xRRGGBB).
+    void paintGround(unsigned long color) const;
+
+    /// Writes what is seen in the area, whatever window it belongs to. False when it cannot.
+    bool writePng(const Area& area, const std::filesystem::path& file) const;
+    /// Waits until nothing in the area has moved for a quarter of a second, `limit` at most.
+    void waitForRest(const Area& area, std::chrono::milliseconds limit) const;
+    /// How many pixels of the area have exactly this colour (0xRRGGBB).
+    int countPixels(const Area& area, unsigned long color) const;
+
+    /// The clipboard's plain text, asked of whoever owns it.
+    std::optional<std::string> clipboardText() const;
+
+    /// Presses and releases a key, named as in X11/keysymdef.h, with Control held where asked.
+    void typeKey(const char* keysym, bool control = false) const;
+    /// Moves the pointer, in the display's coordinates, and clicks there.
+    void movePointer(int x, int y) const;
+    void click(int x, int y, unsigned button = 1) const;
+
+private:
+    struct CloseDisplay {
+        void operator()(Display* display) const { XCloseDisplay(display); }
+    };
+    std::unique_ptr<Display, CloseDisplay> display_;
+};
+
+} // namespace tessaro::demo

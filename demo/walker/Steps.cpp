@@ -1,0 +1,34 @@
+#include "Steps.h"
+
+#include <fstream>
+#include <iterator>
+
+namespace tessaro::demo {
+
+std::string readFile(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+nlohmann::json readRecords(const Walk& walk, const char* file) {
+    auto records = nlohmann::json::parse(readFile(walk.places().data / file), nullptr, false);
+    return records.is_array() ? records : nlohmann::json::array();
+}
+
+void verifyToken(Walk& walk, const std::string& token, const std::string& expectedLabel) {
+    walk.press(button("Thêm Page"));
+    walk.see(dialog("Thêm Facebook Page"));
+    walk.type(field("ACCESS TOKEN"), token);
+    walk.press(button("Xác minh Token"));
+    walk.see(label(expectedLabel));
+}
+
+void addPage(Walk& walk, std::size_t pagesAfterwards) {
+    walk.press(button("Thêm Page"));
+    walk.seeGone(dialog("Thêm Facebook Page"));
+    walk.expect("the Page in pages.json", [&] {
+        return readRecords(walk, "pages.json").size() == pagesAfterwards;
+    });
+}
+
+} // namespace tessaro::demo

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Walk.h"
+
+#include <nlohmann/json.hpp>
+
+#include <filesystem>
+#include <string>
+
+/// The walk's stretches, in the order in which they are walked. Each begins where the one before
+/// it ended.
+namespace tessaro::demo {
+
+/// The first start: an update is offered, the window is empty, accounts are added.
+void walkAccounts(Walk& walk);
+/// The road of a Page, with a bad token, a user token and a Page token.
+void walkPages(Walk& walk);
+/// What the inbox shows and hides, and the commands for it.
+void walkInbox(Walk& walk);
+/// Dark and light, and the accent "gold".
+void walkTheme(Walk& walk);
+/// A second start on what was stored, with Pages of every kind.
+void walkSecondStart(Walk& walk);
+/// The log is sent in, and links are opened.
+void walkSupport(Walk& walk);
+
+/// The names that the walk gives its accounts.
+inline constexpr const char* firstAccount = "Cửa hàng hoa";
+inline constexpr const char* proxyAccount = "Đại lý Đà Nẵng";
+inline constexpr const char* secondAccount = "Quán cà phê";
+
+// What the stretches share.
+
+/// The whole file; empty when there is none.
+std::string readFile(const std::filesystem::path& file);
+/// The records of "accounts.json" or "pages.json"; an empty array when there are none.
+nlohmann::json readRecords(const Walk& walk, const char* file);
+/// Opens the add-Page sheet, verifies the token there and waits for the label.
+void verifyToken(Walk& walk, const std::string& token, const std::string& expectedLabel);
+/// Presses "Thêm Page" and waits until the sheet is gone and that many Pages are stored.
+void addPage(Walk& walk, std::size_t pagesAfterwards);
+
+} // namespace tessaro::demo

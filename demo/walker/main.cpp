@@ -1,0 +1,42 @@
+#include "Steps.h"
+
+#include <iostream>
+
+using namespace tessaro::demo;
+
+int main(int argc, char** argv) {
+    if (argc != 4) {
+        std::cerr
+            << "usage: tessaro-demo-walker PROGRAM ORIGIN FOLDER\n\n"
+               "Walks through the program against the demo server at ORIGIN as a user would,\n"
+               "by the accessibility bus, and writes a picture of each screen to FOLDER.\n"
+               "The program keeps its things in FOLDER/data and FOLDER/config.\n";
+        return 2;
+    }
+    const std::filesystem::path folder = std::filesystem::absolute(argv[3]);
+    atspi_init();
+    try {
+        Walk walk(
+            {.program = argv[1],
+             .data = folder / "data/Tessaro",
+             .settings = folder / "config/Tessaro/settings.ini",
+             .pictures = folder,
+             .opened = folder / "opened.txt",
+             .origin = argv[2]});
+        try {
+            for (const auto stretch :
+                 {walkAccounts, walkPages, walkInbox, walkTheme, walkSecondStart, walkSupport})
+                stretch(walk);
+            walk.step("Close the window");
+            walk.closeProgram();
+        } catch (const WalkFailure&) {
+            walk.explainFailure();
+            throw;
+        }
+    } catch (const std::exception& failure) {
+        std::cerr << "✗ " << failure.what() << std::endl;
+        return 1;
+    }
+    std::cout << "Every step was seen to happen." << std::endl;
+    return 0;
+}
