@@ -26,12 +26,13 @@ bool focusBeyond(Gtk::Widget& widget, Gtk::DirectionType direction) {
 } // namespace
 
 Column::Column(const Glib::RefPtr<Gio::ListModel>& rows, const Glib::ustring& name)
-    : view_(Gtk::NoSelection::create(rows), factory_), menu_(*this) {
+    : Gtk::Box(Gtk::Orientation::VERTICAL),
+      view_(Gtk::NoSelection::create(rows), factory_),
+      menu_(*this) {
     add_css_class("column");
     set_hexpand(false); // The scroller's wish for room ends at the column's own width.
     scroller_.set_policy(Gtk::PolicyType::NEVER, Gtk::PolicyType::AUTOMATIC);
     scroller_.set_vexpand();
-    scroller_.set_hexpand();
     scroller_.set_child(view_);
     append(scroller_);
     accessible::setName(view_, name);

@@ -53,6 +53,22 @@ TEST_F(MainSplitViewTest, StartsWithNothingSelectedAndTheKeyboardAtTheAccounts) 
     EXPECT_EQ(minimum, 560);
 }
 
+TEST_F(MainSplitViewTest, TheColumnsStayNarrow) {
+    test::press(*view_, "Một");
+    screen_.window.set_default_size(1400, 800);
+    screen_.settle();
+    EXPECT_EQ(test::descendants<AccountSidebar>(*view_).at(0)->get_width(), 56);
+    EXPECT_EQ(test::descendants<PageListView>(*view_).at(0)->get_width(), 56);
+    // The first row lies 8 points below the top, the next one 6 below the first one.
+    const auto rows = test::widgetsOf<AccountButton>(*view_);
+    ASSERT_EQ(rows.size(), 2u);
+    double x = 0, y = 0;
+    ASSERT_TRUE(rows[0]->translate_coordinates(*view_, 0, 0, x, y));
+    EXPECT_EQ(std::pair(x, y), std::pair(9.0, 8.0));
+    ASSERT_TRUE(rows[1]->translate_coordinates(*view_, 0, 0, x, y));
+    EXPECT_EQ(std::pair(x, y), std::pair(9.0, 8.0 + 38 + 6));
+}
+
 TEST_F(MainSplitViewTest, ThePagesFollowTheAccount) {
     test::press(*view_, "Một");
     screen_.settle();
