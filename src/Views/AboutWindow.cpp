@@ -33,7 +33,7 @@ AboutWindow::AboutWindow(Gtk::Window& parent)
     addLine(Glib::ustring("Phiên bản ") + build::version, "primary-text");
     addLine("Hộp thư của nhiều Trang Facebook trong một cửa sổ.", "secondary-text");
     addLine("WebKitGTK " + engineVersion(), "secondary-text");
-    addLine("Giấy phép: MIT", "secondary-text");
+    addLine("Giấy phép: GPL-3.0-or-later", "secondary-text");
     addLine("Dữ liệu: " + paths::dataFolder().string(), "secondary-text");
     set_child(lines_);
 }
