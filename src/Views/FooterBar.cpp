@@ -58,18 +58,18 @@ Task<void> FooterBar::sendSupportLogs() {
         co_return;
     supportButton_.setBusy(false);
     if (!sent) {
-        showLogAlert("Lỗi gửi log: " + sent.error().message, false);
+        showLogAlert("Lỗi gửi log: " + sent.error().message);
         co_return;
     }
     const auto identifier = context_.device.getDeviceUUID();
     context_.desktop.copyText(identifier);
     showLogAlert(
         "Gửi log hỗ trợ thành công!\n\nUUID: " + identifier +
-            "\n\nUUID đã được copy vào clipboard. Gửi UUID này qua Telegram để nhận hỗ trợ.",
-        true);
+        "\n\nUUID đã được copy vào clipboard. Gửi UUID này qua Telegram để nhận hỗ trợ.");
 }
 
-void FooterBar::showLogAlert(std::string message, bool leadsToTelegram) {
+void FooterBar::showLogAlert(std::string message) {
+    const bool leadsToTelegram = message.find("thành công") != std::string::npos;
     context_.modals.show(
         {.title = "Hỗ Trợ Kỹ Thuật", .message = std::move(message), .buttons = {{.label = "OK"}}},
         [&context = context_, leadsToTelegram](std::size_t) {

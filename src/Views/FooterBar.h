@@ -24,7 +24,8 @@ public:
 private:
     /// Sends today's log, and then tells under which identifier the support staff finds it.
     Task<void> sendSupportLogs();
-    void showLogAlert(std::string message, bool leadsToTelegram);
+    /// Its "OK" also opens the Telegram link where the message speaks of success.
+    void showLogAlert(std::string message);
 
     const ScreenContext& context_;
     AppLogger& logger_;
