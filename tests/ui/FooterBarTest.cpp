@@ -77,10 +77,10 @@ TEST_F(TheFooterBar, SendsTodaysLogAndLeadsToTelegram) {
 }
 
 TEST_F(TheFooterBar, SaysWhyALogWasRefusedAndGoesNowhere) {
-    server_.answer(path, {.status = 507, .body = R"({"error":"Không thành công: hết chỗ"})"});
+    server_.answer(path, {.status = 507, .body = R"({"error":"Máy chủ hết chỗ"})"});
     press(*bar_, buttonName);
     ASSERT_TRUE(alertAppears());
-    EXPECT_EQ(screen_.modals.alerts[0].message, "Lỗi gửi log: Không thành công: hết chỗ");
+    EXPECT_EQ(screen_.modals.alerts[0].message, "Lỗi gửi log: Máy chủ hết chỗ");
     screen_.modals.answers[0](0);
     EXPECT_TRUE(screen_.desktop.opened.empty());
     EXPECT_TRUE(screen_.desktop.copied.empty());
