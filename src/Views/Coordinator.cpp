@@ -110,7 +110,9 @@ void Coordinator::didFailNavigation(WebView&) {
 }
 
 void Coordinator::createWebView(WebView& webView, const std::string& address) {
-    if (!address.empty())
+    // Loaded on the program's own authority: local files and scripts, which the engine keeps from a
+    // page that asks in another way, must stay out of reach here as well.
+    if (isOpenableAddress(address))
         webView.load(address);
 }
 

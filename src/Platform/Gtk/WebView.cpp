@@ -26,26 +26,42 @@ GObjectPtr<WebKitWebView> makeView(const WebSession& session) {
 class OpenDialog {
 public:
     explicit OpenDialog(WebKitScriptDialog* dialog) : dialog_(webkit_script_dialog_ref(dialog)) {}
-    ~OpenDialog() {
-        close();
-        webkit_script_dialog_unref(dialog_);
-    }
+    ~OpenDialog() { close(); }
     OpenDialog(const OpenDialog&) = delete;
     OpenDialog& operator=(const OpenDialog&) = delete;
 
+    /// The engine's signal has returned: the answer will come later.
+    void outliveSignal() { isInSignal_ = false; }
+
     void close() {
-        if (!std::exchange(isClosed_, true))
-            webkit_script_dialog_close(dialog_);
+        if (WebKitScriptDialog* dialog = std::exchange(dialog_, nullptr)) {
+            // A dialog that nobody holds after its signal is closed by the engine, which crashes
+            // when that was done before.
+            if (!isInSignal_)
+                webkit_script_dialog_close(dialog);
+            webkit_script_dialog_unref(dialog);
+        }
     }
     void confirm(bool confirmed) {
-        webkit_script_dialog_confirm_set_confirmed(dialog_, confirmed);
+        if (dialog_)
+            webkit_script_dialog_confirm_set_confirmed(dialog_, confirmed);
         close();
     }
 
 private:
     WebKitScriptDialog* dialog_;
-    bool isClosed_ = false;
+    bool isInSignal_ = true;
 };
+
+/// Whether the engine puts a page of its own, which tells the error, in place of the one that
+/// failed to load.
+bool showsErrorPage(const GError& error) {
+    return !g_error_matches(&error, WEBKIT_NETWORK_ERROR, WEBKIT_NETWORK_ERROR_CANCELLED) &&
+           !g_error_matches(
+               &error, WEBKIT_POLICY_ERROR,
+               WEBKIT_POLICY_ERROR_FRAME_LOAD_INTERRUPTED_BY_POLICY_CHANGE) &&
+           !g_error_matches(&error, WEBKIT_MEDIA_ERROR, WEBKIT_MEDIA_ERROR_WILL_HANDLE_LOAD);
+}
 
 } // namespace
 
@@ -60,9 +76,11 @@ WebView::WebView(const WebSession& session, Clock& clock)
             }));
     connect(
         "load-failed",
-        std::function([this](WebKitWebView*, WebKitLoadEvent, char*, GError*) -> gboolean {
-            return onLoadFailed();
-        }));
+        std::function(
+            [this](WebKitWebView*, WebKitLoadEvent, char* address, GError* error) -> gboolean {
+                onLoadFailed(showsErrorPage(*error) ? address : "");
+                return FALSE;
+            }));
     connect("notify::estimated-load-progress", std::function([this](WebKitWebView*, GParamSpec*) {
                 onProgress();
             }));
@@ -90,10 +108,12 @@ void WebView::setCustomUserAgent(const std::string& userAgent) {
 }
 
 void WebView::load(const std::string& address) {
+    errorPageAddress_.clear();
     webkit_web_view_load_uri(view_.get(), address.c_str());
 }
 
 void WebView::reload() {
+    errorPageAddress_.clear();
     webkit_web_view_reload(view_.get());
 }
 
@@ -122,24 +142,27 @@ void WebView::terminateWebProcess() {
 
 void WebView::onLoadChanged(int event) {
     if (event == WEBKIT_LOAD_STARTED) {
+        const std::string errorPage = std::exchange(errorPageAddress_, {});
+        if (!errorPage.empty() && errorPage == address())
+            return;
         hasFailed_ = false;
         expectProgress();
         if (delegate_)
             delegate_->didStartProvisionalNavigation(*this);
     } else if (event == WEBKIT_LOAD_FINISHED) {
         timeout_.disconnect();
-        // The engine says of a failed load, too, that it has finished.
+        // The engine says of a failed load and of its error page, too, that they have finished.
         if (delegate_ && !hasFailed_)
             delegate_->didFinishNavigation(*this);
     }
 }
 
-bool WebView::onLoadFailed() {
+void WebView::onLoadFailed(const std::string& errorPageAddress) {
     hasFailed_ = true;
+    errorPageAddress_ = errorPageAddress;
     timeout_.disconnect();
     if (delegate_)
         delegate_->didFailNavigation(*this);
-    return false;
 }
 
 bool WebView::onScriptDialog(WebKitScriptDialog* dialog) {
@@ -152,6 +175,7 @@ bool WebView::onScriptDialog(WebKitScriptDialog* dialog) {
         delegate_->runScriptAlert(message, [open] { open->close(); });
     else
         delegate_->runScriptConfirm(message, [open](bool confirmed) { open->confirm(confirmed); });
+    open->outliveSignal();
     return true;
 }
 

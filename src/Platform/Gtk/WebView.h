@@ -51,7 +51,7 @@ public:
 
 private:
     void onLoadChanged(int event);
-    bool onLoadFailed();
+    void onLoadFailed(const std::string& errorPageAddress);
     bool onScriptDialog(WebKitScriptDialog* dialog);
     void onProgress();
     void onWebProcessTerminated();
@@ -62,6 +62,7 @@ private:
     Clock& clock_;
     WebViewDelegate* delegate_ = nullptr;
     bool hasFailed_ = false;
+    std::string errorPageAddress_; ///< Of the error page that the engine is about to load.
     ScopedConnection timeout_;
     std::vector<ScopedConnection> signals_;
 };
