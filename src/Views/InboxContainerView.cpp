@@ -31,7 +31,7 @@ InboxContainerView::InboxContainerView(
     sandboxNotice_.set_wrap();
     sandboxNotice_.set_max_width_chars(56);
     sandboxNotice_.set_justify(Gtk::Justification::CENTER);
-    sandboxNotice_.add_css_class("inbox-notice");
+    sandboxNotice_.set_css_classes({"points-13", "secondary-text"});
     stack_.add(sandboxNotice_);
     buildOverlay();
     showBrowser();
@@ -52,6 +52,7 @@ void InboxContainerView::buildOverlay() {
     spinner_.set_vexpand();
     loadingText_.set_valign(Gtk::Align::START);
     loadingText_.set_vexpand();
+    loadingText_.set_css_classes({"points-13", "secondary-text"});
     loadingOverlay_.append(spinner_);
     loadingOverlay_.append(loadingText_);
     add_overlay(loadingOverlay_);
@@ -92,7 +93,8 @@ void InboxContainerView::showLoading() {
 }
 
 void InboxContainerView::loadAgain() {
-    coordinator_->handleReload();
+    // Not a reload: the engine has nothing to reload when the process died during the first load.
+    coordinator_->handleGoHome();
 }
 
 } // namespace tessaro

@@ -6,10 +6,7 @@
 
 namespace tessaro {
 
-namespace {
-
-/// Does what the engine does for a web process, with a program that ends at once.
-bool tryOut() {
+bool webSandboxWorks() {
     // Inside a Flatpak the engine asks the portal for its sandbox.
     if (std::filesystem::exists("/.flatpak-info"))
         return true;
@@ -23,14 +20,6 @@ bool tryOut() {
         nullptr, "bwrap", "--unshare-user", "--unshare-pid", "--unshare-uts", "--ro-bind", "/", "/",
         "true", nullptr));
     return process && g_subprocess_wait_check(process.get(), nullptr, nullptr);
-}
-
-} // namespace
-
-bool webSandboxWorks() {
-    // A failure is not remembered: the person may mend the system while the program runs.
-    static bool hasWorked = false;
-    return hasWorked = hasWorked || tryOut();
 }
 
 } // namespace tessaro

@@ -10,7 +10,6 @@ GObjectPtr<WebKitWebView> makeView(const WebSession& session) {
     const auto settings = GObjectPtr<WebKitSettings>::adopt(webkit_settings_new());
     g_object_set(
         settings.get(), "enable-javascript", TRUE, "media-playback-requires-user-gesture", FALSE,
-        "enable-back-forward-navigation-gestures", TRUE,
         // Window requests of scripts are answered in the same view, so they need no click.
         "javascript-can-open-windows-automatically", TRUE,
         // The quirks put other identities than the one set into requests to some hosts.
@@ -71,6 +70,10 @@ WebView::WebView(const WebSession& session, Clock& clock)
         [this]<typename Signature>(const char* signal, std::function<Signature> handler) {
             signals_.push_back(connectSignal<Signature>(view_.get(), signal, std::move(handler)));
         };
+    // For its swipes the engine takes a picture of the page at each navigation, and crashes over a
+    // view that is not in a window then.
+    connect("map", std::function([this](WebKitWebView*) { setSwipeGestures(true); }));
+    connect("unmap", std::function([this](WebKitWebView*) { setSwipeGestures(false); }));
     connect("load-changed", std::function([this](WebKitWebView*, WebKitLoadEvent event) {
                 onLoadChanged(event);
             }));
@@ -101,6 +104,12 @@ WebView::WebView(const WebSession& session, Clock& clock)
         std::function([this](WebKitWebView*, WebKitWebProcessTerminationReason) {
             onWebProcessTerminated();
         }));
+}
+
+WebView::~WebView() {
+    signals_.clear();
+    // The engine would keep the process, with what the page left in its memory, for another page.
+    webkit_web_view_terminate_web_process(view_.get());
 }
 
 void WebView::setCustomUserAgent(const std::string& userAgent) {
@@ -136,8 +145,9 @@ std::string WebView::address() const {
     return address ? address : "";
 }
 
-void WebView::terminateWebProcess() {
-    webkit_web_view_terminate_web_process(view_.get());
+void WebView::setSwipeGestures(bool areEnabled) {
+    webkit_settings_set_enable_back_forward_navigation_gestures(
+        webkit_web_view_get_settings(view_.get()), areEnabled);
 }
 
 void WebView::onLoadChanged(int event) {

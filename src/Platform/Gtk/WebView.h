@@ -25,6 +25,8 @@ public:
     static constexpr auto loadTimeout = std::chrono::seconds(60);
 
     WebView(const WebSession& session, Clock& clock);
+    /// The page does not survive in memory.
+    ~WebView();
     WebView(const WebView&) = delete;
     WebView& operator=(const WebView&) = delete;
 
@@ -46,10 +48,9 @@ public:
     void evaluateScript(const std::string& script);
     /// The address of the page shown; empty before the first one.
     std::string address() const;
-    /// Ends the process that holds the page.
-    void terminateWebProcess();
 
 private:
+    void setSwipeGestures(bool areEnabled);
     void onLoadChanged(int event);
     void onLoadFailed(const std::string& errorPageAddress);
     bool onScriptDialog(WebKitScriptDialog* dialog);

@@ -1,0 +1,114 @@
+#pragma once
+
+#include "Platform/Gtk/WebSession.h"
+#include "Views/ClippedWebViewContainer.h"
+#include "Views/Coordinator.h"
+#include "Views/PageInboxWebView.h"
+#include "Views/ScreenContext.h"
+#include "support/LoopbackServer.h"
+#include "support/MainLoop.h"
+#include "support/StoreWorld.h"
+
+#include <gtkmm/window.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tessaro::test {
+
+/// A desktop that is light or dark as the test says.
+class StubAppearance final : public Appearance {
+public:
+    bool isReady() const override { return true; }
+    void whenReady(std::function<void()> action) override { action(); }
+    void setApplicationScheme(ColorScheme) override {}
+    void setWindowScheme(Window, ColorScheme) override {}
+    std::vector<Window> openWindows() const override { return {}; }
+    bool isEffectivelyDark() const override { return isDark; }
+    ScopedConnection observeEffective(std::function<void()>) override { return {}; }
+
+    bool isDark = false;
+};
+
+class StubDesktop final : public Desktop {
+public:
+    void openAddress(const std::string&) override {}
+    void copyText(const std::string&) override {}
+};
+
+/// Keeps what was asked; the test answers.
+class RecordingModals final : public Modals {
+public:
+    void show(ModalAlert alert, std::function<void(std::size_t)> answered) override {
+        alerts.push_back(std::move(alert));
+        answers.push_back(std::move(answered));
+    }
+
+    std::vector<ModalAlert> alerts;
+    std::vector<std::function<void(std::size_t)>> answers;
+};
+
+/// What an inbox browser needs, on a loopback server that stands in for the inbox site.
+struct InboxWorld {
+    /// With a ManualClock in place of the computer's, nothing that is meant for later happens by
+    /// itself.
+    explicit InboxWorld(Clock& clock = SystemClock::shared());
+
+    LoopbackServer server;
+    LoopbackServer otherServer; ///< Another host, as the injection sees it.
+    StoreWorld records;
+    StubAppearance appearance;
+    StubDesktop desktop;
+    RecordingModals modals;
+    NotificationCenter& notifications = records.notifications;
+    ThemeManager theme;
+    ImageLoader images;
+    Endpoints endpoints;
+    ScreenContext context;
+    std::unique_ptr<WebSession> session = newSession();
+
+    /// Another one over the same files, as after a new start of the program.
+    std::unique_ptr<WebSession> newSession();
+    static LoopbackServer::Answer page(const std::string& body, const std::string& cookie = "");
+
+    static constexpr const char* inboxPath = "/latest/inbox/all";
+};
+
+/// One inbox browser in a window of its own.
+class InboxBrowser {
+public:
+    explicit InboxBrowser(InboxWorld& world, const std::string& pageId = "1001");
+    InboxBrowser(
+        const ScreenContext& context, const WebSession& session, const std::string& pageId);
+    ~InboxBrowser();
+
+    /// As after the selection of another Page.
+    void show(const std::string& pageId);
+    WebView& webView() { return *container->webView(); }
+    /// Turns the main loop until so many loads have ended since the start.
+    bool waitForLoads(int count);
+    /// The value of a script expression in the page, as text.
+    std::string ask(const std::string& expression);
+    bool waitUntil(const std::string& expression);
+    /// Leaves for another page by following a link.
+    void follow(const std::string& address);
+
+    std::shared_ptr<tessaro::Property<bool>> isLoading =
+        std::make_shared<tessaro::Property<bool>>(false);
+    int startedLoads = 0; ///< How often the loading flag went up.
+    int endedLoads = 0;   ///< How often it went down.
+    std::unique_ptr<Coordinator> coordinator;
+    std::unique_ptr<ClippedWebViewContainer> container;
+    Gtk::Window window;
+
+private:
+    PageInboxWebView host(const std::string& pageId) const;
+
+    const ScreenContext& context_;
+    const WebSession& session_;
+    ScopedConnection loadingChanged_;
+};
+
+} // namespace tessaro::test

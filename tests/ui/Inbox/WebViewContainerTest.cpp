@@ -1,0 +1,89 @@
+#include "ui/Inbox/InboxWorld.h"
+
+#include "support/Gtk/Pointer.h"
+
+#include <gmock/gmock.h>
+
+namespace tessaro::test {
+namespace {
+
+/// A page taller than its window, which counts what the pointer does to it.
+constexpr const char* countingPage = R"html(
+<style>body { margin: 0; height: 4000px; }</style>
+<script>
+    window.seen = [];
+    for (const kind of ['mousedown', 'mouseup', 'mousemove', 'wheel', 'contextmenu'])
+        addEventListener(kind, event => {
+            window.seen.push(kind + '@' + event.clientX);
+            if (kind === 'contextmenu') event.preventDefault();
+        });
+</script>
+)html";
+
+class WebViewContainer : public testing::Test {
+protected:
+    WebViewContainer() {
+        world.server.answer(InboxWorld::inboxPath, InboxWorld::page(countingPage));
+        browser.emplace(world);
+    }
+
+    /// Waits until the page knows the width that it has now.
+    bool waitForWidth(int width) {
+        return runUntil([&] { return browser->container->get_width() == width; }) &&
+               browser->waitUntil("innerWidth === " + std::to_string(width + 60));
+    }
+
+    void expectClipAndShield() {
+        ClippedWebViewContainer& container = *browser->container;
+        // The right side lets a resize go unnoticed least.
+        for (const double x : {10.0, 29.0})
+            for (const unsigned button : {1U, 3U}) {
+                Pointer::clickAt(container, x, 300, button);
+                Pointer::press(button);
+                Pointer::moveTo(container, x - 5, 350);
+                Pointer::release(button);
+                Pointer::scrollDown(5);
+            }
+        Pointer::clickAt(container, 40, 300);
+        ASSERT_TRUE(browser->waitUntil("window.seen.includes('mouseup@100')"));
+        EXPECT_EQ(browser->ask("window.seen.every(it => it.endsWith('@100'))"), "true")
+            << browser->ask("window.seen");
+        EXPECT_EQ(browser->ask("scrollY"), "0");
+        Pointer::moveTo(container, container.get_width() - 50, 300);
+        Pointer::scrollDown(5);
+        EXPECT_TRUE(browser->waitUntil("scrollY > 0"));
+        browser->ask("(scrollTo(0, 0), window.seen = [])");
+    }
+
+    InboxWorld world;
+    std::optional<InboxBrowser> browser;
+};
+
+TEST_F(WebViewContainer, CutsSixtyPointsOffThePageAndShieldsThirtyAtAnySize) {
+    ASSERT_TRUE(browser->waitForLoads(1));
+    ASSERT_TRUE(waitForWidth(800));
+    expectClipAndShield();
+
+    browser->window.set_default_size(640, 480);
+    ASSERT_TRUE(waitForWidth(640));
+    expectClipAndShield();
+
+    browser->window.set_default_size(1100, 700);
+    ASSERT_TRUE(waitForWidth(1100));
+    expectClipAndShield();
+}
+
+TEST_F(WebViewContainer, ShieldIsNoStopOfTheTabKey) {
+    ASSERT_TRUE(browser->waitForLoads(1));
+    ASSERT_TRUE(waitForWidth(800));
+    MouseBlockerView& shield = browser->container->mouseBlocker();
+    EXPECT_FALSE(shield.get_focusable());
+    Pointer::clickAt(*browser->container, 10, 100);
+    EXPECT_TRUE(runUntil([&] { return shield.has_focus(); }));
+    Pointer::clickAt(*browser->container, 100, 100);
+    EXPECT_TRUE(runUntil([&] { return browser->webView().widget().has_focus(); }));
+    EXPECT_FALSE(shield.get_focusable());
+}
+
+} // namespace
+} // namespace tessaro::test
