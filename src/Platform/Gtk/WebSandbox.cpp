@@ -17,7 +17,7 @@ bool webSandboxWorks() {
     const auto process = GObjectPtr<GSubprocess>::adopt(g_subprocess_new(
         static_cast<GSubprocessFlags>(
             G_SUBPROCESS_FLAGS_STDOUT_SILENCE | G_SUBPROCESS_FLAGS_STDERR_SILENCE),
-        nullptr, "bwrap", "--unshare-user", "--unshare-pid", "--unshare-uts", "--ro-bind", "/", "/",
+        nullptr, "bwrap", "--unshare-pid", "--unshare-uts", "--unshare-net", "--ro-bind", "/", "/",
         "true", nullptr));
     return process && g_subprocess_wait_check(process.get(), nullptr, nullptr);
 }

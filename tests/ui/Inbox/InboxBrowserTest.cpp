@@ -3,7 +3,7 @@
 #include "Views/InboxCommands.h"
 #include "support/ManualClock.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace tessaro::test {
 namespace {
@@ -165,7 +165,7 @@ public:
 TEST(InboxBrowser, OutlivesAnAnswerThatComesTooEarlyOrTooLate) {
     InboxWorld world;
     HastyModals hasty;
-    const ScreenContext& c = world.context;
+    const ScreenContext& c = world.browserContext;
     const ScreenContext context{c.theme, c.notifications, c.clock,  c.desktop,   hasty,
                                 c.store, c.device,        c.images, c.endpoints, {}};
     {

@@ -2,12 +2,13 @@
 
 #include <webkit/webkit.h>
 
+#include <optional>
+
 namespace tessaro::test {
 
-InboxWorld::InboxWorld(Clock& clock)
-    : theme(records.settings, appearance, records.notifications, clock),
-      context{theme,         records.notifications, clock,  desktop,   modals,
-              records.store, records.device,        images, endpoints, {}} {
+InboxWorld::InboxWorld(Clock& browserClock)
+    : browserContext{theme, notifications, browserClock, desktop,   modals,
+                     store, device,        images,       endpoints, {}} {
     endpoints.inboxOrigin = server.origin();
     server.answer(inboxPath, page("<title>inbox</title><p>inbox"));
     for (LoopbackServer* each : {&server, &otherServer})
@@ -15,7 +16,7 @@ InboxWorld::InboxWorld(Clock& clock)
 }
 
 std::unique_ptr<WebSession> InboxWorld::newSession() {
-    return std::make_unique<WebSession>(records.folder / "web", records.folder / "web-cache");
+    return std::make_unique<WebSession>(folder / "web", folder / "web-cache");
 }
 
 LoopbackServer::Answer InboxWorld::page(const std::string& body, const std::string& cookie) {
@@ -28,7 +29,7 @@ LoopbackServer::Answer InboxWorld::page(const std::string& body, const std::stri
 }
 
 InboxBrowser::InboxBrowser(InboxWorld& world, const std::string& pageId)
-    : InboxBrowser(world.context, *world.session, pageId) {}
+    : InboxBrowser(world.browserContext, *world.session, pageId) {}
 
 InboxBrowser::InboxBrowser(
     const ScreenContext& context, const WebSession& session, const std::string& pageId)

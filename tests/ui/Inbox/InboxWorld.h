@@ -5,68 +5,26 @@
 #include "Views/Coordinator.h"
 #include "Views/PageInboxWebView.h"
 #include "Views/ScreenContext.h"
+#include "support/Gtk/ScreenWorld.h"
 #include "support/LoopbackServer.h"
 #include "support/MainLoop.h"
-#include "support/StoreWorld.h"
 
 #include <gtkmm/window.h>
 
 #include <memory>
-#include <optional>
 #include <string>
-#include <vector>
 
 namespace tessaro::test {
 
-/// A desktop that is light or dark as the test says.
-class StubAppearance final : public Appearance {
-public:
-    bool isReady() const override { return true; }
-    void whenReady(std::function<void()> action) override { action(); }
-    void setApplicationScheme(ColorScheme) override {}
-    void setWindowScheme(Window, ColorScheme) override {}
-    std::vector<Window> openWindows() const override { return {}; }
-    bool isEffectivelyDark() const override { return isDark; }
-    ScopedConnection observeEffective(std::function<void()>) override { return {}; }
-
-    bool isDark = false;
-};
-
-class StubDesktop final : public Desktop {
-public:
-    void openAddress(const std::string&) override {}
-    void copyText(const std::string&) override {}
-};
-
-/// Keeps what was asked; the test answers.
-class RecordingModals final : public Modals {
-public:
-    void show(ModalAlert alert, std::function<void(std::size_t)> answered) override {
-        alerts.push_back(std::move(alert));
-        answers.push_back(std::move(answered));
-    }
-
-    std::vector<ModalAlert> alerts;
-    std::vector<std::function<void(std::size_t)>> answers;
-};
-
 /// What an inbox browser needs, on a loopback server that stands in for the inbox site.
-struct InboxWorld {
+struct InboxWorld : ScreenWorld {
     /// With a ManualClock in place of the computer's, nothing that is meant for later happens by
-    /// itself.
-    explicit InboxWorld(Clock& clock = SystemClock::shared());
+    /// itself in the browser.
+    explicit InboxWorld(Clock& browserClock = SystemClock::shared());
 
     LoopbackServer server;
     LoopbackServer otherServer; ///< Another host, as the injection sees it.
-    StoreWorld records;
-    StubAppearance appearance;
-    StubDesktop desktop;
-    RecordingModals modals;
-    NotificationCenter& notifications = records.notifications;
-    ThemeManager theme;
-    ImageLoader images;
-    Endpoints endpoints;
-    ScreenContext context;
+    ScreenContext browserContext;
     std::unique_ptr<WebSession> session = newSession();
 
     /// Another one over the same files, as after a new start of the program.

@@ -3,7 +3,7 @@
 #include "Views/InboxCommands.h"
 #include "support/ManualClock.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace tessaro::test {
 namespace {
@@ -78,7 +78,7 @@ TEST(PageScripts, DarkStyleFollowsTheThemeWithoutAReload) {
     ASSERT_TRUE(browser.waitForLoads(1));
     EXPECT_EQ(browser.ask(darkCount), "0");
 
-    world.appearance.isDark = true; // The desktop's choice, which the mode "system" follows.
+    world.appearance.setDesktopDark(true); // The desktop's choice, which the mode "system" follows.
     world.notifications.post(webViewThemeChanged);
     world.notifications.post(webViewThemeChanged);
     EXPECT_EQ(browser.ask(darkCount), "1");

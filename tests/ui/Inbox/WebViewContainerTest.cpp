@@ -2,7 +2,9 @@
 
 #include "support/Gtk/Pointer.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <optional>
 
 namespace tessaro::test {
 namespace {
@@ -35,7 +37,6 @@ protected:
 
     void expectClipAndShield() {
         ClippedWebViewContainer& container = *browser->container;
-        // The right side lets a resize go unnoticed least.
         for (const double x : {10.0, 29.0})
             for (const unsigned button : {1U, 3U}) {
                 Pointer::clickAt(container, x, 300, button);

@@ -1,0 +1,121 @@
+#include "ui/Inbox/InboxWorld.h"
+#include "ui/Inbox/WebProcesses.h"
+
+#include "Views/InboxCommands.h"
+#include "Views/InboxContainerView.h"
+#include "support/Gtk/WidgetTree.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <csignal>
+#include <cstdlib>
+#include <optional>
+
+namespace tessaro::test {
+namespace {
+
+class InboxContainer : public testing::Test {
+protected:
+    void show(const std::string& pageId = "1001") {
+        container.emplace(world.browserContext, makePage(account, pageId), account, *world.session);
+        window.set_default_size(800, 600);
+        window.set_child(*container);
+        window.present();
+    }
+    std::size_t inboxRequests() const { return world.server.requestCount(InboxWorld::inboxPath); }
+    bool isShown(const std::string& text) {
+        for (Gtk::Label* label : descendants<Gtk::Label>(*container))
+            if (label->get_text().find(text) != std::string::npos && label->get_mapped())
+                return true;
+        return false;
+    }
+    bool waitForShown(const std::string& text) {
+        return runUntil([&] { return isShown(text); });
+    }
+    bool waitForLoaded() {
+        return runUntil([&] { return isShown(veil); }) && runUntil([&] { return !isShown(veil); });
+    }
+
+    const std::string veil = "Đang tải hộp thư...";
+    InboxWorld world;
+    const Account account = makeAccount();
+    Gtk::Window window;
+    std::optional<InboxContainerView> container;
+};
+
+TEST_F(InboxContainer, VeilsThePageWhileItLoads) {
+    std::atomic<bool> mayAnswer = false;
+    world.server.handle(
+        InboxWorld::inboxPath, [&](ServerConnection& connection, const ReceivedRequest&) {
+            while (!mayAnswer && connection.pause(std::chrono::milliseconds(5))) {
+            }
+            connection.write("HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\n"
+                             "Content-Length: 8\r\n\r\n<p>inbox");
+        });
+    show();
+    EXPECT_FALSE(isShown(veil));
+    ASSERT_TRUE(waitForShown(veil));
+    Gtk::Widget& browser = *descendants<ClippedWebViewContainer>(*container).at(0);
+    EXPECT_TRUE(browser.get_mapped());
+    EXPECT_TRUE(browser.has_css_class("veiled"));
+    mayAnswer = true;
+    ASSERT_TRUE(runUntil([&] { return !isShown(veil); }));
+    EXPECT_FALSE(browser.has_css_class("veiled"));
+}
+
+TEST_F(InboxContainer, KeepsItsBrowserFromPageToPage) {
+    show("1001");
+    ASSERT_TRUE(waitForLoaded());
+    Gtk::Widget* browser = descendants<ClippedWebViewContainer>(*container).at(0);
+    container->setPage(makePage(account, "1002"), account);
+    ASSERT_TRUE(waitForLoaded());
+    EXPECT_EQ(descendants<ClippedWebViewContainer>(*container).at(0), browser);
+    EXPECT_EQ(world.server.requests().back().target, "/latest/inbox/all?asset_id=1002");
+}
+
+TEST_F(InboxContainer, OffersToLoadThePageAgainAfterItsProcessCrashed) {
+    show();
+    ASSERT_TRUE(waitForLoaded());
+    const auto processes = webProcesses();
+    ASSERT_FALSE(processes.empty());
+    for (const pid_t process : processes)
+        kill(process, SIGKILL);
+    ASSERT_TRUE(waitForShown("Tải lại trang"));
+    EXPECT_FALSE(descendants<ClippedWebViewContainer>(*container).at(0)->get_mapped());
+
+    for (Gtk::Button* button : descendants<Gtk::Button>(*container))
+        if (button->get_label() == "Tải lại trang")
+            gtk_widget_activate(GTK_WIDGET(button->gobj()));
+    ASSERT_TRUE(runUntil([&] { return inboxRequests() == 2; }));
+    ASSERT_TRUE(runUntil(
+        [&] { return descendants<ClippedWebViewContainer>(*container).at(0)->get_mapped(); }));
+    EXPECT_FALSE(isShown("Tải lại trang"));
+}
+
+TEST_F(InboxContainer, SaysWhatToDoWhereTheSandboxIsForbidden) {
+    const std::string path = std::getenv("PATH");
+    setenv("PATH", world.folder.path().c_str(), 1); // Nothing that makes a sandbox is found there.
+    show();
+    setenv("PATH", path.c_str(), 1);
+    ASSERT_TRUE(waitForShown("vùng cách ly"));
+    EXPECT_EQ(inboxRequests(), 0U);
+
+    container->setPage(makePage(account, "1002"), account);
+    ASSERT_TRUE(waitForLoaded());
+    EXPECT_FALSE(isShown("vùng cách ly"));
+}
+
+TEST_F(InboxContainer, IsDroppedWhileItLoads) {
+    show();
+    ASSERT_TRUE(waitForLoaded());
+    container->setPage(makePage(account, "1002"), account);
+    window.unset_child();
+    container.reset();
+    world.notifications.post(webViewReload);
+    EXPECT_TRUE(runUntil([&] { return inboxRequests() <= 2; }));
+    runPending();
+}
+
+} // namespace
+} // namespace tessaro::test
