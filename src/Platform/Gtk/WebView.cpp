@@ -16,9 +16,12 @@ GObjectPtr<WebKitWebView> makeView(const WebSession& session) {
         "enable-site-specific-quirks", FALSE, nullptr);
     const auto policies = GObjectPtr<WebKitWebsitePolicies>::adopt(
         webkit_website_policies_new_with_policies("autoplay", WEBKIT_AUTOPLAY_ALLOW, nullptr));
+    // A context of the view's own ends all its processes with it. A shared one would keep some,
+    // with what pages left in their memory, for later pages.
+    const auto context = GObjectPtr<WebKitWebContext>::adopt(webkit_web_context_new());
     return GObjectPtr<WebKitWebView>::share(static_cast<WebKitWebView*>(g_object_new(
-        WEBKIT_TYPE_WEB_VIEW, "network-session", session.get(), "settings", settings.get(),
-        "website-policies", policies.get(), nullptr)));
+        WEBKIT_TYPE_WEB_VIEW, "web-context", context.get(), "network-session", session.get(),
+        "settings", settings.get(), "website-policies", policies.get(), nullptr)));
 }
 
 /// A question of a page, which waits for the answer for as long as this exists.
@@ -108,7 +111,7 @@ WebView::WebView(const WebSession& session, Clock& clock)
 
 WebView::~WebView() {
     signals_.clear();
-    // The engine would keep the process, with what the page left in its memory, for another page.
+    // A script that still runs would keep the view, and the process, a while longer.
     webkit_web_view_terminate_web_process(view_.get());
 }
 

@@ -18,14 +18,13 @@ using WebKitScriptDialog = struct _WebKitScriptDialog;
 namespace tessaro {
 
 /// One embedded browser page. Its scripts run, its media plays without a click, and it goes back
-/// and forward by swiping and zooms by pinching. UI thread only.
+/// and forward by swiping and zooms by pinching. No page survives it in memory. UI thread only.
 class WebView {
 public:
     /// Without any progress for this long, a load is stopped and has failed.
     static constexpr auto loadTimeout = std::chrono::seconds(60);
 
     WebView(const WebSession& session, Clock& clock);
-    /// The page does not survive in memory.
     ~WebView();
     WebView(const WebView&) = delete;
     WebView& operator=(const WebView&) = delete;

@@ -3,6 +3,7 @@
 #include <webkit/webkit.h>
 
 #include <optional>
+#include <vector>
 
 namespace tessaro::test {
 
@@ -16,7 +17,10 @@ InboxWorld::InboxWorld(Clock& browserClock)
 }
 
 std::unique_ptr<WebSession> InboxWorld::newSession() {
-    return std::make_unique<WebSession>(folder / "web", folder / "web-cache");
+    // Views that script runs still hold outlive the test, and the engine crashes when the last view
+    // of a session takes it along.
+    static std::vector<WebSession> kept;
+    return std::make_unique<WebSession>(kept.emplace_back(folder / "web", folder / "web-cache"));
 }
 
 LoopbackServer::Answer InboxWorld::page(const std::string& body, const std::string& cookie) {
