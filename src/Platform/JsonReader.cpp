@@ -19,6 +19,27 @@ Error wrongMember(const char* key) {
 
 const nlohmann::json nothing;
 
+/// Well beyond anything that the program reads. Each level costs dozens of times its one byte.
+constexpr int deepestNesting = 512;
+
+/// Counts brackets outside of texts; what is no JSON at all is left to the parser.
+bool isNestedTooDeep(std::string_view text) {
+    int depth = 0;
+    bool inText = false;
+    for (std::size_t i = 0; i < text.size() && depth <= deepestNesting; ++i) {
+        const char c = text[i];
+        if (inText && c == '\\')
+            ++i;
+        else if (c == '"')
+            inText = !inText;
+        else if (!inText && (c == '[' || c == '{'))
+            ++depth;
+        else if (!inText && (c == ']' || c == '}'))
+            --depth;
+    }
+    return depth > deepestNesting;
+}
+
 /// Whether the value is an integer of 64 bits with a sign.
 bool isInteger(const nlohmann::json& value) {
     constexpr auto most = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
@@ -31,8 +52,10 @@ bool isInteger(const nlohmann::json& value) {
 Result<nlohmann::json> parseJson(std::string_view text) {
     // The library would take a zero byte for the end and not look at what is behind it.
     const bool whole = text.find('\0') == std::string_view::npos;
+    if (!whole || isNestedTooDeep(text))
+        return failure("JSON", malformed, "Dữ liệu không phải là JSON hợp lệ.");
     auto value = nlohmann::json::parse(text.begin(), text.end(), nullptr, false);
-    if (!whole || value.is_discarded())
+    if (value.is_discarded())
         return failure("JSON", malformed, "Dữ liệu không phải là JSON hợp lệ.");
     return value;
 }

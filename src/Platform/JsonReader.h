@@ -13,7 +13,8 @@
 /// its value: values may be secrets.
 namespace tessaro {
 
-/// Parses one document.
+/// Parses one document. One that is nested more than 512 levels deep is refused before it is
+/// parsed: it would take many times its own size in memory.
 Result<nlohmann::json> parseJson(std::string_view text);
 
 /// Reads the members of one JSON object. The first failure sticks: read every member, then ask

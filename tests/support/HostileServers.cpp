@@ -132,8 +132,7 @@ std::vector<HostileServer> hostileDocuments(const std::string& body) {
         {"nests arrays without end", sends(document(repeated("[", 100000)))},
         {"nests arrays 100,000 deep",
          sends(
-             document(withMember(body, "\"x\":" + repeated("[", 100000) + repeated("]", 100000)))),
-         true},
+             document(withMember(body, "\"x\":" + repeated("[", 100000) + repeated("]", 100000))))},
         {"sends a number of 10,000 digits",
          sends(document(withMember(body, "\"x\":" + std::string(10000, '9'))))},
         {"sends a key twice", sends(document(withMember(body, "\"id\":1,\"data\":2"))), true},
