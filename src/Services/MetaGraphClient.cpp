@@ -2,6 +2,7 @@
 
 #include "Platform/Background.h"
 #include "Platform/JsonReader.h"
+#include "Services/GraphAnswers.h"
 #include "Services/PictureDownloads.h"
 #include "Services/TokenRedaction.h"
 
@@ -15,8 +16,6 @@ namespace tessaro {
 
 namespace {
 
-using ResolvedPage = MetaGraphClient::ResolvedPage;
-
 constexpr const char* domain = "MetaGraph";
 
 HttpOptions optionsFor(HttpOptions options, const std::optional<Account>& account) {
@@ -25,25 +24,6 @@ HttpOptions optionsFor(HttpOptions options, const std::optional<Account>& accoun
     if (account && account->proxyEnabled && !account->proxyHost.empty() && account->proxyPort > 0)
         options.proxy = HttpOptions::Proxy{account->proxyHost, account->proxyPort};
     return options;
-}
-
-/// What an answer other than success says about itself.
-struct GraphError {
-    std::optional<std::string> message;
-    std::optional<std::int64_t> code;
-};
-
-Result<GraphError> decodeGraphError(const nlohmann::json& value) {
-    JsonReader wrapper(value);
-    GraphError result;
-    if (const auto* object = wrapper.optionalObject("error")) {
-        JsonReader error(*object);
-        result.message = error.optionalText("message");
-        error.optionalText("type");
-        result.code = error.optionalInteger("code");
-        wrapper.adopt(error.error());
-    }
-    return wrapper.finish(std::move(result));
 }
 
 Result<void> checkHTTPResponse(const HttpResponse& response) {
@@ -74,39 +54,6 @@ Task<Result<std::string>> bodyOf(Task<Result<HttpResponse>> sending, SecretText 
         error = Error{domain, 500, "Phản hồi không hợp lệ."};
     error.message = redacted(error.message, token);
     co_return tl::unexpected<Error>(std::move(error));
-}
-
-/// The picture's address; every level may be missing.
-std::optional<std::string> readPictureUrl(JsonReader& page) {
-    const auto* picture = page.optionalObject("picture");
-    if (!picture)
-        return std::nullopt;
-    JsonReader wrapper(*picture);
-    std::optional<std::string> url;
-    if (const auto* object = wrapper.optionalObject("data")) {
-        JsonReader data(*object);
-        url = data.optionalText("url");
-        wrapper.adopt(data.error());
-    }
-    page.adopt(wrapper.error());
-    return url;
-}
-
-Result<std::vector<ResolvedPage>> decodeManagedPages(const nlohmann::json& value) {
-    JsonReader reader(value);
-    std::vector<ResolvedPage> pages;
-    for (const auto& element : reader.array("data")) {
-        JsonReader page(element);
-        pages.push_back(
-            {.id = PageId{page.text("id")},
-             .name = page.text("name"),
-             .accessToken = SecretText(page.text("access_token")),
-             .avatarUrl = readPictureUrl(page)});
-        reader.adopt(page.error());
-        if (reader.error())
-            break;
-    }
-    return reader.finish(std::move(pages));
 }
 
 /// Decodes the body off the main loop: one that just fits would hold up the window.
@@ -146,7 +93,7 @@ Task<Result<PageInfo>> MetaGraphClient::fetchPageInfo() {
     co_return info;
 }
 
-Task<Result<std::vector<ResolvedPage>>> MetaGraphClient::fetchManagedPages() {
+Task<Result<std::vector<MetaGraphClient::ResolvedPage>>> MetaGraphClient::fetchManagedPages() {
     return decoded(
         get("/me/accounts?fields=id,name,access_token,picture&access_token="), &decodeManagedPages);
 }

@@ -3,6 +3,7 @@
 #include "Platform/JsonReader.h"
 #include "Platform/WebAddress.h"
 #include "Services/BuildConfig.h"
+#include "Services/SupportAnswers.h"
 
 #include <utility>
 
@@ -12,44 +13,9 @@ namespace {
 
 constexpr const char* domain = "SupportClient";
 
-/// The answer to an upload. It must have this form, but nobody acts on what it says.
-struct SimpleResponse {
-    bool success;
-    std::optional<std::string> message;
-};
-
-struct APIErrorResponse {
-    std::optional<std::string> error;
-    std::optional<std::string> message;
-};
-
-template <typename Answer>
-Result<Answer> decode(const nlohmann::json& value);
-
-template <>
-Result<UpdateInfo> decode(const nlohmann::json& value) {
-    JsonReader reader(value);
-    UpdateInfo info{reader.text("version"), reader.text("url"), reader.text("notes")};
-    return reader.finish(std::move(info));
-}
-
-template <>
-Result<SimpleResponse> decode(const nlohmann::json& value) {
-    JsonReader reader(value);
-    SimpleResponse response{reader.boolean("success"), reader.optionalText("message")};
-    return reader.finish(std::move(response));
-}
-
-template <>
-Result<APIErrorResponse> decode(const nlohmann::json& value) {
-    JsonReader reader(value);
-    APIErrorResponse response{reader.optionalText("error"), reader.optionalText("message")};
-    return reader.finish(std::move(response));
-}
-
 template <typename Answer>
 Result<Answer> decodeBody(const HttpResponse& response) {
-    return parseJson(response.body).and_then(decode<Answer>);
+    return parseJson(response.body).and_then(decodeSupportAnswer<Answer>);
 }
 
 std::string messageOfFailure(const HttpResponse& response) {

@@ -1,0 +1,28 @@
+#include "Services/SupportAnswers.h"
+
+#include "Platform/JsonReader.h"
+
+namespace tessaro {
+
+template <>
+Result<UpdateInfo> decodeSupportAnswer(const nlohmann::json& value) {
+    JsonReader reader(value);
+    UpdateInfo info{reader.text("version"), reader.text("url"), reader.text("notes")};
+    return reader.finish(std::move(info));
+}
+
+template <>
+Result<SimpleResponse> decodeSupportAnswer(const nlohmann::json& value) {
+    JsonReader reader(value);
+    SimpleResponse response{reader.boolean("success"), reader.optionalText("message")};
+    return reader.finish(std::move(response));
+}
+
+template <>
+Result<APIErrorResponse> decodeSupportAnswer(const nlohmann::json& value) {
+    JsonReader reader(value);
+    APIErrorResponse response{reader.optionalText("error"), reader.optionalText("message")};
+    return reader.finish(std::move(response));
+}
+
+} // namespace tessaro

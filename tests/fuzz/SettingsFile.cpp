@@ -1,0 +1,24 @@
+#include "FuzzTarget.h"
+
+#include "Platform/FileStore.h"
+#include "Platform/SettingsStore.h"
+#include "support/TempFolder.h"
+
+#include <fstream>
+
+using namespace tessaro;
+
+/// Whatever the file held, its values can be asked for and a change survives a new start.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const test::TempFolder folder;
+    const auto file = folder / "config" / "settings.ini";
+    std::filesystem::remove_all(file.parent_path()); // With what was set aside.
+    ensureFolder(file.parent_path());
+    std::ofstream(file) << test::asText(data, size);
+    SettingsStore settings(file);
+    for (const char* key : {"theme_appearance_mode", "theme_active_preset_id", "skarn_server_url"})
+        settings.text(key);
+    settings.setText("SkarnDeviceUUID", "changed");
+    test::require(SettingsStore(file).text("SkarnDeviceUUID") == "changed");
+    return 0;
+}
