@@ -1,0 +1,119 @@
+#include "Services/SupportClient.h"
+#include "Views/AccountDetailSheet.h"
+#include "Views/AddPageSheet.h"
+#include "Views/MainSplitView.h"
+#include "Views/Resources.h"
+#include "Views/SheetPresenter.h"
+#include "support/Gtk/TestScreen.h"
+#include "support/Gtk/Widgets.h"
+#include "support/MainLoop.h"
+
+#include <adwaita.h>
+#include <gtkmm/init.h>
+#include <malloc.h>
+
+#include <fstream>
+#include <iostream>
+
+using namespace tessaro;
+
+namespace {
+
+constexpr int rounds = 100;
+constexpr int accountsPerRound = 2, switchesPerRound = 10, sheetsPerRound = 5, togglesPerRound = 2;
+constexpr double mostGrowth = 5; ///< In MiB, after the first tenth.
+
+/// What this process holds of its own, in MiB (proc(5), smaps_rollup).
+double memory(const std::string& key) {
+    malloc_trim(0); // Freed memory that the allocator keeps is no leak.
+    std::ifstream file("/proc/self/smaps_rollup");
+    for (std::string line; std::getline(file, line);)
+        if (line.starts_with(key + ":"))
+            return std::stod(line.substr(key.size() + 1)) / 1024;
+    return 0;
+}
+
+/// The main window's content with many accounts, used as in a long day.
+class Day {
+public:
+    explicit Day(const std::string& inboxOrigin) {
+        screen_.endpoints.inboxOrigin = inboxOrigin;
+        std::vector<PageConfig> pages;
+        for (int i = 0; i < rounds * accountsPerRound; ++i) {
+            accounts_.push_back(test::makeAccount("Tài khoản " + std::to_string(i)));
+            for (int page = 0; page < 5; ++page)
+                pages.push_back(test::makePage(accounts_.back(), std::to_string(10 * i + page)));
+        }
+        screen_.store.saveAccounts(accounts_);
+        screen_.store.savePages(pages);
+        view_.emplace(screen_.context, screen_.logger, support_);
+        screen_.show(*view_);
+    }
+    ~Day() { screen_.window.unset_child(); }
+
+    void passRound(int round) {
+        for (int i = 0; i < accountsPerRound; ++i) {
+            view_->accountsVM().selectAccount(accounts_[round * accountsPerRound + i]);
+            screen_.settle();
+            for (int page = 0; page < switchesPerRound / accountsPerRound; ++page) {
+                view_->pagesVM().selectPage(view_->pagesVM().pages->at(page));
+                screen_.settle();
+            }
+        }
+        for (int i = 0; i < sheetsPerRound; ++i) {
+            if (i % 2)
+                openAndClose(std::make_unique<AddPageSheet>(
+                    screen_.context, view_->pagesVM(), accounts_[round]));
+            else
+                openAndClose(std::make_unique<AccountDetailSheet>(
+                    screen_.context, AccountDetailSheet::Mode::add(), [](auto&&...) {}));
+        }
+        for (int i = 0; i < togglesPerRound; ++i) {
+            screen_.theme.toggleTheme();
+            screen_.settle();
+        }
+    }
+
+private:
+    void openAndClose(std::unique_ptr<Sheet> sheet) {
+        sheet->onDismiss([this] { sheets_.dismiss(); });
+        sheets_.present(std::move(sheet), *view_);
+        test::TestScreen::settle(*sheets_.shown());
+        test::press(*sheets_.shown(), "Hủy");
+        test::runPending(); // Dismissed sheets are dropped when the loop is idle.
+    }
+
+    test::TestScreen screen_;
+    SupportClient support_{
+        screen_.settings, "http://127.0.0.1:9", screen_.device, screen_.logger, {}};
+    std::vector<Account> accounts_;
+    std::optional<MainSplitView> view_;
+    SheetPresenter sheets_;
+};
+
+} // namespace
+
+int main(int count, char** arguments) {
+    if (count != 2) {
+        std::cerr << "usage: tessaro_soak INBOX-ORIGIN\n";
+        return 2;
+    }
+    Gtk::init_gtkmm_internals();
+    adw_init();
+    registerResources();
+    Day day(arguments[1]);
+    double atTenth = 0;
+    for (int round = 0; round < rounds; ++round) {
+        day.passRound(round);
+        if ((round + 1) % (rounds / 10) != 0)
+            continue;
+        const double held = memory("Private_Dirty");
+        std::cout << round + 1 << " of " << rounds << " rounds: " << held << " MiB of its own, "
+                  << memory("Rss") << " MiB resident" << std::endl;
+        if (!atTenth)
+            atTenth = memory("Rss");
+    }
+    const double growth = memory("Rss") - atTenth;
+    std::cout << "grown by " << growth << " MiB since the first tenth" << std::endl;
+    return growth < mostGrowth ? 0 : 1;
+}
