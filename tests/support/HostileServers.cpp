@@ -150,7 +150,7 @@ std::vector<HostileServer> hostileServers(const std::string& body) {
 }
 
 HttpOptions hostileOptions() {
-    return {.silenceLimit = 1s, .totalLimit = 400ms, .bodyLimit = 1 << 20};
+    return {.silenceLimit = 1s, .totalLimit = 700ms, .bodyLimit = 1 << 20};
 }
 
 } // namespace tessaro::test

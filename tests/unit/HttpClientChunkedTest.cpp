@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <mutex>
 
 using namespace tessaro;
 using namespace tessaro::test;
@@ -32,29 +33,40 @@ protected:
             client_.emplace(HttpOptions{});
         }
         server_->handle("*", [this](ServerConnection& connection, const ReceivedRequest&) {
+            // Copies: the test goes on to the next body once the client has ended.
+            std::unique_lock lock(mutex_);
+            const auto body = body_;
+            const auto piece = piece_;
+            const bool drop = drop_;
+            lock.unlock();
             connection.write("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n");
-            for (std::size_t at = 0; at < body_.size(); at += piece_) {
-                connection.write(body_.substr(at, piece_));
-                if (piece_ < body_.size())
+            for (std::size_t at = 0; at < body.size(); at += piece) {
+                connection.write(body.substr(at, piece));
+                if (piece < body.size())
                     connection.pause(1ms);
             }
-            if (drop_)
+            if (drop)
                 connection.drop();
         });
     }
 
-    Result<HttpResponse> receive(std::string body, std::size_t piece = 1 << 30) {
-        body_ = std::move(body);
-        piece_ = piece;
+    Result<HttpResponse> receive(std::string body, std::size_t piece = 1 << 30, bool drop = false) {
+        {
+            const std::lock_guard lock(mutex_);
+            body_ = std::move(body);
+            piece_ = piece;
+            drop_ = drop;
+        }
         return await(client_->send({.url = server_->origin()}));
     }
 
     std::optional<TestAuthority> authority_;
-    std::optional<LoopbackServer> server_;
     std::optional<HttpClient> client_;
+    std::mutex mutex_; ///< Guards the three below.
     std::string body_;
     std::size_t piece_ = 0;
     bool drop_ = false;
+    std::optional<LoopbackServer> server_; ///< Goes first, and its threads with it.
 };
 
 INSTANTIATE_TEST_SUITE_P(, HttpClientChunked, testing::Bool(), [](const auto& instance) {
@@ -91,9 +103,8 @@ TEST_P(HttpClientChunked, RefusesABodyCutAnywhere) {
     const std::string whole = chunk("hello") + "A;x=y\r\n0123456789\r\n0\r\nX-Trailer: t\r\n\r\n";
     const std::size_t step = GetParam() ? 9 : 1; // TLS takes its time to connect.
     for (const bool drop : {false, true}) {
-        drop_ = drop;
         for (std::size_t length = 0; length < whole.size(); length += step) {
-            const auto response = receive(whole.substr(0, length));
+            const auto response = receive(whole.substr(0, length), 1 << 30, drop);
             ASSERT_FALSE(response) << "cut after " << length;
         }
     }
