@@ -21,9 +21,10 @@ namespace {
 
 constexpr int rounds = 100;
 constexpr int accountsPerRound = 2, switchesPerRound = 10, sheetsPerRound = 5, togglesPerRound = 2;
+constexpr std::chrono::milliseconds hour = std::chrono::hours(1);
 constexpr double mostGrowth = 5; ///< In MiB, after the first tenth.
 
-/// What this process holds of its own, in MiB (proc(5), smaps_rollup).
+/// What this process holds, in MiB (proc(5), smaps_rollup).
 double memory(const std::string& key) {
     malloc_trim(0); // Freed memory that the allocator keeps is no leak.
     std::ifstream file("/proc/self/smaps_rollup");
@@ -31,6 +32,11 @@ double memory(const std::string& key) {
         if (line.starts_with(key + ":"))
             return std::stod(line.substr(key.size() + 1)) / 1024;
     return 0;
+}
+
+std::size_t openFiles() {
+    const std::filesystem::directory_iterator files("/proc/self/fd");
+    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
 }
 
 /// The main window's content with many accounts, used as in a long day.
@@ -72,6 +78,9 @@ public:
             screen_.theme.toggleTheme();
             screen_.settle();
         }
+        // A dropped browser waits for the last run of its scripts.
+        screen_.clock.advance(hour / rounds);
+        screen_.settle();
     }
 
 private:
@@ -107,9 +116,9 @@ int main(int count, char** arguments) {
         day.passRound(round);
         if ((round + 1) % (rounds / 10) != 0)
             continue;
-        const double held = memory("Private_Dirty");
-        std::cout << round + 1 << " of " << rounds << " rounds: " << held << " MiB of its own, "
-                  << memory("Rss") << " MiB resident" << std::endl;
+        std::cout << round + 1 << " of " << rounds << " rounds: " << memory("Pss_Anon")
+                  << " MiB of its own, " << memory("Rss") << " MiB resident, " << openFiles()
+                  << " open files" << std::endl;
         if (!atTenth)
             atTenth = memory("Rss");
     }

@@ -54,7 +54,11 @@ protected:
             .opened = home_ / "opened.txt",
             .origin = server_.origin()});
     }
-    ~Secrets() override { umask(before_); }
+    ~Secrets() override {
+        umask(before_);
+        if (HasFailure())
+            std::cout << readFile(home_ / "program-output.txt").value_or("no output") << std::endl;
+    }
 
     /// As an older program, or a careless copy, would have left it.
     void leaveEverythingWide() {
