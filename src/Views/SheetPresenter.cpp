@@ -16,12 +16,16 @@ void SheetPresenter::present(std::unique_ptr<Sheet> sheet, Gtk::Widget& over) {
 void SheetPresenter::dismiss() {
     if (!sheet_)
         return;
-    sheet_->hide();
     leaving_ = std::move(sheet_);
-    drop_ = ScopedConnection(Glib::signal_idle().connect([this] {
-        leaving_.reset();
-        return false;
-    }));
+    // Hiding it here would leave a window without an accessible object among the open ones, and
+    // GTK 4.8 ends the program when the accessibility bus asks for that object.
+    leaving_->set_sensitive(false);
+    drop_ = ScopedConnection(Glib::signal_idle().connect(
+        [this] {
+            leaving_.reset();
+            return false;
+        },
+        Glib::PRIORITY_HIGH));
 }
 
 } // namespace tessaro
