@@ -1,5 +1,6 @@
 #include "Views/InfoWindow.h"
 
+#include <glibmm/main.h>
 #include <gtkmm/shortcut.h>
 #include <gtkmm/shortcutaction.h>
 #include <gtkmm/shortcutcontroller.h>
@@ -12,7 +13,17 @@ InfoWindow::InfoWindow(Gtk::Window& parent, const Glib::ustring& title) {
     set_titlebar(header_);
     set_transient_for(parent);
     set_destroy_with_parent(true);
-    set_hide_on_close(true);
+    signal_close_request().connect(
+        [this] {
+            closing_ = ScopedConnection(Glib::signal_idle().connect(
+                [this] {
+                    closed.emit(); // Drops this window.
+                    return false;
+                },
+                Glib::PRIORITY_HIGH));
+            return true;
+        },
+        false);
     set_resizable(false);
     const auto escape = Gtk::ShortcutController::create();
     escape->add_shortcut(Gtk::Shortcut::create(

@@ -11,11 +11,11 @@ namespace {
 constexpr int firstWidth = 1200;
 constexpr int firstHeight = 760;
 
-/// Brings the window to the front, which is made at its first use.
+/// Brings the window to the front, which lives from here until it is closed.
 template <typename Window>
 void bringUp(std::optional<Window>& window, Gtk::Window& parent) {
     if (!window)
-        window.emplace(parent);
+        window.emplace(parent).closed.connect([&window] { window.reset(); });
     window->present();
 }
 

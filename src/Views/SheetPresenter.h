@@ -13,8 +13,8 @@ public:
     /// Shows the sheet in front of the window that holds `over`. Does nothing while another one is
     /// shown.
     void present(std::unique_ptr<Sheet> sheet, Gtk::Widget& over);
-    /// Takes the sheet off the screen now and drops it on the next turn of the main loop, since a
-    /// sheet is dismissed from within its own handlers.
+    /// Deafens the sheet now and drops it on the next turn of the main loop, since a sheet is
+    /// dismissed from within its own handlers.
     void dismiss();
 
     Sheet* shown() const { return sheet_.get(); }

@@ -109,7 +109,7 @@ TEST_F(AccountSidebarTest, TheEditorAddsAndEdits) {
     test::TestScreen::settle(*sheet());
     test::find<Gtk::Entry>(*sheet(), "TÊN TÀI KHOẢN")->set_text("Mới");
     test::press(*sheet(), "Thêm tài khoản");
-    EXPECT_FALSE(sheet());
+    EXPECT_TRUE(test::runUntil([] { return !sheet(); }));
     EXPECT_FALSE(*viewModel_->showAddSheet);
     ASSERT_EQ(viewModel_->accounts->size(), 1u);
     const Account added = viewModel_->accounts->front();

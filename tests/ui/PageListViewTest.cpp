@@ -90,17 +90,18 @@ TEST_F(PageListViewTest, DeletingTheSelectedPageByItsMenuSelectsTheFirstOneLeft)
 TEST_F(PageListViewTest, OpensTheSheetForItsAccount) {
     showPages({});
     test::press(view_, "Thêm Page");
-    AddPageSheet* sheet = nullptr;
-    for (Gtk::Window* window : Gtk::Window::list_toplevels())
-        if (auto* found = dynamic_cast<AddPageSheet*>(window))
-            sheet = found;
-    ASSERT_TRUE(sheet);
-    EXPECT_EQ(sheet->flow().account().id, account_.id);
-    EXPECT_TRUE(sheet->get_modal());
-    EXPECT_EQ(sheet->get_transient_for(), &screen_.window);
+    const auto sheet = []() -> AddPageSheet* {
+        for (Gtk::Window* window : Gtk::Window::list_toplevels())
+            if (auto* found = dynamic_cast<AddPageSheet*>(window))
+                return found;
+        return nullptr;
+    };
+    ASSERT_TRUE(sheet());
+    EXPECT_EQ(sheet()->flow().account().id, account_.id);
+    EXPECT_TRUE(sheet()->get_modal());
+    EXPECT_EQ(sheet()->get_transient_for(), &screen_.window);
     pagesVM_.showAddSheet.set(false);
-    EXPECT_FALSE(sheet->get_visible());
-    screen_.settle();
+    EXPECT_TRUE(test::runUntil([&] { return !sheet(); }));
 }
 
 TEST_F(PageListViewTest, SwitchingAccountsWhilePicturesLoadMixesNothingUp) {
