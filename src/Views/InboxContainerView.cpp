@@ -29,11 +29,15 @@ InboxContainerView::InboxContainerView(
     stack_.add(reloadButton_);
     sandboxNotice_.set_text(sandboxForbidden);
     sandboxNotice_.set_wrap();
+    sandboxNotice_.set_width_chars(48);
     sandboxNotice_.set_max_width_chars(56);
+    sandboxNotice_.set_halign(Gtk::Align::CENTER);
+    sandboxNotice_.set_margin(24);
     sandboxNotice_.set_justify(Gtk::Justification::CENTER);
     sandboxNotice_.set_css_classes({"points-13", "secondary-text"});
     stack_.add(sandboxNotice_);
-    buildOverlay();
+    add_overlay(veil_);
+    loadingChanged_ = isLoading_->observe([this] { showLoading(); });
     showBrowser();
 }
 
@@ -43,21 +47,6 @@ void InboxContainerView::setPage(PageConfig pageConfig, std::optional<Account> a
     pageConfig_ = std::move(pageConfig);
     account_ = std::move(account);
     showBrowser();
-}
-
-void InboxContainerView::buildOverlay() {
-    loadingOverlay_.add_css_class("inbox-loading");
-    spinner_.set_halign(Gtk::Align::CENTER);
-    spinner_.set_valign(Gtk::Align::END);
-    spinner_.set_vexpand();
-    loadingText_.set_valign(Gtk::Align::START);
-    loadingText_.set_vexpand();
-    loadingText_.set_css_classes({"points-13", "secondary-text"});
-    loadingOverlay_.append(spinner_);
-    loadingOverlay_.append(loadingText_);
-    add_overlay(loadingOverlay_);
-    loadingChanged_ = isLoading_->observe([this] { showLoading(); });
-    showLoading();
 }
 
 void InboxContainerView::showBrowser() {
@@ -79,16 +68,12 @@ void InboxContainerView::showBrowser() {
 }
 
 void InboxContainerView::showLoading() {
-    const bool isLoading = isLoading_->get();
-    loadingOverlay_.set_visible(isLoading);
-    spinner_.set_spinning(isLoading);
-    if (!browser_)
-        return;
-    if (isLoading) {
-        browser_->add_css_class("veiled");
+    if (isLoading_->get()) {
+        veil_.cover(hasLoaded_ ? browser_.get() : nullptr);
         stack_.set_visible_child(*browser_);
     } else {
-        browser_->remove_css_class("veiled");
+        hasLoaded_ = true;
+        veil_.lift();
     }
 }
 

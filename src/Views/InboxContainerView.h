@@ -4,13 +4,12 @@
 #include "Models/PageConfig.h"
 #include "Platform/Gtk/WebSession.h"
 #include "Platform/Property.h"
+#include "Views/LoadingVeil.h"
 #include "Views/ScreenContext.h"
 
-#include <gtkmm/box.h>
 #include <gtkmm/button.h>
 #include <gtkmm/label.h>
 #include <gtkmm/overlay.h>
-#include <gtkmm/spinner.h>
 #include <gtkmm/stack.h>
 
 #include <memory>
@@ -39,7 +38,6 @@ public:
     const std::optional<Account>& account() const { return account_; }
 
 private:
-    void buildOverlay();
     void showBrowser();
     void showLoading();
     void loadAgain();
@@ -54,9 +52,8 @@ private:
     Gtk::Stack stack_;
     Gtk::Button reloadButton_{"Tải lại trang"};
     Gtk::Label sandboxNotice_;
-    Gtk::Box loadingOverlay_{Gtk::Orientation::VERTICAL, 12};
-    Gtk::Spinner spinner_;
-    Gtk::Label loadingText_{"Đang tải hộp thư..."};
+    LoadingVeil veil_;
+    bool hasLoaded_ = false; ///< Whether there was a page before the one that loads.
 
     std::unique_ptr<Coordinator> coordinator_;
     std::unique_ptr<ClippedWebViewContainer> browser_;

@@ -50,6 +50,7 @@ void LoopbackServer::answer(const std::string& path, std::string body) {
 
 void LoopbackServer::handle(const std::string& path, Handler handler) {
     const std::lock_guard lock(mutex_);
+    answers_.erase(path); // What was set last counts.
     handlers_[path] = std::move(handler);
 }
 

@@ -1,0 +1,66 @@
+#include "Views/LoadingVeil.h"
+
+#include "Platform/GHandle.h"
+
+#include <gtk/gtk.h>
+
+namespace tessaro {
+
+namespace {
+
+constexpr double blurRadius = 12.0; ///< In points.
+
+/// What the widget shows, out of focus. One picture for all frames of the spinner: blurring each
+/// of them costs too much without a graphics card, and blurs no further than to the edges of what
+/// changed.
+GObjectPtr<GdkTexture> pictureOutOfFocus(Gtk::Widget& widget) {
+    GskRenderer* renderer = gtk_native_get_renderer(gtk_widget_get_native(widget.gobj()));
+    const auto paintable = GObjectPtr<GdkPaintable>::adopt(gtk_widget_paintable_new(widget.gobj()));
+    const auto width = static_cast<float>(widget.get_width());
+    const auto height = static_cast<float>(widget.get_height());
+    GtkSnapshot* snapshot = gtk_snapshot_new();
+    gtk_snapshot_push_blur(snapshot, blurRadius);
+    gdk_paintable_snapshot(paintable.get(), snapshot, width, height);
+    gtk_snapshot_pop(snapshot);
+    const std::unique_ptr<GskRenderNode, Releaser<gsk_render_node_unref>> node(
+        gtk_snapshot_free_to_node(snapshot));
+    if (!node)
+        return {};
+    const graphene_rect_t whole = GRAPHENE_RECT_INIT(0, 0, width, height);
+    return GObjectPtr<GdkTexture>::adopt(gsk_renderer_render_texture(renderer, node.get(), &whole));
+}
+
+} // namespace
+
+LoadingVeil::LoadingVeil() {
+    backdrop_.add_css_class("inbox-backdrop");
+    backdrop_.set_keep_aspect_ratio(false);
+    set_child(backdrop_);
+
+    column_.add_css_class("inbox-loading");
+    spinner_.set_halign(Gtk::Align::CENTER);
+    spinner_.set_valign(Gtk::Align::END);
+    spinner_.set_vexpand();
+    text_.set_valign(Gtk::Align::START);
+    text_.set_vexpand();
+    text_.set_css_classes({"points-13", "secondary-text"});
+    column_.append(spinner_);
+    column_.append(text_);
+    add_overlay(column_);
+    lift();
+}
+
+void LoadingVeil::cover(Gtk::Widget* page) {
+    if (page && page->get_mapped() && !get_visible())
+        gtk_picture_set_paintable(backdrop_.gobj(), GDK_PAINTABLE(pictureOutOfFocus(*page).get()));
+    set_visible(true);
+    spinner_.set_spinning(true);
+}
+
+void LoadingVeil::lift() {
+    set_visible(false);
+    spinner_.set_spinning(false);
+    backdrop_.set_paintable({});
+}
+
+} // namespace tessaro

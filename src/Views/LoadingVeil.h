@@ -1,0 +1,29 @@
+#pragma once
+
+#include <gtkmm/box.h>
+#include <gtkmm/label.h>
+#include <gtkmm/overlay.h>
+#include <gtkmm/picture.h>
+#include <gtkmm/spinner.h>
+
+namespace tessaro {
+
+/// Covers a page while it loads: a tint and a spinner above what was there before, out of focus.
+/// Hidden until it covers something.
+class LoadingVeil : public Gtk::Overlay {
+public:
+    LoadingVeil();
+
+    /// Covers everything until lift(). `page` lies below and is shown out of focus as it looks now;
+    /// without one there is nothing to see.
+    void cover(Gtk::Widget* page);
+    void lift();
+
+private:
+    Gtk::Picture backdrop_;
+    Gtk::Box column_{Gtk::Orientation::VERTICAL, 12};
+    Gtk::Spinner spinner_;
+    Gtk::Label text_{"Đang tải hộp thư..."};
+};
+
+} // namespace tessaro
