@@ -47,13 +47,33 @@ protected:
             }
         Pointer::clickAt(container, 40, 300);
         ASSERT_TRUE(browser->waitUntil("window.seen.includes('mouseup@100')"));
-        EXPECT_EQ(browser->ask("window.seen.every(it => it.endsWith('@100'))"), "true")
+        // The engine repeats the pointer's last place by itself when the page was laid out anew.
+        EXPECT_EQ(
+            browser->ask("window.seen.filter(it => !it.startsWith('mousemove')).join()"),
+            "mousedown@100,mouseup@100");
+        EXPECT_EQ(browser->ask("window.seen.every(it => it.split('@')[1] >= 90)"), "true")
             << browser->ask("window.seen");
         EXPECT_EQ(browser->ask("scrollY"), "0");
         Pointer::moveTo(container, container.get_width() - 50, 300);
-        Pointer::scrollDown(5);
-        EXPECT_TRUE(browser->waitUntil("scrollY > 0"));
-        browser->ask("(scrollTo(0, 0), window.seen = [])");
+        EXPECT_TRUE(runUntil([&] {
+            Pointer::scrollDown(1);
+            return browser->ask("scrollY > 0") == "true";
+        }));
+        Pointer::moveTo(container, 10, 300);
+        ASSERT_TRUE(waitForQuiet());
+    }
+
+    /// Waits until the page has taken in what the pointer did to it: the engine hands it one event
+    /// after the other, and scrolls smoothly.
+    bool waitForQuiet() {
+        int quietInARow = 0;
+        return runUntil([&] {
+            const bool quiet =
+                browser->ask("scrollY === 0 && window.seen.splice(0).length === 0") == "true";
+            browser->ask("scrollTo(0, 0)");
+            quietInARow = quiet ? quietInARow + 1 : 0;
+            return quietInARow == 20;
+        });
     }
 
     InboxWorld world;
