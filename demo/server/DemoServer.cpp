@@ -2,9 +2,7 @@
 
 #include "GraphSite.h"
 
-#include "Platform/Clock.h"
-
-#include <cstdlib>
+#include <string_view>
 
 namespace tessaro::demo {
 
@@ -42,6 +40,16 @@ void writeReply(SoupServerMessage* message, const Reply& reply) {
         message, reply.contentType.c_str(), SOUP_MEMORY_COPY, reply.body.data(), reply.body.size());
 }
 
+/// Which site's answers a path belongs to, as hold and release call it; empty for none of them.
+std::string siteOf(std::string_view path) {
+    if (path.starts_with("/v"))
+        return "graph";
+    // Only the page itself: its parts arrive as one would expect.
+    if (path == "/latest/inbox/all")
+        return "inbox";
+    return path.starts_with("/api/") ? "support" : "";
+}
+
 } // namespace
 
 DemoServer::DemoServer()
@@ -69,31 +77,21 @@ void DemoServer::onRequest(
     SoupServer*, SoupServerMessage* message, const char* path, GHashTable* query,
     gpointer data) noexcept {
     auto* self = static_cast<DemoServer*>(data);
-    Delay delay{0};
-    writeReply(message, self->answer(readRequest(message, path, query, self->origin_), delay));
-    if (delay.count() > 0) {
+    writeReply(message, self->answer(readRequest(message, path, query, self->origin_)));
+    if (const auto held = self->held_.find(siteOf(path)); held != self->held_.end()) {
         soup_server_message_pause(message);
-        const auto held = GObjectPtr<SoupServerMessage>::share(message);
-        SystemClock::shared().post(delay, [held] { soup_server_message_unpause(held.get()); });
+        held->second.push_back(GObjectPtr<SoupServerMessage>::share(message));
     }
 }
 
-Reply DemoServer::answer(const Request& request, Delay& delay) {
+Reply DemoServer::answer(const Request& request) {
     const auto below = [&](const char* folder) { return request.path.starts_with(folder); };
-    if (below("/v")) {
-        delay = delays_["graph"];
+    if (below("/v"))
         return answerGraph(request);
-    }
-    if (below("/latest/inbox/")) {
-        // Only the page itself waits: its parts arrive as one would expect.
-        if (request.path == "/latest/inbox/all")
-            delay = delays_["inbox"];
+    if (below("/latest/inbox/"))
         return inbox_.answer(request);
-    }
-    if (below("/api/")) {
-        delay = delays_["support"];
+    if (below("/api/"))
         return support_.answer(request);
-    }
     if (below("/cdn/"))
         return answerPicture(request);
     if (below("/links/"))
@@ -115,8 +113,14 @@ Reply DemoServer::control(const Request& request) {
     }
     if (request.path == "/demo/view")
         return Reply::json(inbox_.view());
-    if (request.path == "/demo/delay" && request.method == "POST") {
-        delays_[request.value("site")] = Delay(std::atoi(request.value("ms").c_str()));
+    if (request.path == "/demo/hold" && request.method == "POST") {
+        held_[request.value("site")];
+        return Reply::json({{"success", true}});
+    }
+    if (request.path == "/demo/release" && request.method == "POST") {
+        for (const auto& message : held_[request.value("site")])
+            soup_server_message_unpause(message.get());
+        held_.erase(request.value("site"));
         return Reply::json({{"success", true}});
     }
     return Reply::notFound();

@@ -9,8 +9,9 @@
 
 #include <libsoup/soup.h>
 
-#include <chrono>
+#include <map>
 #include <string>
+#include <vector>
 
 namespace tessaro::demo {
 
@@ -19,7 +20,8 @@ namespace tessaro::demo {
 /// the default main loop. What a test or the walk wants to know or to change lies under "/demo":
 ///   GET  /demo/uploads              the logs sent in, as a JSON array
 ///   GET  /demo/view                 how the open inbox page is being shown (InboxSite::view)
-///   POST /demo/delay?site=S&ms=N    makes graph, inbox or support answer N milliseconds late
+///   POST /demo/hold?site=S          keeps back what graph, inbox or support answers from now on
+///   POST /demo/release?site=S       lets it go, and what follows
 class DemoServer {
 public:
     DemoServer();
@@ -36,19 +38,18 @@ public:
     const InboxSite& inbox() const { return inbox_; }
 
 private:
-    using Delay = std::chrono::milliseconds;
-
     static void onRequest(
         SoupServer* server, SoupServerMessage* message, const char* path, GHashTable* query,
         gpointer self) noexcept;
-    Reply answer(const Request& request, Delay& delay);
+    Reply answer(const Request& request);
     Reply control(const Request& request);
 
     GObjectPtr<SoupServer> server_;
     std::string origin_;
     InboxSite inbox_;
     SupportSite support_;
-    std::map<std::string, Delay> delays_;
+    /// The answers kept back, by site; a site that is not held has no entry.
+    std::map<std::string, std::vector<GObjectPtr<SoupServerMessage>>> held_;
 };
 
 } // namespace tessaro::demo

@@ -25,12 +25,12 @@ void walkBadToken(Walk& walk) {
 void walkUserToken(Walk& walk) {
     walk.step("Verify a user token: three Pages are offered");
     walk.type(field("ACCESS TOKEN"), "demo-user-token");
-    walk.server().delay("graph", std::chrono::milliseconds(1500));
+    walk.server().hold("graph");
     walk.press(button("Xác minh Token"));
     walk.seeGone(label(badTokenError));
     walk.picture("page-sheet-verifying", std::chrono::milliseconds(300));
+    walk.server().release("graph");
     walk.see(label(userTokenNote));
-    walk.server().delay("graph", {});
     walk.see(button("Cà Phê Góc Phố"));
     walk.see(button("Sách Cũ Mùa Thu"));
     walk.picture("page-sheet-user-token");
@@ -58,12 +58,12 @@ void walkPages(Walk& walk) {
     walkUserToken(walk);
 
     walk.step("Add it: its inbox loads and is shown");
-    walk.server().delay("inbox", std::chrono::milliseconds(4000));
+    walk.server().hold("inbox");
     addPage(walk, 1);
     checkStored(walk, "Tiệm Hoa Nắng Mai", "demo-page-token-hoa");
     walk.see(label("Đang tải hộp thư..."));
     walk.picture("inbox-loading", std::chrono::milliseconds(300));
-    walk.server().delay("inbox", {});
+    walk.server().release("inbox");
     walk.seeGone(label("Đang tải hộp thư..."));
 
     walk.step("Verify a Page token and add its Page, which has no picture");

@@ -5,10 +5,6 @@ namespace tessaro::demo {
 ServerControl::ServerControl(std::string origin)
     : origin_(std::move(origin)), session_(GObjectPtr<SoupSession>::adopt(soup_session_new())) {}
 
-void ServerControl::delay(const std::string& site, std::chrono::milliseconds by) const {
-    send("POST", "/demo/delay?site=" + site + "&ms=" + std::to_string(by.count()));
-}
-
 nlohmann::json ServerControl::get(const std::string& path) const {
     return nlohmann::json::parse(send("GET", path), nullptr, false);
 }

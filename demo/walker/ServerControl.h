@@ -5,7 +5,6 @@
 #include <libsoup/soup.h>
 #include <nlohmann/json.hpp>
 
-#include <chrono>
 #include <string>
 
 namespace tessaro::demo {
@@ -19,8 +18,9 @@ public:
     nlohmann::json uploads() const { return get("/demo/uploads"); }
     /// How the open inbox page says it is being shown; null before the first report.
     nlohmann::json view() const { return get("/demo/view"); }
-    /// Makes "graph", "inbox" or "support" answer that much later.
-    void delay(const std::string& site, std::chrono::milliseconds by) const;
+    /// Keeps back what "graph", "inbox" or "support" answers, until it is released.
+    void hold(const std::string& site) const { send("POST", "/demo/hold?site=" + site); }
+    void release(const std::string& site) const { send("POST", "/demo/release?site=" + site); }
 
 private:
     nlohmann::json get(const std::string& path) const;
