@@ -7,15 +7,19 @@
 
 namespace tessaro::bench {
 
-/// One line of the table: a measurement and what it is held against. A measurement prepares what
-/// it needs outside of the time it returns.
+/// What a figure is held against.
+struct Target {
+    double limit; ///< Of the median's ratio to the peer's median, or of the median alone.
+    std::string peerName;
+    std::function<double()> peer; ///< Measured in the figure's unit; empty for an absolute limit.
+};
+
+/// What is measured. A measurement prepares what it needs outside of what it returns.
 struct Figure {
     std::string name;
-    std::string unit; ///< Of what both measurements return.
+    std::string unit;
     std::function<double()> measure;
-    double limit; ///< Of the median, or of its ratio to the peer's median where there is a peer.
-    std::string peerName;
-    std::function<double()> peer; ///< Empty where the limit is absolute.
+    std::vector<Target> targets; ///< Each makes one line of the table.
 };
 
 using Figures = std::vector<Figure>;

@@ -76,19 +76,23 @@ double lineToFile(int lines) {
 Figures logFigures() {
     const auto small = [] { return lineToFile(10'000); };
     return {
-        {"log call, on the caller", "µs", ownCall, 2, {}, {}},
-        {"log call beside the peer", "µs", ownCall, 3, "spdlog, asynchronous", peerCall},
+        {"log call, on the caller",
+         "µs",
+         ownCall,
+         {{2, {}, {}}, {3, "spdlog, asynchronous", peerCall}}},
         // 5 µs for each line are 200,000 lines a second.
         {"1,000,000 log lines to the file, each",
          "µs",
          [] { return lineToFile(1'000'000); },
-         5,
-         {},
-         {}},
-        {"log growth, 10 times the lines", "µs", [] { return lineToFile(100'000); }, 1.2,
-         "10,000 lines, each", small},
-        {"log growth, 100 times the lines", "µs", [] { return lineToFile(1'000'000); }, 1.2,
-         "10,000 lines, each", small},
+         {{5, {}, {}}}},
+        {"log growth, 10 times the lines",
+         "µs",
+         [] { return lineToFile(100'000); },
+         {{1.2, "10,000 lines, each", small}}},
+        {"log growth, 100 times the lines",
+         "µs",
+         [] { return lineToFile(1'000'000); },
+         {{1.2, "10,000 lines, each", small}}},
     };
 }
 

@@ -1,7 +1,9 @@
+#include "Home.h"
 #include "Table.h"
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <exception>
 #include <string_view>
 
@@ -9,32 +11,35 @@ using namespace tessaro::bench;
 
 namespace {
 
-int run(int argc, char** argv) {
-    int rounds = 5;
-    std::string_view only;
-    for (int i = 1; i + 1 < argc; i += 2) {
-        const std::string_view option = argv[i];
-        if (option == "--rounds")
-            rounds = std::atoi(argv[i + 1]);
-        else if (option == "--only")
-            only = argv[i + 1];
-        else
-            argc = 0;
-    }
-    if (argc % 2 == 0 || rounds < 1) {
-        std::fputs("usage: tessaro-bench [--rounds N] [--only PART-OF-A-NAME]\n", stderr);
-        return 2;
-    }
+Figures figuresNamed(std::string_view part) {
     Figures wanted;
     for (auto figures : {storeFigures(), logFigures()})
         for (auto& figure : figures)
-            if (figure.name.find(only) != std::string::npos)
+            if (figure.name.find(part) != std::string::npos)
                 wanted.push_back(std::move(figure));
-    if (wanted.empty()) {
-        std::fputs("no figure has such a name\n", stderr);
+    return wanted;
+}
+
+int run(int argc, char** argv) {
+    int rounds = 5;
+    int next = 1;
+    if (next + 1 < argc && std::strcmp(argv[next], "--rounds") == 0) {
+        rounds = std::atoi(argv[next + 1]);
+        next += 2;
+    }
+    if (argc - next > 1 || rounds < 1) {
+        std::fputs("usage: tessaro-bench [--rounds N] [PART-OF-A-NAME]\n", stderr);
         return 2;
     }
-    return printTable(wanted, rounds) ? 0 : 1;
+    const Home home;
+    const auto figures = figuresNamed(next < argc ? argv[next] : "");
+    if (figures.empty()) {
+        std::fputs("no figure has such a name; these have:\n", stderr);
+        for (const auto& figure : figuresNamed(""))
+            std::fprintf(stderr, "  %s\n", figure.name.c_str());
+        return 2;
+    }
+    return printTable(figures, rounds) ? 0 : 1;
 }
 
 } // namespace
