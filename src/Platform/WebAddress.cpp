@@ -19,4 +19,13 @@ bool isOpenableAddress(const std::string& address) {
     return (scheme == "http" || scheme == "https") && host && *host;
 }
 
+std::string originOf(const std::string& address) {
+    if (!isOpenableAddress(address))
+        return {};
+    const GUriPtr uri(g_uri_parse(address.c_str(), G_URI_FLAGS_SCHEME_NORMALIZE, nullptr));
+    return std::string(g_uri_get_scheme(uri.get())) + "://" +
+           takeString(g_ascii_strdown(g_uri_get_host(uri.get()), -1)) + ":" +
+           std::to_string(g_uri_get_port(uri.get()));
+}
+
 } // namespace tessaro

@@ -8,4 +8,8 @@ namespace tessaro {
 /// that the program hands to the desktop.
 bool isOpenableAddress(const std::string& address);
 
+/// Scheme, host and port of an http or https address, "https://host:443", by which web pages are
+/// told apart (RFC 6454); empty for anything else.
+std::string originOf(const std::string& address);
+
 } // namespace tessaro

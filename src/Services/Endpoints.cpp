@@ -43,4 +43,9 @@ std::string Endpoints::inboxHost() const {
     return host;
 }
 
+bool Endpoints::isInboxSite(const std::string& address) const {
+    const std::string origin = originOf(inboxOrigin);
+    return !origin.empty() && originOf(address) == origin;
+}
+
 } // namespace tessaro

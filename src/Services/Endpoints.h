@@ -25,6 +25,8 @@ struct Endpoints {
     std::string graphBaseUrl() const { return graphApiOrigin + "/v25.0"; }
     /// The host name of the inbox site in lower case, with its port where it has one.
     std::string inboxHost() const;
+    /// Whether the address is of the inbox site: same scheme, host and port.
+    bool isInboxSite(const std::string& address) const;
 };
 
 } // namespace tessaro

@@ -1,5 +1,6 @@
 #include "Views/Coordinator.h"
 
+#include "ViewModels/TitleCount.h"
 #include "Views/InboxCommands.h"
 #include "Views/PageScripts.h"
 
@@ -23,6 +24,7 @@ constexpr Clock::Delay hiderDelays[] = {
 Coordinator::Coordinator(PageInboxWebView parent) : parent_(std::move(parent)) {}
 
 Coordinator::~Coordinator() {
+    announceCount("");
     if (const auto webView = mainWebView_.lock())
         webView->setDelegate(nullptr);
 }
@@ -49,6 +51,7 @@ void Coordinator::setupNotifications() {
 void Coordinator::openInbox(const std::string& pageId, const std::string& address) {
     currentPageId_ = pageId;
     homeURL_ = address;
+    announceCount("");
     handleGoHome();
 }
 
@@ -109,6 +112,11 @@ void Coordinator::didFailNavigation(WebView&) {
     setLoadingNextTurn(false);
 }
 
+void Coordinator::didChangeTitle(WebView& webView) {
+    const bool isInbox = parent_.context.endpoints.isInboxSite(webView.address());
+    announceCount(isInbox ? countAtHead(webView.title()) : "");
+}
+
 void Coordinator::createWebView(WebView& webView, const std::string& address) {
     // Loaded on the program's own authority: local files and scripts, which the engine keeps from a
     // page that asks in another way, must stay out of reach here as well.
@@ -132,6 +140,10 @@ void Coordinator::runScriptConfirm(
 void Coordinator::webProcessDidTerminate(WebView&) {
     setLoadingNextTurn(false);
     processTerminated_.emit();
+}
+
+void Coordinator::announceCount(const std::string& count) {
+    parent_.context.notifications.post(unreadCountChanged, {{"count", count}});
 }
 
 void Coordinator::setLoadingNextTurn(bool isLoading) {

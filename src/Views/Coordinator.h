@@ -42,6 +42,7 @@ public:
     void didStartProvisionalNavigation(WebView& webView) override;
     void didFinishNavigation(WebView& webView) override;
     void didFailNavigation(WebView& webView) override;
+    void didChangeTitle(WebView& webView) override;
     void createWebView(WebView& webView, const std::string& address) override;
     void runScriptAlert(const std::string& message, std::function<void()> completion) override;
     void
@@ -55,6 +56,8 @@ private:
     void setZoom(double factor);
     /// Sets the identity again and loads the address.
     void load(WebView& webView, const std::string& address);
+    /// Announces how much of the Page the site counts as unread; empty for nothing.
+    void announceCount(const std::string& count);
     void setLoadingNextTurn(bool isLoading);
     void injectTopBarHider(const std::shared_ptr<WebView>& webView);
     void applyTheme(WebView& webView);

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Announcements that the rest of the program sends to every inbox browser through the
-/// NotificationCenter. They carry nothing.
+/// Announcements between the inbox browser and the rest of the program, carried by the
+/// NotificationCenter. What they carry is said where they carry anything.
 namespace tessaro {
 
 inline constexpr const char* webViewZoomIn = "tsr.webview.zoomIn";
@@ -9,6 +9,10 @@ inline constexpr const char* webViewZoomOut = "tsr.webview.zoomOut";
 inline constexpr const char* webViewReload = "tsr.webview.reload";
 inline constexpr const char* webViewGoHome = "tsr.webview.goHome";
 inline constexpr const char* webViewThemeChanged = "tsr.webview.themeChanged";
+
+/// Posted by the browser when the number of unread things of the Page that is shown has changed;
+/// "count" is the number as the site writes it ("3", "20+"), empty for none.
+inline constexpr const char* unreadCountChanged = "UnreadCountChanged";
 
 /// Posted by the commands of the menu "Trò Chuyện".
 inline constexpr const char* focusSearchField = "FocusSearchField";

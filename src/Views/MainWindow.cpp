@@ -1,6 +1,7 @@
 #include "Views/MainWindow.h"
 
 #include "Views/Accessible.h"
+#include "Views/InboxCommands.h"
 
 #include <giomm/menu.h>
 
@@ -24,7 +25,10 @@ void bringUp(std::optional<Window>& window, Gtk::Window& parent) {
 MainWindow::MainWindow(
     const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications)
     : Gtk::ApplicationWindow(application), notifications_(notifications) {
-    set_title("Tessaro");
+    showUnread("");
+    unreadChanged_ = notifications_.observe(unreadCountChanged, [this](const Notification& posted) {
+        showUnread(posted.userInfo.at("count"));
+    });
     set_icon_name("com.vandel.Tessaro");
     set_default_size(firstWidth, firstHeight);
     set_titlebar(header_);
@@ -34,6 +38,10 @@ MainWindow::MainWindow(
         addCommand(command);
     addConversationMenu();
     addPrimaryMenu();
+}
+
+void MainWindow::showUnread(const std::string& count) {
+    set_title(count.empty() ? "Tessaro" : "(" + count + ") Tessaro");
 }
 
 void MainWindow::addCommand(const WindowCommand& command) {

@@ -14,7 +14,8 @@
 
 namespace tessaro {
 
-/// The one window: its title, its header bar with the menus, and the keys. It remembers nothing.
+/// The one window: its title, which tells how much is unread, its header bar with the menus, and
+/// the keys. It remembers nothing.
 class MainWindow : public Gtk::ApplicationWindow {
 public:
     /// @param notifications  carries the commands; outlives this
@@ -22,6 +23,7 @@ public:
         const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications);
 
 private:
+    void showUnread(const std::string& count);
     void addCommand(const WindowCommand& command);
     void addConversationMenu();
     void addPrimaryMenu();
@@ -32,6 +34,7 @@ private:
     Gtk::MenuButton primaryMenu_;
     std::optional<AboutWindow> about_;
     std::optional<ShortcutsWindow> shortcuts_;
+    ScopedConnection unreadChanged_;
 };
 
 } // namespace tessaro

@@ -1,6 +1,7 @@
 #include "Views/PageListView.h"
 
 #include "Views/AddPageSheet.h"
+#include "Views/InboxCommands.h"
 #include "Views/PageButton.h"
 
 namespace tessaro {
@@ -23,12 +24,16 @@ PageListView::PageListView(const ScreenContext& context, PagesViewModel& pagesVM
     connections_.push_back(pagesVM_.pages.observe([this] { column_.setRecords(*pagesVM_.pages); }));
     connections_.push_back(pagesVM_.selectedPage.observe([this] { showSelection(); }));
     connections_.push_back(pagesVM_.showAddSheet.observe([this] { showSheet(); }));
+    connections_.push_back(
+        context_.notifications.observe(unreadCountChanged, [this](const Notification& posted) {
+            unread_.set(posted.userInfo.at("count"));
+        }));
     showSelection();
 }
 
 RecordColumn<PageConfig>::Behaviour PageListView::columnBehaviour() {
     return {
-        .makeButton = [this] { return Gtk::make_managed<PageButton>(context_); },
+        .makeButton = [this] { return Gtk::make_managed<PageButton>(context_, unread_); },
         .makeAddButton =
             [] {
                 return Gtk::make_managed<AddButton>(AddButton::Shape::roundedSquare, "Thêm Page");

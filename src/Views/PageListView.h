@@ -26,6 +26,7 @@ private:
     void showSheet();
 
     const ScreenContext& context_;
+    tessaro::Property<std::string> unread_; ///< Of the selected Page, as its site writes it.
     PagesViewModel& pagesVM_;
     std::optional<Account> account_;
     RecordColumn<PageConfig> column_;

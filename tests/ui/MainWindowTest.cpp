@@ -67,6 +67,13 @@ TEST_F(TheMainWindow, OffersTheTwoCommandsInAMenu) {
     EXPECT_FALSE(window_->lookup_action("new-window"));
 }
 
+TEST_F(TheMainWindow, TellsInItsTitleHowMuchIsUnread) {
+    notifications_.post(unreadCountChanged, {{"count", std::string("20+")}});
+    EXPECT_EQ(window_->get_title(), "(20+) Tessaro");
+    notifications_.post(unreadCountChanged, {{"count", std::string()}});
+    EXPECT_EQ(window_->get_title(), "Tessaro");
+}
+
 TEST_F(TheMainWindow, PostsEachCommandOncePerStroke) {
     ASSERT_TRUE(runUntil([&] { return window_->is_active(); }));
     struct Stroke {

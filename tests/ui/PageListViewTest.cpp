@@ -1,6 +1,7 @@
 #include "Views/PageListView.h"
 
 #include "Views/AddPageSheet.h"
+#include "Views/InboxCommands.h"
 #include "Views/PageButton.h"
 #include "support/Gtk/Keyboard.h"
 #include "support/Gtk/Pictures.h"
@@ -74,6 +75,26 @@ TEST_F(PageListViewTest, OutlinesTheSelectedPageAlone) {
     EXPECT_EQ((*pagesVM_.selectedPage)->pageName, "Lan");
     EXPECT_TRUE(button("Lan").badge().isSelected());
     EXPECT_FALSE(button("Mai").badge().isSelected());
+}
+
+TEST_F(PageListViewTest, TheSelectedPageAloneWearsTheCount) {
+    showPages({test::makePage(account_, "1", "Mai"), test::makePage(account_, "2", "Lan")});
+    const auto post = [this](const std::string& count) {
+        screen_.notifications.post(unreadCountChanged, {{"count", count}});
+    };
+    post("3");
+    EXPECT_FALSE(test::find(view_, "3"));
+    test::click(button("Lan"));
+    EXPECT_TRUE(test::find<Gtk::Label>(button("Lan, 3 chưa đọc"), "3"));
+    EXPECT_EQ(button("Lan, 3 chưa đọc").get_tooltip_text(), "Lan");
+    test::click(button("Mai"));
+    post("20+");
+    EXPECT_TRUE(test::find<Gtk::Label>(button("Mai, 20+ chưa đọc"), "20+"));
+    EXPECT_TRUE(button("Lan").get_mapped());
+    post("1234");
+    EXPECT_TRUE(test::find<Gtk::Label>(button("Mai, 1234 chưa đọc"), "99+"));
+    post("");
+    EXPECT_TRUE(test::widgetsOf<Gtk::Label>(button("Mai")).empty());
 }
 
 TEST_F(PageListViewTest, DeletingTheSelectedPageByItsMenuSelectsTheFirstOneLeft) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 using tessaro::isOpenableAddress;
+using tessaro::originOf;
 
 TEST(WebAddress, OnlyHttpWithAHostIsOpenable) {
     for (const auto* address :
@@ -15,4 +16,13 @@ TEST(WebAddress, OnlyHttpWithAHostIsOpenable) {
           "ftp://a.example", "https://a example/", " https://a.example", "https://a.example:port/"})
         EXPECT_FALSE(isOpenableAddress(address)) << address;
     EXPECT_FALSE(isOpenableAddress(std::string("https://a.example/\0evil", 23)));
+}
+
+TEST(WebAddress, TellsPagesApartBySchemeHostAndPort) {
+    EXPECT_EQ(originOf("https://a.example"), "https://a.example:443");
+    EXPECT_EQ(originOf("HTTPS://A.Example:443/b?c=d#e"), "https://a.example:443");
+    EXPECT_EQ(originOf("http://a.example@b.example/"), "http://b.example:80");
+    EXPECT_EQ(originOf("http://127.0.0.1:8080/b"), "http://127.0.0.1:8080");
+    for (const auto* address : {"", "about:blank", "data:text/html,a", "file:///etc/passwd"})
+        EXPECT_EQ(originOf(address), "") << address;
 }

@@ -87,6 +87,8 @@ WebView::WebView(const WebSession& session, Clock& clock)
                 onLoadFailed(showsErrorPage(*error) ? address : "");
                 return FALSE;
             }));
+    connect(
+        "notify::title", std::function([this](WebKitWebView*, GParamSpec*) { onTitleChanged(); }));
     connect("notify::estimated-load-progress", std::function([this](WebKitWebView*, GParamSpec*) {
                 onProgress();
             }));
@@ -121,6 +123,7 @@ void WebView::setCustomUserAgent(const std::string& userAgent) {
 
 void WebView::load(const std::string& address) {
     errorPageAddress_.clear();
+    isAwaitingPage_ = true;
     webkit_web_view_load_uri(view_.get(), address.c_str());
 }
 
@@ -148,6 +151,11 @@ std::string WebView::address() const {
     return address ? address : "";
 }
 
+std::string WebView::title() const {
+    const char* title = webkit_web_view_get_title(view_.get());
+    return title ? title : "";
+}
+
 void WebView::setSwipeGestures(bool areEnabled) {
     webkit_settings_set_enable_back_forward_navigation_gestures(
         webkit_web_view_get_settings(view_.get()), areEnabled);
@@ -159,10 +167,15 @@ void WebView::onLoadChanged(int event) {
         if (!errorPage.empty() && errorPage == address())
             return;
         hasFailed_ = false;
+        isAwaitingPage_ = true;
         expectProgress();
         if (delegate_)
             delegate_->didStartProvisionalNavigation(*this);
+    } else if (event == WEBKIT_LOAD_COMMITTED) {
+        isAwaitingPage_ = false;
+        onTitleChanged();
     } else if (event == WEBKIT_LOAD_FINISHED) {
+        isAwaitingPage_ = false;
         timeout_.disconnect();
         // The engine says of a failed load and of its error page, too, that they have finished.
         if (delegate_ && !hasFailed_)
@@ -172,6 +185,7 @@ void WebView::onLoadChanged(int event) {
 
 void WebView::onLoadFailed(const std::string& errorPageAddress) {
     hasFailed_ = true;
+    isAwaitingPage_ = false;
     errorPageAddress_ = errorPageAddress;
     timeout_.disconnect();
     if (delegate_)
@@ -190,6 +204,11 @@ bool WebView::onScriptDialog(WebKitScriptDialog* dialog) {
         delegate_->runScriptConfirm(message, [open](bool confirmed) { open->confirm(confirmed); });
     open->outliveSignal();
     return true;
+}
+
+void WebView::onTitleChanged() {
+    if (delegate_ && !isAwaitingPage_)
+        delegate_->didChangeTitle(*this);
 }
 
 void WebView::onProgress() {

@@ -47,12 +47,17 @@ public:
     void evaluateScript(const std::string& script);
     /// The address of the page shown; empty before the first one.
     std::string address() const;
+    /// Whether address() is of a page that is still to come, and not of the one that is shown.
+    bool isAwaitingPage() const { return isAwaitingPage_; }
+    /// The title of the page shown; empty when it has none.
+    std::string title() const;
 
 private:
     void setSwipeGestures(bool areEnabled);
     void onLoadChanged(int event);
     void onLoadFailed(const std::string& errorPageAddress);
     bool onScriptDialog(WebKitScriptDialog* dialog);
+    void onTitleChanged();
     void onProgress();
     void onWebProcessTerminated();
     void expectProgress();
@@ -62,6 +67,7 @@ private:
     Clock& clock_;
     WebViewDelegate* delegate_ = nullptr;
     bool hasFailed_ = false;
+    bool isAwaitingPage_ = false;
     std::string errorPageAddress_; ///< Of the error page that the engine is about to load.
     ScopedConnection timeout_;
     std::vector<ScopedConnection> signals_;

@@ -18,6 +18,9 @@ public:
     /// The load failed before or after the new page replaced the old one.
     virtual void didFailNavigation(WebView& webView) = 0;
 
+    /// The page that is shown has another title.
+    virtual void didChangeTitle(WebView& webView) = 0;
+
     /// A link or a script wants a window of its own for `address` (empty when it named none). None
     /// is opened.
     virtual void createWebView(WebView& webView, const std::string& address) = 0;
