@@ -4,12 +4,10 @@
 #include "support/HostileServers.h"
 #include "support/LongestTurn.h"
 #include "support/MainLoop.h"
-#include "support/PeakMemory.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <chrono>
 
 using namespace tessaro;
@@ -19,15 +17,10 @@ using namespace std::chrono_literals;
 namespace {
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr std::size_t memoryFactor = 16; // Shadows, and freed memory that is kept back.
-constexpr int fittingPages = 20'000;     // Each of them takes its time.
-constexpr auto timeLimit = 30s;
+constexpr int fittingPages = 20'000; // Each of them takes its time.
 #else
-constexpr std::size_t memoryFactor = 1;
 constexpr int fittingPages = 350'000;
-constexpr auto timeLimit = 6s;
 #endif
-constexpr std::size_t mebibyte = 1 << 20;
 
 constexpr const char* marked = "EAAB marked#token/%1";
 
@@ -129,24 +122,16 @@ std::string everythingSaid(GraphWorld& world, const Account& account) {
 class HostileGraphServer : public testing::TestWithParam<HostileServer> {};
 class HostileGraphEcho : public HostileGraphServer {};
 
-std::string nameOf(const testing::TestParamInfo<HostileServer>& server) {
-    auto name = server.param.name;
-    std::erase_if(name, [](char c) { return !g_ascii_isalnum(c) && c != ' '; });
-    std::ranges::replace(name, ' ', '_');
-    return name;
-}
-
 INSTANTIATE_TEST_SUITE_P(
-    That, HostileGraphServer, testing::ValuesIn(hostileServers(goodBody)), nameOf);
-INSTANTIATE_TEST_SUITE_P(That, HostileGraphEcho, testing::ValuesIn(echoingServers()), nameOf);
+    That, HostileGraphServer, testing::ValuesIn(hostileServers(goodBody)), hostileName);
+INSTANTIATE_TEST_SUITE_P(That, HostileGraphEcho, testing::ValuesIn(echoingServers()), hostileName);
 
 } // namespace
 
 TEST_P(HostileGraphServer, IsEndedInBoundedTimeAndMemory) {
     const auto world = worldWith(GetParam().behave);
     const auto client = world->makeClient(SecretText(marked), std::nullopt);
-    const PeakMemory memory;
-    const auto start = std::chrono::steady_clock::now();
+    const HostileBounds bounds;
     const auto check = [](const auto& result) {
         EXPECT_EQ(result.has_value(), GetParam().answers);
         EXPECT_TRUE(result || !result.error().message.empty());
@@ -155,8 +140,6 @@ TEST_P(HostileGraphServer, IsEndedInBoundedTimeAndMemory) {
     check(await(client->fetchManagedPages()));
     const auto picture = await(client->fetchCustomerAvatarData(PageId{"1"}));
     EXPECT_TRUE(picture || !picture.error().message.empty());
-    EXPECT_LT(std::chrono::steady_clock::now() - start, timeLimit);
-    EXPECT_LT(memory.growth(), 32 * mebibyte * memoryFactor);
 }
 
 TEST_P(HostileGraphServer, IsToldOfWithoutTheToken) {
@@ -213,7 +196,7 @@ TEST(HostileGraph, AMillionPagesAreRefusedAndWhatJustFitsDoesNotStallTheLoop) {
     const auto taken = await(std::move(asking));
     ASSERT_TRUE(taken) << taken.error().message;
     EXPECT_EQ(taken->size(), static_cast<std::size_t>(fittingPages));
-    EXPECT_LT(memory.growth(), 512 * mebibyte * memoryFactor);
+    EXPECT_LT(memory.growth(), (512 << 20) * memoryFactor);
     EXPECT_LT(turn.longest(), 500ms);
 }
 
