@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,10 @@ double milliseconds(Work work) {
     return taken.count();
 }
 
+class Site;
+
+Figures waitFigures(const std::shared_ptr<const Site>& site);
+Figures holdFigures(const std::shared_ptr<const Site>& site);
 Figures storeFigures();
 Figures logFigures();
 

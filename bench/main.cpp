@@ -1,5 +1,6 @@
 #include "Home.h"
 #include "Table.h"
+#include "outside/Site.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -13,7 +14,8 @@ namespace {
 
 Figures figuresNamed(std::string_view part) {
     Figures wanted;
-    for (auto figures : {storeFigures(), logFigures()})
+    const auto site = std::make_shared<const Site>();
+    for (auto figures : {waitFigures(site), holdFigures(site), storeFigures(), logFigures()})
         for (auto& figure : figures)
             if (figure.name.find(part) != std::string::npos)
                 wanted.push_back(std::move(figure));

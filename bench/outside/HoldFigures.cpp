@@ -1,0 +1,106 @@
+// What the program and its processes hold and do while a user only looks.
+
+#include "Figure.h"
+#include "outside/Peers.h"
+#include "outside/Tessaro.h"
+
+#include <thread>
+
+namespace tessaro::bench {
+
+namespace {
+
+using std::chrono::seconds;
+
+/// Loading leaves work and memory behind that goes by itself.
+constexpr seconds toCalmDown{4};
+/// The inbox's script runs for the last time after ten seconds.
+constexpr seconds toIdle{12};
+constexpr seconds idleTime{10};
+
+double memoryOf(const Running& process) {
+    std::this_thread::sleep_for(toCalmDown);
+    return process.memory();
+}
+
+double wakeUpsOf(const Running& process, seconds after) {
+    std::this_thread::sleep_for(after);
+    return process.wakeUps(idleTime);
+}
+
+/// With one inbox open.
+Tessaro withInbox(const Site& site) {
+    Tessaro tessaro(site);
+    tessaro.showPages();
+    tessaro.openPage(0);
+    return tessaro;
+}
+
+double memoryAfterManyPages(const Site& site) {
+    auto tessaro = withInbox(site);
+    for (int i = 1; i < Tessaro::pageCount; ++i)
+        tessaro.openNextPage();
+    return memoryOf(tessaro.process());
+}
+
+/// Of a browser with so many pages.
+double memoryOfBrowser(const Site& site, const peers::Command& command, std::size_t pages = 1) {
+    const auto before = site.runs();
+    const Running browser(command);
+    site.waitForRunAfter(before + pages - 1);
+    return memoryOf(browser);
+}
+
+double memoryOfTabs(const Site& site) {
+    std::vector<std::string> addresses;
+    for (int i = 0; i < Tessaro::pageCount; ++i)
+        addresses.push_back(site.inbox(i));
+    return memoryOfBrowser(site, peers::chromiumTabs(addresses), addresses.size());
+}
+
+double idleWithPages(const Site& site) {
+    Tessaro tessaro(site);
+    tessaro.showPages();
+    return wakeUpsOf(tessaro.process(), toCalmDown);
+}
+
+double idleBareView(const Site& site) {
+    const Running view(peers::bareView());
+    const auto before = site.runs();
+    view.write(site.inbox(1));
+    site.waitForRunAfter(before);
+    return wakeUpsOf(view, toIdle);
+}
+
+} // namespace
+
+Figures holdFigures(const std::shared_ptr<const Site>& site) {
+    return {
+        {"memory with one inbox",
+         "MiB",
+         [=] { return memoryOf(withInbox(*site).process()); },
+         {{0.7, "Chromium",
+           [=] { return memoryOfBrowser(*site, peers::chromiumApp(site->inbox(1))); }},
+          {1.1, "MiniBrowser",
+           [=] { return memoryOfBrowser(*site, peers::miniBrowser(site->inbox(1))); }}}},
+        {"memory after 50 Pages",
+         "MiB",
+         [=] { return memoryAfterManyPages(*site); },
+         {{1.15, "after one Page", [=] { return memoryOf(withInbox(*site).process()); }},
+          {1, "Chromium with 50 tabs", [=] { return memoryOfTabs(*site); }}}},
+        {"idle, no account selected, wake-ups",
+         "/s",
+         [=] { return wakeUpsOf(Tessaro(*site).process(), toCalmDown); },
+         {{2, {}, {}}}},
+        {"idle, an account's Pages shown, wake-ups",
+         "/s",
+         [=] { return idleWithPages(*site); },
+         {{2, {}, {}}}},
+        {"idle with an inbox open, wake-ups",
+         "/s",
+         [=] { return wakeUpsOf(withInbox(*site).process(), toIdle); },
+         {{1.2, "bare view", [=] { return idleBareView(*site); }}}},
+    };
+}
+
+} // namespace tessaro::bench

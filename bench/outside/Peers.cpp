@@ -1,0 +1,58 @@
+#include "outside/Peers.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+
+namespace tessaro::bench::peers {
+
+namespace {
+
+/// On a profile of its own, which is kept from start to start, and without what it does in the
+/// background for itself: the figures are about the page.
+Command chromium() {
+    Command command{
+        "chromium",
+        "--user-data-dir=" + std::string(std::getenv("XDG_DATA_HOME")) + "/chromium",
+        "--window-size=1200,760",
+        "--password-store=basic",
+        "--no-first-run",
+        "--no-default-browser-check",
+        "--disable-background-networking",
+        "--disable-component-update",
+        "--disable-default-apps",
+        "--disable-sync",
+    };
+    // It refuses to run as root in its sandbox. That spares it work which the program does.
+    if (geteuid() == 0)
+        command.emplace_back("--no-sandbox");
+    return command;
+}
+
+} // namespace
+
+Command bareWindow() {
+    return {BENCH_BARE_WINDOW};
+}
+
+Command bareView() {
+    return {BENCH_BARE_VIEW};
+}
+
+Command miniBrowser(const std::string& address) {
+    return {BENCH_MINI_BROWSER, "--geometry=1200x760", address};
+}
+
+Command chromiumApp(const std::string& address) {
+    auto command = chromium();
+    command.push_back("--app=" + address);
+    return command;
+}
+
+Command chromiumTabs(const std::vector<std::string>& addresses) {
+    auto command = chromium();
+    command.insert(command.end(), addresses.begin(), addresses.end());
+    return command;
+}
+
+} // namespace tessaro::bench::peers
