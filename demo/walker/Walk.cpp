@@ -57,7 +57,7 @@ void Walk::startProgram() {
     program_.emplace(places_.program, places_.pictures / "program-output.txt");
     expect("the window", [&] { return screen_.findWindow("Tessaro").has_value(); });
     expect("the program on the accessibility bus", [&] {
-        return Node::ofProcess(program_->processId()).has_value();
+        return Node::ofProcess(processId()).has_value();
     });
 }
 
@@ -69,7 +69,7 @@ void Walk::closeProgram() {
 }
 
 std::optional<Node> Walk::find(const Wanted& wanted) const {
-    const auto program = Node::ofProcess(program_ ? program_->processId() : 0);
+    const auto program = Node::ofProcess(processId());
     if (!program)
         return std::nullopt;
     const auto matches = [&](const Node& node) {
@@ -153,7 +153,7 @@ void Walk::picture(const std::string& name, Limit limit) {
 void Walk::explainFailure() const {
     if (const auto area = screen_.findWindow("Tessaro"))
         screen_.writePng(*area, places_.pictures / "failed.png");
-    if (const auto program = Node::ofProcess(program_ ? program_->processId() : 0))
+    if (const auto program = Node::ofProcess(processId()))
         std::ofstream(places_.pictures / "failed.txt") << program->describeTree();
 }
 

@@ -64,6 +64,8 @@ public:
 
     /// Starts the program and waits for its window.
     void startProgram();
+    /// Of the running program; 0 when none runs.
+    int processId() const { return program_ ? program_->processId() : 0; }
     /// Closes the window and waits for the program to end.
     void closeProgram();
 

@@ -1,15 +1,7 @@
-// First, because the display's header makes macros of words of this one.
-// clang-format off
-#include <gtest/gtest.h>
-// clang-format on
-
-#include "DemoServerProcess.h"
-#include "Walk.h"
+#include "WalkTest.h"
 
 #include "Platform/FileStore.h"
 #include "support/ProcessTree.h"
-#include "support/ScopedEnvironment.h"
-#include "support/TempFolder.h"
 
 #include <sys/stat.h>
 
@@ -38,79 +30,43 @@ mode_t modeOf(const fs::path& path) {
     return status.st_mode & 07777;
 }
 
-class Secrets : public testing::Test {
+class Secrets : public test::WalkTest {
 protected:
-    Secrets() {
-        for (const auto& [variable, name] :
-             {std::pair("XDG_DATA_HOME", "data"), std::pair("XDG_CONFIG_HOME", "config"),
-              std::pair("XDG_CACHE_HOME", "cache")})
-            environment_.set(variable, (home_ / name).string());
-        // The toolkit complains when it is asked about a control that is just going.
-        environment_.set("G_DEBUG", std::nullopt);
-        leaveEverythingWide();
-        atspi_init();
-        walk_.emplace(Walk::Places{
-            .program = TESSARO_PROGRAM,
-            .data = data_,
-            .settings = settings_,
-            .pictures = home_.path(),
-            .opened = home_ / "opened.txt",
-            .origin = server_.origin()});
-    }
-    ~Secrets() override {
-        umask(before_);
-        if (HasFailure())
-            std::cout << readFile(home_ / "program-output.txt").value_or("no output") << std::endl;
-    }
+    Secrets() { leaveEverythingWide(); }
+    ~Secrets() override { umask(before_); }
 
     /// As an older program, or a careless copy, would have left it.
     void leaveEverythingWide() {
         fs::create_directories(data_ / "avatars");
         fs::create_directories(data_ / "logs");
-        fs::create_directories(settings_.parent_path());
         std::ofstream(data_ / "accounts.json") << "[]";
         std::ofstream(data_ / "pages.json") << "[]";
-        std::ofstream(settings_) << "[settings]\n"
-                                 << "graph_api_origin=" << server_.origin() << "\n"
-                                 << "inbox_origin=" << server_.origin() << "\n"
-                                 << "skarn_server_url=" << server_.origin() << "\n";
         for (const auto& entry : fs::recursive_directory_iterator(home_.path()))
             fs::permissions(entry, fs::perms(entry.is_directory() ? 0777 : 0666));
     }
 
-    void addAccount(const std::string& name, bool withProxy) {
-        walk_->press(button("Thêm tài khoản"));
-        walk_->see(dialog("Thêm tài khoản mới"));
-        walk_->type(field("TÊN TÀI KHOẢN"), name);
-        if (withProxy) {
-            walk_->press(button("CẤU HÌNH PROXY"));
-            walk_->type(field("Host (IP hoặc domain)"), "127.0.0.1");
-            walk_->type(field("Port"), "1"); // Nobody listens there.
-            walk_->type(field("Username (tùy chọn)"), "user");
-            walk_->type(field("Password"), "marked-proxy-password");
-        }
-        walk_->press(button("Thêm tài khoản"));
-        // GTK 4.8 may crash when it is asked about a window that is just going.
-        walk_->expect("the account in its file", [&] {
-            return readFile(data_ / "accounts.json").value_or("").find(name) != std::string::npos;
-        });
-        walk_->seeGone(dialog("Thêm tài khoản mới"));
+    void giveProxy() {
+        walk_.press(button("CẤU HÌNH PROXY"));
+        walk_.type(field("Host (IP hoặc domain)"), "127.0.0.1");
+        walk_.type(field("Port"), "1"); // Nobody listens there.
+        walk_.type(field("Username (tùy chọn)"), "user");
+        walk_.type(field("Password"), "marked-proxy-password");
     }
 
     /// Opens the sheet, verifies the token there and waits until the answer was shown.
     void verify(const std::string& token, const std::function<bool(const Node&)>& answered) {
-        walk_->press(button("Thêm Page"));
-        walk_->type(field("ACCESS TOKEN"), token);
-        walk_->press(button("Xác minh Token"));
-        walk_->expect("an answer to " + token, [&] {
-            return walk_->see(dialog("Thêm Facebook Page")).find(answered).has_value();
+        walk_.press(button("Thêm Page"));
+        walk_.type(field("ACCESS TOKEN"), token);
+        walk_.press(button("Xác minh Token"));
+        walk_.expect("an answer to " + token, [&] {
+            return walk_.see(dialog("Thêm Facebook Page")).find(answered).has_value();
         });
         checkWhatIsShown();
         checkProcesses();
     }
     void cancel() {
-        walk_->press(button("Hủy"));
-        walk_->seeGone(dialog("Thêm Facebook Page"));
+        walk_.press(button("Hủy"));
+        walk_.seeGone(dialog("Thêm Facebook Page"));
     }
 
     std::string logs() {
@@ -122,13 +78,13 @@ protected:
 
     /// No text on screen holds a mark but the field that it was typed into.
     void checkWhatIsShown() {
-        walk_->see({Wanted::Kind::window, "Tessaro"}).find([](const Node& node) {
+        walk_.see({Wanted::Kind::window, "Tessaro"}).find([](const Node& node) {
             EXPECT_FALSE(holdsMark(node.name())) << node.name();
             return false;
         });
-        if (!walk_->isThere(dialog("Thêm Facebook Page")))
+        if (!walk_.isThere(dialog("Thêm Facebook Page")))
             return;
-        walk_->see(dialog("Thêm Facebook Page")).find([](const Node& node) {
+        walk_.see(dialog("Thêm Facebook Page")).find([](const Node& node) {
             EXPECT_FALSE(holdsMark(node.name())) << node.name();
             EXPECT_TRUE(node.name() == "ACCESS TOKEN" || !holdsMark(node.text())) << node.name();
             return false;
@@ -146,12 +102,6 @@ protected:
     }
 
     mode_t before_ = umask(0);
-    test::TempFolder home_;
-    fs::path data_ = home_ / "data" / "Tessaro";
-    fs::path settings_ = home_ / "config" / "Tessaro" / "settings.ini";
-    test::ScopedEnvironment environment_;
-    test::DemoServerProcess server_{TESSARO_DEMO_SERVER};
-    std::optional<Walk> walk_;
     std::size_t largestTree_ = 0;
 };
 
@@ -163,38 +113,40 @@ std::function<bool(const Node&)> saying(std::string text) {
 } // namespace
 
 TEST_F(Secrets, StayInTheTwoRecordFiles) {
-    walk_->startProgram();
-    walk_->press(button("Để sau"));
-    addAccount("Đại lý", true);
-    walk_->press(button("Đại lý"));
+    startProgram();
+    beginAccount("Đại lý");
+    giveProxy();
+    finishAccount();
+    walk_.press(button("Đại lý"));
     verify("demo-user-token", saying("127.0.0.1"));
     cancel();
-    addAccount("Cửa hàng", false);
-    walk_->press(button("Cửa hàng"));
+    beginAccount("Cửa hàng");
+    finishAccount();
+    walk_.press(button("Cửa hàng"));
     verify("marked-bad-token", saying("Invalid OAuth access token"));
     cancel();
     verify("demo-user-token", saying("Đây là User Token"));
-    walk_->press(button("Tiệm Hoa Nắng Mai"));
-    walk_->press(button("Thêm Page"));
-    walk_->seeGone(dialog("Thêm Facebook Page"));
-    walk_->expect("the inbox", [&] { return !walk_->server().view().is_null(); });
+    walk_.press(button("Tiệm Hoa Nắng Mai"));
+    walk_.press(button("Thêm Page"));
+    walk_.seeGone(dialog("Thêm Facebook Page"));
+    walk_.expect("the inbox", [&] { return !walk_.server().view().is_null(); });
     checkProcesses();
     verify("demo-page-token", saying("Page Token hợp lệ"));
-    walk_->press(button("Thêm Page"));
-    walk_->seeGone(dialog("Thêm Facebook Page"));
+    walk_.press(button("Thêm Page"));
+    walk_.seeGone(dialog("Thêm Facebook Page"));
     // Its Page has no picture, which is worth a line.
-    walk_->expect("a line in the log", [&] { return logs().find("[ERROR]") != std::string::npos; });
-    walk_->press(button("Hỗ trợ"));
-    walk_->see(dialog("Hỗ Trợ Kỹ Thuật"));
-    walk_->see(dialog("Hỗ Trợ Kỹ Thuật")).find([](const Node& node) {
+    walk_.expect("a line in the log", [&] { return logs().find("[ERROR]") != std::string::npos; });
+    walk_.press(button("Hỗ trợ"));
+    walk_.see(dialog("Hỗ Trợ Kỹ Thuật"));
+    walk_.see(dialog("Hỗ Trợ Kỹ Thuật")).find([](const Node& node) {
         EXPECT_FALSE(holdsMark(node.name() + node.text()));
         return false;
     });
-    const auto uploads = walk_->server().uploads().dump();
+    const auto uploads = walk_.server().uploads().dump();
     EXPECT_NE(uploads.find("[ERROR]"), std::string::npos) << uploads;
     EXPECT_FALSE(holdsMark(uploads));
-    walk_->press(button("OK"));
-    walk_->closeProgram();
+    walk_.press(button("OK"));
+    walk_.closeProgram();
 
     int files = 0;
     std::set<std::string> marked;

@@ -1,0 +1,64 @@
+#include "WalkTest.h"
+
+#include "Models/Account.h"
+#include "Models/RecordList.h"
+#include "Platform/FileStore.h"
+
+#include <sys/resource.h>
+
+#include <csignal>
+
+using namespace tessaro;
+using namespace tessaro::demo;
+
+namespace {
+
+class FullDisk : public test::WalkTest {
+protected:
+    ~FullDisk() override { std::signal(SIGXFSZ, before_); }
+
+    /// Lets no file of the running program grow, or lets them grow again. Unlike a small file
+    /// system, that needs no privilege.
+    void setFull(bool isFull) {
+        const rlimit limit{isFull ? 0 : RLIM_INFINITY, RLIM_INFINITY};
+        ASSERT_EQ(prlimit(walk_.processId(), RLIMIT_FSIZE, &limit, nullptr), 0);
+    }
+
+    /// The names in the file of accounts.
+    std::vector<std::string> saved() {
+        std::vector<std::string> names;
+        const auto bytes = readFile(data_ / "accounts.json");
+        for (const auto& account : decodeList(bytes.value_or("[]"), decodeAccount).value())
+            names.push_back(account.name);
+        return names;
+    }
+
+    void addAccount(const std::string& name) {
+        beginAccount(name);
+        finishAccount();
+        walk_.see(button(name));
+    }
+
+    /// Programs that this one starts inherit that the signal of a full disk is ignored.
+    void (*before_)(int) = std::signal(SIGXFSZ, SIG_IGN);
+};
+
+} // namespace
+
+TEST_F(FullDisk, LeavesTheOldListOnDiskAndTheNewOneOnScreenUntilThereIsSpace) {
+    using Names = std::vector<std::string>;
+    startProgram();
+    addAccount("Cửa hàng");
+    ASSERT_EQ(saved(), Names{"Cửa hàng"});
+
+    setFull(true);
+    addAccount("Đại lý");
+    EXPECT_EQ(saved(), Names{"Cửa hàng"});
+    for (const auto& entry : std::filesystem::directory_iterator(data_))
+        EXPECT_FALSE(entry.path().filename().string().starts_with(".tessaro-")) << entry.path();
+
+    setFull(false);
+    addAccount("Chi nhánh");
+    EXPECT_EQ(saved(), (Names{"Cửa hàng", "Đại lý", "Chi nhánh"}));
+    walk_.closeProgram();
+}
