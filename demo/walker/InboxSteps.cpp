@@ -61,6 +61,16 @@ void walkInbox(Walk& walk) {
     walk.screen().typeKey("k", true);
     expectView(walk, "the cursor is in its search field", {{"focus", "search"}});
 
+    walk.step("Find in the page: the places are counted");
+    walk.screen().typeKey("f", true);
+    for (const char* key : {"b", "o"})
+        walk.screen().typeKey(key);
+    walk.see(label("8 kết quả"));
+    walk.screen().typeKey("Return");
+    walk.picture("inbox-find");
+    walk.screen().typeKey("Escape");
+    walk.seeGone(label("8 kết quả"));
+
     walk.step("Zoom in and out, and load the page again");
     walk.press(button("Phóng to"));
     walk.expect("a narrower page", [&] { return walk.server().view()["width"] < width; });

@@ -41,6 +41,7 @@ void Coordinator::setupNotifications() {
     };
     observe(webViewZoomIn, &Coordinator::handleZoomIn);
     observe(webViewZoomOut, &Coordinator::handleZoomOut);
+    observe(webViewZoomReset, &Coordinator::handleZoomReset);
     observe(webViewReload, &Coordinator::handleReload);
     observe(webViewGoHome, &Coordinator::handleGoHome);
     observe(webViewThemeChanged, &Coordinator::handleThemeChanged);
@@ -61,6 +62,10 @@ void Coordinator::handleZoomIn() {
 
 void Coordinator::handleZoomOut() {
     setZoom(std::max(currentZoom_ - zoomStep, smallestZoom));
+}
+
+void Coordinator::handleZoomReset() {
+    setZoom(naturalZoom);
 }
 
 void Coordinator::setZoom(double factor) {

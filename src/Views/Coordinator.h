@@ -34,6 +34,7 @@ public:
 
     void handleZoomIn();
     void handleZoomOut();
+    void handleZoomReset();
     void handleReload();
     void handleGoHome();
     void handleThemeChanged();
@@ -53,6 +54,8 @@ public:
     sigc::signal<void()>& signalProcessTerminated() { return processTerminated_; }
 
 private:
+    static constexpr double naturalZoom = 1.0;
+
     void setZoom(double factor);
     /// Sets the identity again and loads the address.
     void load(WebView& webView, const std::string& address);
@@ -67,7 +70,7 @@ private:
     std::weak_ptr<WebView> mainWebView_;
     std::string currentPageId_;
     std::optional<std::string> homeURL_;
-    double currentZoom_ = 1.0;
+    double currentZoom_ = naturalZoom;
     sigc::signal<void()> processTerminated_;
     std::vector<ScopedConnection> commands_;
 };

@@ -2,6 +2,7 @@
 
 #include "Platform/Gtk/WebSandbox.h"
 #include "Views/Coordinator.h"
+#include "Views/InboxCommands.h"
 
 namespace tessaro {
 
@@ -38,6 +39,8 @@ InboxContainerView::InboxContainerView(
     stack_.add(sandboxNotice_);
     add_overlay(veil_);
     loadingChanged_ = isLoading_->observe([this] { showLoading(); });
+    findCommand_ =
+        context_.notifications.observe(webViewFind, [this](const Notification&) { find(); });
     showBrowser();
 }
 
@@ -63,18 +66,28 @@ void InboxContainerView::showBrowser() {
     coordinator_->signalProcessTerminated().connect(
         [this] { stack_.set_visible_child(reloadButton_); });
     browser_ = host.makeView(*coordinator_);
-    stack_.add(*browser_);
-    stack_.set_visible_child(*browser_);
+    findBar_ = std::make_unique<FindBar>(browser_->webView());
+    page_.append(*findBar_);
+    page_.append(*browser_);
+    stack_.add(page_);
+    stack_.set_visible_child(page_);
 }
 
 void InboxContainerView::showLoading() {
     if (isLoading_->get()) {
         veil_.cover(hasLoaded_ ? browser_.get() : nullptr);
-        stack_.set_visible_child(*browser_);
+        stack_.set_visible_child(page_);
+        findBar_->close(); // What it found goes with the page.
     } else {
         hasLoaded_ = true;
         veil_.lift();
     }
+}
+
+void InboxContainerView::find() {
+    // Not behind the veil, nor where something else stands in the page's place.
+    if (page_.get_mapped() && !isLoading_->get())
+        findBar_->open();
 }
 
 void InboxContainerView::loadAgain() {

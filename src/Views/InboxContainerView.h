@@ -4,9 +4,11 @@
 #include "Models/PageConfig.h"
 #include "Platform/Gtk/WebSession.h"
 #include "Platform/Property.h"
+#include "Views/FindBar.h"
 #include "Views/LoadingVeil.h"
 #include "Views/ScreenContext.h"
 
+#include <gtkmm/box.h>
 #include <gtkmm/button.h>
 #include <gtkmm/label.h>
 #include <gtkmm/overlay.h>
@@ -41,6 +43,7 @@ private:
     void showBrowser();
     void showLoading();
     void loadAgain();
+    void find();
 
     const ScreenContext& context_;
     const WebSession& session_;
@@ -52,12 +55,15 @@ private:
     Gtk::Stack stack_;
     Gtk::Button reloadButton_{"Tải lại trang"};
     Gtk::Label sandboxNotice_;
+    Gtk::Box page_{Gtk::Orientation::VERTICAL}; ///< The browser below the bar.
     LoadingVeil veil_;
     bool hasLoaded_ = false; ///< Whether there was a page before the one that loads.
 
     std::unique_ptr<Coordinator> coordinator_;
     std::unique_ptr<ClippedWebViewContainer> browser_;
+    std::unique_ptr<FindBar> findBar_;
     ScopedConnection loadingChanged_;
+    ScopedConnection findCommand_;
 };
 
 } // namespace tessaro

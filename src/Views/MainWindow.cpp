@@ -11,6 +11,7 @@ namespace {
 
 constexpr int firstWidth = 1200;
 constexpr int firstHeight = 760;
+constexpr int keyedPages = 9; ///< As many as there are digits to choose a Page by.
 
 /// Brings the window to the front, which lives from here until it is closed.
 template <typename Window>
@@ -36,6 +37,7 @@ MainWindow::MainWindow(
         addCommand(command);
     for (const auto& command : browserCommands())
         addCommand(command);
+    addPageKeys();
     addConversationMenu();
     addPrimaryMenu();
 }
@@ -48,6 +50,19 @@ void MainWindow::addCommand(const WindowCommand& command) {
     add_action(command.action, [this, name = command.notification] { notifications_.post(name); });
     get_application()->set_accels_for_action(
         "win." + command.action, {command.accelerators.begin(), command.accelerators.end()});
+}
+
+void MainWindow::addPageKeys() {
+    add_action_with_parameter(
+        "choose-page", Glib::VARIANT_TYPE_INT32, [this](const Glib::VariantBase& parameter) {
+            const auto position = Glib::VariantBase::cast_dynamic<Glib::Variant<int>>(parameter);
+            notifications_.post(choosePage, {{"position", std::to_string(position.get())}});
+        });
+    for (int position = 1; position <= keyedPages; ++position) {
+        const auto digit = std::to_string(position);
+        get_application()->set_accels_for_action(
+            "win.choose-page(" + digit + ")", {"<Control>" + digit, "<Control>KP_" + digit});
+    }
 }
 
 void MainWindow::addConversationMenu() {

@@ -25,6 +25,7 @@ public:
 private:
     void showUnread(const std::string& count);
     void addCommand(const WindowCommand& command);
+    void addPageKeys();
     void addConversationMenu();
     void addPrimaryMenu();
 

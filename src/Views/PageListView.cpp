@@ -28,6 +28,11 @@ PageListView::PageListView(const ScreenContext& context, PagesViewModel& pagesVM
         context_.notifications.observe(unreadCountChanged, [this](const Notification& posted) {
             unread_.set(posted.userInfo.at("count"));
         }));
+    connections_.push_back(
+        context_.notifications.observe(choosePage, [this](const Notification& posted) {
+            // Unsigned: what would be before the first one is beyond the last one.
+            selectAt(std::stoul(posted.userInfo.at("position")) - 1);
+        }));
     showSelection();
 }
 
@@ -50,6 +55,12 @@ void PageListView::setAccount(const std::optional<Account>& account) {
     account_ = account;
     column_.setAddRow(account.has_value());
     arrow_.set_visible(!account);
+}
+
+void PageListView::selectAt(std::size_t index) {
+    const auto& pages = *pagesVM_.pages;
+    if (index < pages.size())
+        pagesVM_.selectPage(pages[index]);
 }
 
 void PageListView::showSelection() {

@@ -22,6 +22,7 @@ public:
 
 private:
     RecordColumn<PageConfig>::Behaviour columnBehaviour();
+    void selectAt(std::size_t index);
     void showSelection();
     void showSheet();
 

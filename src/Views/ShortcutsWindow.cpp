@@ -10,20 +10,22 @@ ShortcutsWindow::ShortcutsWindow(Gtk::Window& parent) : InfoWindow(parent, "Phí
     list_.set_row_spacing(12);
     list_.set_column_spacing(48);
     for (const auto& command : conversationCommands())
-        addCommand(command);
+        addRow(command.title, command.accelerators.front());
     for (const auto& command : browserCommands())
-        addCommand(command);
+        addRow(command.title, command.accelerators.front());
+    addRow("Chọn Page theo thứ tự trong danh sách", "<Control>1...9");
+    addRow("Phím tắt", "<Control>question");
     set_child(list_);
 }
 
-void ShortcutsWindow::addCommand(const WindowCommand& command) {
-    auto* const title = Gtk::make_managed<Gtk::Label>(command.title);
-    title->set_xalign(0);
-    title->set_hexpand(true);
-    auto* const keys = Gtk::make_managed<Gtk::ShortcutLabel>(command.accelerators.front());
-    keys->set_halign(Gtk::Align::END);
-    list_.attach(*title, 0, rows_);
-    list_.attach(*keys, 1, rows_);
+void ShortcutsWindow::addRow(const std::string& title, const std::string& keys) {
+    auto* const label = Gtk::make_managed<Gtk::Label>(title);
+    label->set_xalign(0);
+    label->set_hexpand(true);
+    auto* const caps = Gtk::make_managed<Gtk::ShortcutLabel>(keys);
+    caps->set_halign(Gtk::Align::END);
+    list_.attach(*label, 0, rows_);
+    list_.attach(*caps, 1, rows_);
     ++rows_;
 }
 

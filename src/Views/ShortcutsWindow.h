@@ -13,7 +13,8 @@ public:
     explicit ShortcutsWindow(Gtk::Window& parent);
 
 private:
-    void addCommand(const WindowCommand& command);
+    /// @param keys  in GTK's notation, in which "A...Z" is all from the one to the other
+    void addRow(const std::string& title, const std::string& keys);
 
     Gtk::Grid list_;
     int rows_ = 0;

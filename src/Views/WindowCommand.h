@@ -16,7 +16,7 @@ struct WindowCommand {
 /// The commands of the menu "Trò Chuyện", in its order.
 const std::vector<WindowCommand>& conversationCommands();
 
-/// The keys for what the account column has buttons for.
+/// The keys for the inbox that no menu names.
 const std::vector<WindowCommand>& browserCommands();
 
 } // namespace tessaro

@@ -19,7 +19,7 @@ protected:
     void SetUp() override {
         for (const auto* name :
              {focusSearchField, refreshInbox, webViewGoHome, webViewReload, webViewZoomIn,
-              webViewZoomOut})
+              webViewZoomOut, webViewZoomReset, webViewFind})
             observers_.push_back(notifications_.observe(
                 name, [this](const Notification& posted) { posted_.push_back(posted.name); }));
         window_.emplace(application(), notifications_);
@@ -87,7 +87,9 @@ TEST_F(TheMainWindow, PostsEachCommandOncePerStroke) {
              {GDK_KEY_Home, GDK_KEY_Alt_L, webViewGoHome},
              {GDK_KEY_F5, 0, webViewReload},
              {GDK_KEY_equal, GDK_KEY_Control_L, webViewZoomIn},
-             {GDK_KEY_minus, GDK_KEY_Control_L, webViewZoomOut}}) {
+             {GDK_KEY_minus, GDK_KEY_Control_L, webViewZoomOut},
+             {GDK_KEY_0, GDK_KEY_Control_L, webViewZoomReset},
+             {GDK_KEY_f, GDK_KEY_Control_L, webViewFind}}) {
         posted_.clear();
         Keyboard::press(key, modifier);
         EXPECT_TRUE(runUntil([&] { return !posted_.empty(); })) << name;
@@ -101,7 +103,7 @@ TEST_F(TheMainWindow, ListsItsKeysAndTellsAboutItself) {
     ASSERT_TRUE(shortcuts);
     TestScreen::settle(*shortcuts);
     const auto keys = textsOnScreen(*shortcuts);
-    for (const auto* command : {"Tìm kiếm cuộc trò chuyện", "Làm mới hộp thư"})
+    for (const auto* command : {"Tìm kiếm cuộc trò chuyện", "Làm mới hộp thư", "Tìm trong trang"})
         EXPECT_EQ(std::ranges::count(keys, command), 1) << command;
     ASSERT_TRUE(runUntil([&] { return shortcuts->is_active(); }));
     Keyboard::press(GDK_KEY_Escape);

@@ -61,11 +61,11 @@ bool InboxBrowser::waitForLoads(int count) {
     return runUntil([&] { return endedLoads >= count; });
 }
 
-std::string InboxBrowser::ask(const std::string& expression) {
+std::string ask(WebView& webView, const std::string& expression) {
     std::optional<std::string> answer;
     const std::string script = "String(" + expression + ")";
     webkit_web_view_evaluate_javascript(
-        WEBKIT_WEB_VIEW(webView().widget().gobj()), script.c_str(), -1, nullptr, nullptr, nullptr,
+        WEBKIT_WEB_VIEW(webView.widget().gobj()), script.c_str(), -1, nullptr, nullptr, nullptr,
         [](GObject* view, GAsyncResult* result, gpointer into) {
             const auto value = GObjectPtr<JSCValue>::adopt(
                 webkit_web_view_evaluate_javascript_finish(WEBKIT_WEB_VIEW(view), result, nullptr));
@@ -75,6 +75,10 @@ std::string InboxBrowser::ask(const std::string& expression) {
         &answer);
     runUntil([&] { return answer.has_value(); }, std::chrono::seconds(30));
     return answer.value_or("no answer in time");
+}
+
+std::string InboxBrowser::ask(const std::string& expression) {
+    return test::ask(webView(), expression);
 }
 
 bool InboxBrowser::waitUntil(const std::string& expression) {

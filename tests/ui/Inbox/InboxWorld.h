@@ -34,6 +34,9 @@ struct InboxWorld : ScreenWorld {
     static constexpr const char* inboxPath = "/latest/inbox/all";
 };
 
+/// The value of a script expression in the browser's page, as text.
+std::string ask(WebView& webView, const std::string& expression);
+
 /// One inbox browser in a window of its own.
 class InboxBrowser {
 public:
@@ -47,7 +50,6 @@ public:
     WebView& webView() { return *container->webView(); }
     /// Turns the main loop until so many loads have ended since the start.
     bool waitForLoads(int count);
-    /// The value of a script expression in the page, as text.
     std::string ask(const std::string& expression);
     bool waitUntil(const std::string& expression);
     /// Leaves for another page by following a link.

@@ -1,0 +1,182 @@
+#include "ui/Inbox/InboxWorld.h"
+
+#include "Services/SupportClient.h"
+#include "Views/FindBar.h"
+#include "Views/MainSplitView.h"
+#include "Views/MainWindow.h"
+#include "support/FakeGraph.h"
+#include "support/Gtk/Keyboard.h"
+#include "support/Gtk/TestScreen.h"
+#include "support/Gtk/Widgets.h"
+
+#include <gtest/gtest.h>
+
+namespace tessaro::test {
+namespace {
+
+/// The main window with three Pages, the first of which shows its inbox and has the keyboard.
+class InboxKeys : public testing::Test {
+protected:
+    InboxKeys() {
+        world.server.answer(
+            InboxWorld::inboxPath,
+            InboxWorld::page("<title>inbox</title><input type=search id=search>"
+                             "<p id=first>Nguyễn Thu Hà<p id=second>Trần Thu<p id=third>thu"
+                             "<textarea id=answer></textarea>"));
+        world.browserContext.makeGraphClient = graph.factory();
+        world.store.saveAccounts({account});
+        world.store.savePages(
+            {makePage(account, "1"), makePage(account, "2"), makePage(account, "3")});
+        content.emplace(world.browserContext, world.logger, support);
+        window.set_child(*content);
+        window.set_default_size(1000, 700);
+        window.present();
+        content->accountsVM().selectAccount(account);
+        content->pagesVM().selectPage(content->pagesVM().pages->front());
+    }
+    ~InboxKeys() override { window.unset_child(); }
+
+    void SetUp() override {
+        ASSERT_TRUE(runUntil([&] { return window.is_active(); }));
+        ASSERT_TRUE(waitForInbox("1"));
+        webView().widget().grab_focus();
+    }
+
+    /// One for all tests: an application stays on the bus until the process ends.
+    static const Glib::RefPtr<Gtk::Application>& application() {
+        static const auto registered = [] {
+            auto result = Gtk::Application::create(
+                "com.vandel.Tessaro.KeysTest", Gio::Application::Flags::NON_UNIQUE);
+            result->register_application();
+            return result;
+        }();
+        return registered;
+    }
+
+    template <typename Class>
+    Class& only() {
+        return *descendants<Class>(*content).at(0);
+    }
+    WebView& webView() { return *only<ClippedWebViewContainer>().webView(); }
+    FindBar& bar() { return only<FindBar>(); }
+    Gtk::SearchEntry& entry() { return only<Gtk::SearchEntry>(); }
+    std::string askPage(const std::string& expression) { return ask(webView(), expression); }
+    bool waitUntil(const std::string& expression) {
+        return runUntil([&] { return askPage(expression) == "true"; });
+    }
+    bool waitForInbox(const std::string& pageId) {
+        return waitUntil(
+                   "document.title === 'inbox' && document.readyState === 'complete' && "
+                   "location.search === '?asset_id=" +
+                   pageId + "'") &&
+               runUntil([&] { return !find(*content, "Đang tải hộp thư..."); });
+    }
+    /// Whether the place that was found last is in the element of that id.
+    bool waitForPlaceIn(const std::string& id) {
+        return waitUntil(
+            "getSelection().rangeCount && getSelection().anchorNode.parentNode.id === '" + id +
+            "'");
+    }
+    bool waitForText(const std::string& text) {
+        return runUntil([&] { return find<Gtk::Label>(bar(), text) != nullptr; });
+    }
+    static void type(const std::string& letters) {
+        for (const char letter : letters)
+            Keyboard::press(gdk_unicode_to_keyval(static_cast<guint32>(letter)));
+    }
+    bool pageHasKeyboard() { return window.get_focus() == &webView().widget(); }
+
+    InboxWorld world;
+    FakeGraph graph;
+    SupportClient support{world.settings, "http://127.0.0.1:9", world.device, world.logger, {}};
+    const Account account = makeAccount();
+    MainWindow window{application(), world.notifications};
+    std::optional<MainSplitView> content;
+};
+
+TEST_F(InboxKeys, FindInThePage) {
+    const int pageHeight = webView().widget().get_height();
+    Keyboard::press(GDK_KEY_f, GDK_KEY_Control_L);
+    ASSERT_TRUE(runUntil([&] { return bar().get_mapped(); }));
+    type("t");
+    EXPECT_TRUE(waitForText("4 kết quả"));
+    type("hu");
+    EXPECT_TRUE(waitForText("3 kết quả"));
+    EXPECT_TRUE(waitForPlaceIn("first"));
+    TestScreen::settle(window);
+    EXPECT_EQ(
+        webView().widget().get_height() + bar().get_allocated_height(),
+        pageHeight); // Nothing is covered.
+
+    Keyboard::press(GDK_KEY_Return);
+    EXPECT_TRUE(waitForPlaceIn("second"));
+    press(bar(), "Kết quả tiếp theo");
+    EXPECT_TRUE(waitForPlaceIn("third"));
+    Keyboard::press(GDK_KEY_Return);
+    EXPECT_TRUE(waitForPlaceIn("first"));
+    Keyboard::press(GDK_KEY_Return, GDK_KEY_Shift_L);
+    EXPECT_TRUE(waitForPlaceIn("third"));
+    press(bar(), "Kết quả trước");
+    EXPECT_TRUE(waitForPlaceIn("second"));
+    EXPECT_TRUE(waitForText("3 kết quả"));
+    type("x");
+    EXPECT_TRUE(waitForText("Không tìm thấy"));
+
+    Keyboard::press(GDK_KEY_Escape);
+    EXPECT_FALSE(bar().get_visible());
+    EXPECT_TRUE(pageHasKeyboard());
+    Keyboard::press(GDK_KEY_f, GDK_KEY_Control_L);
+    EXPECT_TRUE(waitForText("Không tìm thấy"));
+    type("ha"); // In place of the former text, and as a person writes it in a hurry.
+    EXPECT_TRUE(waitForText("1 kết quả"));
+
+    Keyboard::press(GDK_KEY_2, GDK_KEY_Control_L); // Goes with its page.
+    EXPECT_TRUE(waitForInbox("2"));
+    EXPECT_FALSE(bar().get_visible());
+    EXPECT_TRUE(pageHasKeyboard());
+}
+
+TEST_F(InboxKeys, ZoomThePageAndGoBackToItsNaturalSize) {
+    const std::string width = askPage("innerWidth");
+    Keyboard::press(GDK_KEY_equal, GDK_KEY_Control_L);
+    EXPECT_TRUE(waitUntil("innerWidth < " + width));
+    Keyboard::press(GDK_KEY_0, GDK_KEY_Control_L);
+    EXPECT_TRUE(waitUntil("innerWidth === " + width));
+    Keyboard::press(GDK_KEY_minus, GDK_KEY_Control_L);
+    EXPECT_TRUE(waitUntil("innerWidth > " + width));
+    Keyboard::press(GDK_KEY_0, GDK_KEY_Control_L);
+    EXPECT_TRUE(waitUntil("innerWidth === " + width));
+}
+
+TEST_F(InboxKeys, ChooseAPageByItsPlaceInTheList) {
+    for (const auto& [key, pageId] : {std::pair(GDK_KEY_3, "3"), std::pair(GDK_KEY_1, "1")}) {
+        Keyboard::press(key, GDK_KEY_Control_L);
+        EXPECT_TRUE(waitForInbox(pageId));
+        EXPECT_EQ(content->pagesVM().selectedPage->value().pageId.text, pageId);
+    }
+    const auto requests = world.server.requestCount(InboxWorld::inboxPath);
+    Keyboard::press(GDK_KEY_4, GDK_KEY_Control_L); // There are three.
+    Keyboard::press(GDK_KEY_9, GDK_KEY_Control_L);
+    Keyboard::press(GDK_KEY_2, GDK_KEY_Control_L);
+    EXPECT_TRUE(waitForInbox("2"));
+    EXPECT_EQ(world.server.requestCount(InboxWorld::inboxPath), requests + 1);
+}
+
+TEST_F(InboxKeys, LoadThePageAgainGoHomeAndGoToTheSitesSearch) {
+    Keyboard::press(GDK_KEY_k, GDK_KEY_Control_L);
+    EXPECT_TRUE(waitUntil("document.activeElement.id === 'search'"));
+
+    webView().evaluateScript("location.href = '/elsewhere'");
+    ASSERT_TRUE(waitUntil("document.title === 'elsewhere'"));
+    for (const auto& [key, modifier] :
+         {std::pair(GDK_KEY_F5, 0), std::pair(GDK_KEY_r, GDK_KEY_Control_L)}) {
+        askPage("window.isOld = true");
+        Keyboard::press(key, modifier);
+        EXPECT_TRUE(waitUntil("document.title === 'elsewhere' && !window.isOld"));
+    }
+    Keyboard::press(GDK_KEY_Home, GDK_KEY_Alt_L);
+    EXPECT_TRUE(waitForInbox("1"));
+}
+
+} // namespace
+} // namespace tessaro::test
