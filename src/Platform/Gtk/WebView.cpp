@@ -19,6 +19,10 @@ GObjectPtr<WebKitWebView> makeView(const WebSession& session) {
     // A context of the view's own ends all its processes with it. A shared one would keep some,
     // with what pages left in their memory, for later pages.
     const auto context = GObjectPtr<WebKitWebContext>::adopt(webkit_web_context_new());
+    // Right is what one of them knows. One that is not installed is left out by the engine.
+    const char* const languages[] = {"vi_VN", "en_US", nullptr};
+    webkit_web_context_set_spell_checking_languages(context.get(), languages);
+    webkit_web_context_set_spell_checking_enabled(context.get(), TRUE);
     return GObjectPtr<WebKitWebView>::share(static_cast<WebKitWebView*>(g_object_new(
         WEBKIT_TYPE_WEB_VIEW, "web-context", context.get(), "network-session", session.get(),
         "settings", settings.get(), "website-policies", policies.get(), nullptr)));

@@ -18,7 +18,9 @@ using WebKitScriptDialog = struct _WebKitScriptDialog;
 namespace tessaro {
 
 /// One embedded browser page. Its scripts run, its media plays without a click, and it goes back
-/// and forward by swiping and zooms by pinching. No page survives it in memory. UI thread only.
+/// and forward by swiping and zooms by pinching. What is written in it is checked for its spelling
+/// in Vietnamese and English, as far as dictionaries are installed. No page survives it in memory.
+/// UI thread only.
 class WebView {
 public:
     /// Without any progress for this long, a load is stopped and has failed.

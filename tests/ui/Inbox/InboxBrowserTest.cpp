@@ -1,6 +1,7 @@
 #include "ui/Inbox/InboxWorld.h"
 
 #include "Views/InboxCommands.h"
+#include "support/Gtk/WidgetPicture.h"
 #include "support/ManualClock.h"
 
 #include <gtest/gtest.h>
@@ -227,6 +228,31 @@ TEST(InboxBrowser, StaysAliveWithAPageIdThatMakesNoAddress) {
         browser.show(pageId);
     browser.show("1002");
     EXPECT_TRUE(browser.waitUntil("location.search === '?asset_id=1002'"));
+}
+
+TEST(InboxBrowser, UnderlinesWhatIsNeitherVietnameseNorEnglish) {
+    InboxWorld world;
+    world.server.answer(
+        InboxWorld::inboxPath,
+        InboxWorld::page("<body style='margin: 0 0 0 100px; font: 40px/100px sans-serif'>"
+                         "<div id=answer contenteditable></div>"));
+    InboxBrowser browser(world);
+    ASSERT_TRUE(browser.waitForLoads(1));
+    browser.webView().widget().grab_focus();
+    const auto isLineUnderlined = [&](double top) {
+        const WidgetPicture picture(*browser.container);
+        for (double y = top + 10; y < top + 90; ++y)
+            for (double x = 40; x < 700; ++x)
+                if (const Rgba at = picture.at(x, y); at.red > at.green + 0.4)
+                    return true;
+        return false;
+    };
+    browser.ask("answer.focus(), "
+                "document.execCommand('insertText', false, 'xin chào hello nghiêng '), "
+                "document.execCommand('insertLineBreak'), "
+                "document.execCommand('insertText', false, 'nghiênng helllo ')");
+    EXPECT_TRUE(runUntil([&] { return isLineUnderlined(100); }));
+    EXPECT_FALSE(isLineUnderlined(0));
 }
 
 } // namespace
