@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 namespace tessaro {
@@ -12,6 +13,9 @@ public:
     /// Opens an address with the desktop's handler for it, if isOpenableAddress(); anything else is
     /// ignored. Returns at once; a failure is not reported.
     virtual void openAddress(const std::string& address) = 0;
+
+    /// Shows a folder in the desktop's file manager. Returns at once; a failure is not reported.
+    virtual void openFolder(const std::filesystem::path& folder) = 0;
 
     /// Replaces the clipboard's content by this plain text.
     virtual void copyText(const std::string& text) = 0;

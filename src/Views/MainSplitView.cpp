@@ -13,7 +13,9 @@ MainSplitView::MainSplitView(
       accounts_(context, accountsVM_),
       firstDivider_(Gtk::Orientation::VERTICAL),
       pages_(context, pagesVM_),
-      secondDivider_(Gtk::Orientation::VERTICAL) {
+      secondDivider_(Gtk::Orientation::VERTICAL),
+      detail_(Gtk::Orientation::VERTICAL),
+      downloads_(context.desktop) {
     layOut(logger, support);
     accountChanged_ = accountsVM_.selectedAccount.observe([this] { followAccount(); });
     pageChanged_ = pagesVM_.selectedPage.observe([this] { showDetail(); });
@@ -31,6 +33,8 @@ void MainSplitView::layOut(AppLogger& logger, SupportClient& support) {
     columns_.append(secondDivider_);
     detail_.set_hexpand();
     placeholder_.set_hexpand();
+    detail_.append(placeholder_);
+    detail_.append(downloads_);
     columns_.append(detail_);
     append(columns_);
     append(*Gtk::make_managed<FooterBar>(context_, logger, support));
@@ -62,17 +66,17 @@ void MainSplitView::showDetail() {
         inbox_->setPage(*page, *accountsVM_.selectedAccount);
         return;
     }
-    if (auto* shown = detail_.get_first_child())
-        detail_.remove(*shown);
+    detail_.remove(*detail_.get_first_child());
     inbox_.reset();
     if (!page) {
-        detail_.append(placeholder_);
+        detail_.prepend(placeholder_);
         return;
     }
     inbox_ = std::make_unique<InboxContainerView>(context_, *page, *accountsVM_.selectedAccount);
     inbox_->set_hexpand();
     inbox_->set_size_request(600);
-    detail_.append(*inbox_);
+    detail_.prepend(*inbox_);
+    downloads_.follow(WebSession::shared());
 }
 
 } // namespace tessaro

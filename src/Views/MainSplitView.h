@@ -3,6 +3,7 @@
 #include "ViewModels/AccountsViewModel.h"
 #include "ViewModels/PagesViewModel.h"
 #include "Views/AccountSidebar.h"
+#include "Views/DownloadBar.h"
 #include "Views/InboxContainerView.h"
 #include "Views/InboxPlaceholder.h"
 #include "Views/PageListView.h"
@@ -46,6 +47,7 @@ private:
     Gtk::Separator secondDivider_;
     Gtk::Box detail_;
     InboxPlaceholder placeholder_;
+    DownloadBar downloads_;
     std::unique_ptr<InboxContainerView> inbox_; ///< While a Page is selected.
     std::optional<AccountId> shownAccount_;
     ScopedConnection accountChanged_;

@@ -7,14 +7,26 @@
 
 namespace tessaro {
 
-void GtkDesktop::openAddress(const std::string& address) {
-    if (!isOpenableAddress(address))
-        return;
-    // The context hands the focus on to whatever opens the address.
+namespace {
+
+/// Starts the desktop's handler for the address; the context hands the focus on to it.
+void launch(const char* address) {
     const auto context = GObjectPtr<GdkAppLaunchContext>::adopt(
         gdk_display_get_app_launch_context(gdk_display_get_default()));
     g_app_info_launch_default_for_uri_async(
-        address.c_str(), G_APP_LAUNCH_CONTEXT(context.get()), nullptr, nullptr, nullptr);
+        address, G_APP_LAUNCH_CONTEXT(context.get()), nullptr, nullptr, nullptr);
+}
+
+} // namespace
+
+void GtkDesktop::openAddress(const std::string& address) {
+    if (isOpenableAddress(address))
+        launch(address.c_str());
+}
+
+void GtkDesktop::openFolder(const std::filesystem::path& folder) {
+    if (const GCharPtr address{g_filename_to_uri(folder.c_str(), nullptr, nullptr)})
+        launch(address.get());
 }
 
 void GtkDesktop::copyText(const std::string& text) {

@@ -1,5 +1,6 @@
 #include "Platform/Gtk/WebSession.h"
 
+#include "Platform/Gtk/WebDownload.h"
 #include "Platform/Paths.h"
 
 #include <glib/gstdio.h>
@@ -24,6 +25,15 @@ WebSession::WebSession(
 WebSession& WebSession::shared() {
     static WebSession session(paths::webDataFolder(), paths::webCacheFolder());
     return session;
+}
+
+ScopedConnection
+WebSession::observeDownloads(std::function<void(std::shared_ptr<WebDownload>)> observer) const {
+    return connectSignal<void(WebKitNetworkSession*, WebKitDownload*)>(
+        session_.get(), "download-started",
+        [observer = std::move(observer)](WebKitNetworkSession*, WebKitDownload* download) {
+            observer(std::make_shared<WebDownload>(download));
+        });
 }
 
 } // namespace tessaro

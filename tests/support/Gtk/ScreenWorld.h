@@ -26,9 +26,13 @@ public:
 class RecordingDesktop final : public Desktop {
 public:
     void openAddress(const std::string& address) override { opened.push_back(address); }
+    void openFolder(const std::filesystem::path& folder) override {
+        openedFolders.push_back(folder);
+    }
     void copyText(const std::string& text) override { copied.push_back(text); }
 
     std::vector<std::string> opened;
+    std::vector<std::filesystem::path> openedFolders;
     std::vector<std::string> copied;
 };
 
