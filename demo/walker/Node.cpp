@@ -4,12 +4,14 @@ namespace tessaro::demo {
 
 std::optional<Node> Node::ofProcess(int processId) {
     const auto desktop = GObjectPtr<AtspiAccessible>::adopt(atspi_get_desktop(0));
-    // Nothing is remembered here: what is asked for is what is there now.
-    atspi_accessible_set_cache_mask(desktop.get(), ATSPI_CACHE_NONE);
     for (const Node& program : Node(desktop).children())
         if (atspi_accessible_get_process_id(program.accessible_.get(), GErrorSlot().out()) ==
-            static_cast<guint>(processId))
+            static_cast<guint>(processId)) {
+            // Nothing is remembered: what is asked for is what is there now. GTK 4.8 announces a
+            // new window under the name of the whole program, which would become a child of itself.
+            atspi_accessible_set_cache_mask(program.accessible_.get(), ATSPI_CACHE_NONE);
             return program;
+        }
     return std::nullopt;
 }
 

@@ -25,8 +25,11 @@ WalkTest::WalkTest() {
 }
 
 WalkTest::~WalkTest() {
-    if (HasFailure())
-        std::cout << readFile(home_ / "program-output.txt").value_or("no output") << std::endl;
+    if (!HasFailure())
+        return;
+    walk_.explainFailure();
+    for (const char* file : {"failed.txt", "program-output.txt"})
+        std::cout << readFile(home_ / file).value_or("") << std::endl;
 }
 
 void WalkTest::startProgram() {
