@@ -108,7 +108,11 @@ void Running::write(const std::string& line) const {
 double Running::memory() const {
     double kibibytes = 0;
     for (const auto& process : test::processTree()) {
-        const auto share = readNumber(folderOf(process.id) / "smaps_rollup", "Pss");
+        const auto folder = folderOf(process.id);
+        const auto share = readNumber(folder / "smaps_rollup", "Pss");
+        // One that has ended has no command line any more, or is not there at all.
+        if (share < 0 && (process.commandLine.empty() || !std::filesystem::exists(folder)))
+            continue;
         if (share < 0)
             throw std::runtime_error("the memory of " + process.commandLine + " cannot be read");
         kibibytes += static_cast<double>(share);
