@@ -1,6 +1,5 @@
 #include "Views/InboxContainerView.h"
 
-#include "Platform/Gtk/WebSandbox.h"
 #include "Views/Coordinator.h"
 #include "Views/InboxCommands.h"
 
@@ -17,9 +16,9 @@ constexpr const char* sandboxForbidden =
 
 InboxContainerView::InboxContainerView(
     const ScreenContext& context, PageConfig pageConfig, std::optional<Account> account,
-    const WebSession& session)
+    WebViewReserve& browsers)
     : context_(context),
-      session_(session),
+      browsers_(browsers),
       pageConfig_(std::move(pageConfig)),
       account_(std::move(account)) {
     set_expand();
@@ -53,19 +52,20 @@ void InboxContainerView::setPage(PageConfig pageConfig, std::optional<Account> a
 }
 
 void InboxContainerView::showBrowser() {
-    if (!browser_ && !webSandboxWorks()) {
-        stack_.set_visible_child(sandboxNotice_);
-        return;
-    }
-    const PageInboxWebView host{context_, session_, pageConfig_.pageId.text, isLoading_};
+    const PageInboxWebView host{context_, pageConfig_.pageId.text, isLoading_};
     if (browser_) {
         host.updateView(*browser_, *coordinator_);
+        return;
+    }
+    auto webView = browsers_.take();
+    if (!webView) {
+        stack_.set_visible_child(sandboxNotice_);
         return;
     }
     coordinator_ = host.makeCoordinator();
     coordinator_->signalProcessTerminated().connect(
         [this] { stack_.set_visible_child(reloadButton_); });
-    browser_ = host.makeView(*coordinator_);
+    browser_ = host.makeView(*coordinator_, std::move(webView));
     findBar_ = std::make_unique<FindBar>(browser_->webView());
     page_.append(*findBar_);
     page_.append(*browser_);

@@ -2,7 +2,7 @@
 
 #include "Models/Account.h"
 #include "Models/PageConfig.h"
-#include "Platform/Gtk/WebSession.h"
+#include "Platform/Gtk/WebViewReserve.h"
 #include "Platform/Property.h"
 #include "Views/FindBar.h"
 #include "Views/LoadingVeil.h"
@@ -27,10 +27,10 @@ class Coordinator;
 /// browser's sandbox, a sentence.
 class InboxContainerView : public Gtk::Overlay {
 public:
-    /// `context` and `session` outlive the view.
+    /// `context` and `browsers` outlive the view.
     InboxContainerView(
         const ScreenContext& context, PageConfig pageConfig, std::optional<Account> account,
-        const WebSession& session = WebSession::shared());
+        WebViewReserve& browsers);
     ~InboxContainerView() override;
 
     /// Shows another Page in the same browser.
@@ -46,7 +46,7 @@ private:
     void find();
 
     const ScreenContext& context_;
-    const WebSession& session_;
+    WebViewReserve& browsers_;
     PageConfig pageConfig_;
     std::optional<Account> account_;
     std::shared_ptr<tessaro::Property<bool>> isLoading_ =

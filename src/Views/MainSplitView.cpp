@@ -4,6 +4,13 @@
 
 namespace tessaro {
 
+namespace {
+
+/// A browser is made ready when the Pages have been drawn, and not for who only passes by.
+constexpr Clock::Delay browserDelay(200);
+
+} // namespace
+
 MainSplitView::MainSplitView(
     const ScreenContext& context, AppLogger& logger, SupportClient& support)
     : Gtk::Box(Gtk::Orientation::VERTICAL),
@@ -15,10 +22,12 @@ MainSplitView::MainSplitView(
       pages_(context, pagesVM_),
       secondDivider_(Gtk::Orientation::VERTICAL),
       detail_(Gtk::Orientation::VERTICAL),
-      downloads_(context.desktop) {
+      downloads_(context.desktop),
+      browsers_(context.clock) {
     layOut(logger, support);
     accountChanged_ = accountsVM_.selectedAccount.observe([this] { followAccount(); });
     pageChanged_ = pagesVM_.selectedPage.observe([this] { showDetail(); });
+    pagesChanged_ = pagesVM_.pages.observe([this] { prepareBrowser(); });
     showDetail();
 }
 
@@ -49,15 +58,14 @@ void MainSplitView::on_map() {
 void MainSplitView::followAccount() {
     const auto& account = *accountsVM_.selectedAccount;
     const auto id = account ? std::optional(account->id) : std::nullopt;
-    pages_.setAccount(account);
     // An edited copy is still the same account, whose Pages are there already.
-    if (id == shownAccount_)
-        return;
+    const bool isAnother = id != shownAccount_;
     shownAccount_ = id;
-    if (id)
+    if (isAnother && id)
         pagesVM_.loadPages(*id);
-    else
+    else if (isAnother)
         pagesVM_.clearPages();
+    pages_.setAccount(account);
 }
 
 void MainSplitView::showDetail() {
@@ -70,13 +78,24 @@ void MainSplitView::showDetail() {
     inbox_.reset();
     if (!page) {
         detail_.prepend(placeholder_);
+        prepareBrowser();
         return;
     }
-    inbox_ = std::make_unique<InboxContainerView>(context_, *page, *accountsVM_.selectedAccount);
+    inbox_ = std::make_unique<InboxContainerView>(
+        context_, *page, *accountsVM_.selectedAccount, browsers_);
+    browserTimer_.disconnect();
     inbox_->set_hexpand();
     inbox_->set_size_request(600);
     detail_.prepend(*inbox_);
     downloads_.follow(WebSession::shared());
+}
+
+void MainSplitView::prepareBrowser() {
+    browserTimer_.disconnect();
+    if (pagesVM_.pages->empty())
+        browsers_.drop();
+    else if (!inbox_)
+        browserTimer_ = context_.clock.timer(browserDelay, [this] { browsers_.prepare(); });
 }
 
 } // namespace tessaro

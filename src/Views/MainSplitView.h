@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Gtk/WebViewReserve.h"
 #include "ViewModels/AccountsViewModel.h"
 #include "ViewModels/PagesViewModel.h"
 #include "Views/AccountSidebar.h"
@@ -36,6 +37,7 @@ private:
     void layOut(AppLogger& logger, SupportClient& support);
     void followAccount();
     void showDetail();
+    void prepareBrowser();
 
     const ScreenContext& context_;
     AccountsViewModel accountsVM_;
@@ -48,10 +50,13 @@ private:
     Gtk::Box detail_;
     InboxPlaceholder placeholder_;
     DownloadBar downloads_;
+    WebViewReserve browsers_; ///< Ready while an account's Pages are shown and none is selected.
     std::unique_ptr<InboxContainerView> inbox_; ///< While a Page is selected.
     std::optional<AccountId> shownAccount_;
     ScopedConnection accountChanged_;
     ScopedConnection pageChanged_;
+    ScopedConnection pagesChanged_;
+    ScopedConnection browserTimer_;
 };
 
 } // namespace tessaro

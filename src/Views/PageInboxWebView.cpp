@@ -9,8 +9,7 @@ std::unique_ptr<Coordinator> PageInboxWebView::makeCoordinator() const {
 }
 
 std::unique_ptr<ClippedWebViewContainer>
-PageInboxWebView::makeView(Coordinator& coordinator) const {
-    auto webView = std::make_shared<WebView>(session, context.clock);
+PageInboxWebView::makeView(Coordinator& coordinator, std::shared_ptr<WebView> webView) const {
     coordinator.attach(webView);
     coordinator.setupNotifications();
     coordinator.openInbox(pageId, inboxURL());

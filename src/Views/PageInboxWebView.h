@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Platform/Gtk/WebSession.h"
 #include "Platform/Property.h"
 #include "Views/ClippedWebViewContainer.h"
 #include "Views/ScreenContext.h"
@@ -21,15 +20,15 @@ struct PageInboxWebView {
         "Chrome/125.0.0.0 Safari/537.36";
 
     const ScreenContext& context;
-    const WebSession& session;
     std::string pageId;
     /// Whether a page is loading. Written in the turn after the event, never inside it.
     std::shared_ptr<Property<bool>> isLoading;
 
     /// What the browser's events and the commands go to. Must outlive the container's use of it.
     std::unique_ptr<Coordinator> makeCoordinator() const;
-    /// Makes the browser and loads the inbox. Once per coordinator.
-    std::unique_ptr<ClippedWebViewContainer> makeView(Coordinator& coordinator) const;
+    /// Wraps the browser and loads the inbox into it. Once per coordinator.
+    std::unique_ptr<ClippedWebViewContainer>
+    makeView(Coordinator& coordinator, std::shared_ptr<WebView> webView) const;
     /// Loads the inbox of another Page in the same browser; does nothing for the same Page. The
     /// zoom stays.
     void updateView(ClippedWebViewContainer& container, Coordinator& coordinator) const;

@@ -52,8 +52,11 @@ RecordColumn<PageConfig>::Behaviour PageListView::columnBehaviour() {
 }
 
 void PageListView::setAccount(const std::optional<Account>& account) {
+    const bool isAnother = account_ != account;
     account_ = account;
     column_.setAddRow(account.has_value());
+    if (isAnother)
+        column_.showFirst();
     arrow_.set_visible(!account);
 }
 

@@ -54,6 +54,11 @@ public:
             view().activate_action("list.scroll-to-item", Glib::Variant<guint>::create(*row));
     }
 
+    /// Brings the first row into view. Rows that come in above others leave those where they are.
+    void showFirst() {
+        view().activate_action("list.scroll-to-item", Glib::Variant<guint>::create(0));
+    }
+
     /// How many records have a button at present.
     std::size_t buttonCount() const { return shown_.size(); }
 

@@ -1,5 +1,7 @@
 #include "Views/MainSplitView.h"
 
+#include "ui/Inbox/WebProcesses.h"
+
 #include "Services/SupportClient.h"
 #include "Views/AccountButton.h"
 #include "Views/PageButton.h"
@@ -111,4 +113,43 @@ TEST_F(MainSplitViewTest, TheInboxStandsInThePlaceholdersPlaceWhileAPageIsSelect
     screen_.settle();
     EXPECT_FALSE(inbox());
     EXPECT_TRUE(hasPlaceholder());
+}
+
+TEST_F(MainSplitViewTest, TheBrowsersProcessIsReadyWhileAnAccountsPagesAreShown) {
+    const auto letTimePass = [this] {
+        screen_.clock.advance(std::chrono::seconds(1));
+        screen_.settle();
+    };
+    ASSERT_TRUE(test::runUntil([] { return test::webProcesses().empty(); })) << "Of other tests.";
+    letTimePass();
+    EXPECT_TRUE(test::webProcesses().empty()) << "Nobody has chosen an account.";
+    test::press(*view_, "Một");
+    screen_.settle();
+    EXPECT_TRUE(test::webProcesses().empty()) << "The Pages come first.";
+    letTimePass();
+    EXPECT_TRUE(test::runUntil([] { return test::webProcesses().size() == 1; }));
+    view_->pagesVM().deletePage(view_->pagesVM().pages->front());
+    EXPECT_TRUE(test::runUntil([] { return test::webProcesses().empty(); }))
+        << "There is no Page left to open.";
+}
+
+TEST_F(MainSplitViewTest, AnAccountsPagesAreShownFromTheFirstOn) {
+    std::vector<PageConfig> pages;
+    for (int i = 0; i < 100; ++i)
+        pages.push_back(test::makePage(i < 50 ? first_ : second_, std::to_string(i)));
+    pages.front().pageName = "Đầu của Một";
+    pages[50].pageName = "Đầu của Hai";
+    screen_.store.savePages(pages);
+    for (const auto& [account, first] :
+         {std::pair("Một", "Đầu của Một"), std::pair("Hai", "Đầu của Hai")}) {
+        test::press(*view_, account);
+        screen_.settle();
+        auto* button = test::find<PageButton>(*view_, first);
+        ASSERT_TRUE(button) << account;
+        double x = 0, y = 0;
+        ASSERT_TRUE(button->translate_coordinates(*view_, 0, 0, x, y));
+        EXPECT_EQ(y, 8) << account;
+        view_->pagesVM().selectPage(view_->pagesVM().pages->back());
+        screen_.settle();
+    }
 }

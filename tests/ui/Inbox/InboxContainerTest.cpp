@@ -19,7 +19,7 @@ namespace {
 class InboxContainer : public testing::Test {
 protected:
     void show(const std::string& pageId = "1001") {
-        container.emplace(world.browserContext, makePage(account, pageId), account, *world.session);
+        container.emplace(world.browserContext, makePage(account, pageId), account, browsers);
         window.set_default_size(800, 600);
         window.set_child(*container);
         window.present();
@@ -56,10 +56,22 @@ protected:
 
     const std::string veil = "Đang tải hộp thư...";
     InboxWorld world;
+    WebViewReserve browsers{
+        world.browserContext.clock, [this]() -> const WebSession& { return *world.session; }};
     const Account account = makeAccount();
     Gtk::Window window;
     std::optional<InboxContainerView> container;
 };
+
+TEST_F(InboxContainer, OpensTheFirstPageInTheProcessThatWasMadeReady) {
+    browsers.prepare();
+    ASSERT_TRUE(runUntil([] { return webProcesses().size() == 1; }));
+    const auto ready = webProcesses();
+    show();
+    ASSERT_TRUE(waitForLoaded());
+    EXPECT_EQ(inboxRequests(), 1u);
+    EXPECT_EQ(webProcesses(), ready);
+}
 
 TEST_F(InboxContainer, VeilsThePageWhileItLoads) {
     std::atomic<bool> mayAnswer = false;

@@ -37,11 +37,12 @@ InboxBrowser::InboxBrowser(InboxWorld& world, const std::string& pageId)
 
 InboxBrowser::InboxBrowser(
     const ScreenContext& context, const WebSession& session, const std::string& pageId)
-    : context_(context), session_(session) {
+    : context_(context) {
     loadingChanged_ =
         isLoading->observe([this] { ++(isLoading->get() ? startedLoads : endedLoads); });
     coordinator = host(pageId).makeCoordinator();
-    container = host(pageId).makeView(*coordinator);
+    container =
+        host(pageId).makeView(*coordinator, std::make_shared<WebView>(session, context.clock));
     window.set_default_size(800, 600);
     window.set_child(*container);
     window.present();
@@ -50,7 +51,7 @@ InboxBrowser::InboxBrowser(
 InboxBrowser::~InboxBrowser() = default;
 
 PageInboxWebView InboxBrowser::host(const std::string& pageId) const {
-    return {context_, session_, pageId, isLoading};
+    return {context_, pageId, isLoading};
 }
 
 void InboxBrowser::show(const std::string& pageId) {

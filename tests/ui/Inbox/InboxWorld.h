@@ -67,7 +67,6 @@ private:
     PageInboxWebView host(const std::string& pageId) const;
 
     const ScreenContext& context_;
-    const WebSession& session_;
     ScopedConnection loadingChanged_;
 };
 

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Platform/Gtk/WebSession.h"
+#include "Platform/Gtk/WebView.h"
+
+#include <functional>
+#include <memory>
+
+namespace tessaro {
+
+/// Keeps a browser ready whose process runs already: starting the engine takes far longer than
+/// loading a page. UI thread only.
+class WebViewReserve {
+public:
+    /// @param session  what the browsers share; asked for with the first one only
+    explicit WebViewReserve(
+        Clock& clock, std::function<const WebSession&()> session = &WebSession::shared);
+
+    /// Makes a browser ready, unless one is. Takes some ten milliseconds and starts processes.
+    void prepare();
+    /// Ends the processes of a browser that is ready.
+    void drop() { ready_.reset(); }
+    /// The browser that is ready, or a new one; nothing where the system forbids its sandbox.
+    std::shared_ptr<WebView> take();
+
+private:
+    Clock& clock_;
+    std::function<const WebSession&()> session_;
+    std::shared_ptr<WebView> ready_;
+};
+
+} // namespace tessaro
