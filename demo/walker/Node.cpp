@@ -2,16 +2,28 @@
 
 namespace tessaro::demo {
 
+namespace {
+
+/// How long the program may take for one answer, in milliseconds. The library's own 800 are not
+/// enough for a busy machine, and what did not answer in time looks like what is not there.
+constexpr int answerLimit = 10'000;
+
+} // namespace
+
+void Node::startLibrary() {
+    // What is asked for is what is there now: the library's memory of what programs announce was
+    // seen to hold the program itself in the place of a new window, for good.
+    g_setenv("ATSPI_NO_CACHE", "1", TRUE);
+    atspi_init();
+    atspi_set_timeout(answerLimit, answerLimit);
+}
+
 std::optional<Node> Node::ofProcess(int processId) {
     const auto desktop = GObjectPtr<AtspiAccessible>::adopt(atspi_get_desktop(0));
     for (const Node& program : Node(desktop).children())
         if (atspi_accessible_get_process_id(program.accessible_.get(), GErrorSlot().out()) ==
-            static_cast<guint>(processId)) {
-            // Nothing is remembered: what is asked for is what is there now. GTK 4.8 announces a
-            // new window under the name of the whole program, which would become a child of itself.
-            atspi_accessible_set_cache_mask(program.accessible_.get(), ATSPI_CACHE_NONE);
+            static_cast<guint>(processId))
             return program;
-        }
     return std::nullopt;
 }
 

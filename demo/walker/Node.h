@@ -15,6 +15,9 @@ namespace tessaro::demo {
 /// that is gone meanwhile answers with nothing.
 class Node {
 public:
+    /// Starts the accessibility library; before anything else here.
+    static void startLibrary();
+
     explicit Node(GObjectPtr<AtspiAccessible> accessible) : accessible_(std::move(accessible)) {}
 
     /// The running program of that process id; nothing until it has announced itself.

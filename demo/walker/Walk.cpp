@@ -44,6 +44,7 @@ std::string describe(const Wanted& wanted) {
 } // namespace
 
 Walk::Walk(Places places) : places_(std::move(places)), server_(places_.origin) {
+    Node::startLibrary();
     if (!screen_.isOpen())
         throw WalkFailure("no display");
     screen_.paintGround(0xb8c0cc);

@@ -43,7 +43,7 @@ inline Wanted dialog(std::string name) {
 class Walk {
 public:
     using Limit = std::chrono::milliseconds;
-    static constexpr Limit patience = std::chrono::seconds(20);
+    static constexpr Limit patience = std::chrono::seconds(60);
 
     struct Places {
         std::filesystem::path program;  ///< The binary to walk through.

@@ -14,7 +14,6 @@ int main(int argc, char** argv) {
         return 2;
     }
     const std::filesystem::path folder = std::filesystem::absolute(argv[3]);
-    atspi_init();
     try {
         Walk walk(
             {.program = argv[1],

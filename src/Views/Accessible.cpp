@@ -9,12 +9,12 @@ void setName(Gtk::Widget& widget, const Glib::ustring& name) {
         GTK_ACCESSIBLE(widget.gobj()), GTK_ACCESSIBLE_PROPERTY_LABEL, name.c_str(), -1);
 }
 
-void nameButtonsByLabel(Gtk::Widget& widget) {
-    GtkWidget* const top = widget.gobj();
-    if (GTK_IS_BUTTON(top) && gtk_button_get_label(GTK_BUTTON(top)))
-        gtk_accessible_reset_relation(GTK_ACCESSIBLE(top), GTK_ACCESSIBLE_RELATION_LABELLED_BY);
-    for (auto* child = widget.get_first_child(); child; child = child->get_next_sibling())
-        nameButtonsByLabel(*child);
+void nameButtonsByLabel(GtkWidget* widget) {
+    if (GTK_IS_BUTTON(widget) && gtk_button_get_label(GTK_BUTTON(widget)))
+        gtk_accessible_reset_relation(GTK_ACCESSIBLE(widget), GTK_ACCESSIBLE_RELATION_LABELLED_BY);
+    for (auto* child = gtk_widget_get_first_child(widget); child;
+         child = gtk_widget_get_next_sibling(child))
+        nameButtonsByLabel(child);
 }
 
 void setPressed(Gtk::Widget& widget, bool pressed) {

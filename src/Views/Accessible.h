@@ -10,7 +10,8 @@ namespace tessaro::accessible {
 void setName(Gtk::Widget& widget, const Glib::ustring& name);
 /// Lets every button from `widget` down that shows a text be called by that text. By itself GTK 4.8
 /// names it twice over, once for its text and once for the label that holds the text.
-void nameButtonsByLabel(Gtk::Widget& widget);
+/// Takes the toolkit's own widget: wrapping one that is not ours would make an owner that leaks.
+void nameButtonsByLabel(GtkWidget* widget);
 /// A button that stands for one of several things: whether it is the chosen one.
 void setPressed(Gtk::Widget& widget, bool pressed);
 /// Work goes on behind the widget.

@@ -55,7 +55,7 @@ void GtkModals::presentNext() {
     for (std::size_t i = 0; i < alert.buttons.size(); ++i)
         adw_message_dialog_add_response(
             dialog, std::to_string(i).c_str(), alert.buttons[i].label.c_str());
-    accessible::nameButtonsByLabel(*Glib::wrap(GTK_WIDGET(dialog)));
+    accessible::nameButtonsByLabel(GTK_WIDGET(dialog));
     adw_message_dialog_set_close_response(dialog, std::to_string(cancel).c_str());
 
     answered_ = connectSignal<void(AdwMessageDialog*, const char*)>(

@@ -59,7 +59,7 @@ Sheet::Sheet(int width, int height, const Glib::ustring& title, const Glib::ustr
     set_child(column_);
     set_default_size(width, height);
     set_default_widget(accept_);
-    accessible::nameButtonsByLabel(footer_);
+    accessible::nameButtonsByLabel(GTK_WIDGET(footer_.gobj()));
 
     close_.signal_clicked().connect(sigc::mem_fun(*this, &Sheet::dismiss));
     cancel_.signal_clicked().connect(sigc::mem_fun(*this, &Sheet::dismiss));

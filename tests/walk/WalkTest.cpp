@@ -21,7 +21,6 @@ WalkTest::WalkTest() {
                              << "graph_api_origin=" << server_.origin() << "\n"
                              << "inbox_origin=" << server_.origin() << "\n"
                              << "skarn_server_url=" << server_.origin() << "\n";
-    atspi_init();
 }
 
 WalkTest::~WalkTest() {
