@@ -11,9 +11,6 @@ constexpr int answerLimit = 10'000;
 } // namespace
 
 void Node::startLibrary() {
-    // What is asked for is what is there now: the library's memory of what programs announce was
-    // seen to hold the program itself in the place of a new window, for good.
-    g_setenv("ATSPI_NO_CACHE", "1", TRUE);
     atspi_init();
     atspi_set_timeout(answerLimit, answerLimit);
 }
@@ -22,8 +19,12 @@ std::optional<Node> Node::ofProcess(int processId) {
     const auto desktop = GObjectPtr<AtspiAccessible>::adopt(atspi_get_desktop(0));
     for (const Node& program : Node(desktop).children())
         if (atspi_accessible_get_process_id(program.accessible_.get(), GErrorSlot().out()) ==
-            static_cast<guint>(processId))
+            static_cast<guint>(processId)) {
+            // What is asked for is what is there now: the library's memory of what programs
+            // announce was seen to hold the program itself in the place of a new window, for good.
+            atspi_accessible_set_cache_mask(program.accessible_.get(), ATSPI_CACHE_NONE);
             return program;
+        }
     return std::nullopt;
 }
 

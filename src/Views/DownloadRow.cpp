@@ -66,7 +66,7 @@ void DownloadRow::layOut() {
     texts_.append(detail_);
     open_.set_valign(Gtk::Align::CENTER);
     open_.add_css_class("points-12");
-    accessible::nameButtonsByLabel(open_);
+    accessible::nameButtonsByLabel(GTK_WIDGET(open_.gobj()));
     close_.set_valign(Gtk::Align::CENTER);
     append(symbol_);
     append(texts_);
