@@ -20,7 +20,8 @@ InboxContainerView::InboxContainerView(
     : context_(context),
       browsers_(browsers),
       pageConfig_(std::move(pageConfig)),
-      account_(std::move(account)) {
+      account_(std::move(account)),
+      veil_(context.clock) {
     set_expand();
     set_child(stack_);
     reloadButton_.set_halign(Gtk::Align::CENTER);

@@ -9,17 +9,20 @@ namespace tessaro {
 namespace {
 
 constexpr double blurRadius = 12.0; ///< In points.
+/// The engine waits for this thread while a page begins to load. Most have loaded before this.
+constexpr Clock::Delay pictureDelay(100);
+constexpr float reduction = 4; ///< Nobody sees on what is out of focus how coarse it is.
 
-/// What the widget shows, out of focus. One picture for all frames of the spinner: blurring each
-/// of them costs too much without a graphics card, and blurs no further than to the edges of what
-/// changed.
+/// What the widget shows, out of focus and reduced in size, since blurring every pixel takes long.
+/// One picture for all frames of the spinner: blurring each of them costs too much without a
+/// graphics card, and blurs no further than to the edges of what changed.
 GObjectPtr<GdkTexture> pictureOutOfFocus(Gtk::Widget& widget) {
     GskRenderer* renderer = gtk_native_get_renderer(gtk_widget_get_native(widget.gobj()));
     const auto paintable = GObjectPtr<GdkPaintable>::adopt(gtk_widget_paintable_new(widget.gobj()));
-    const auto width = static_cast<float>(widget.get_width());
-    const auto height = static_cast<float>(widget.get_height());
+    const auto width = static_cast<float>(widget.get_width()) / reduction;
+    const auto height = static_cast<float>(widget.get_height()) / reduction;
     GtkSnapshot* snapshot = gtk_snapshot_new();
-    gtk_snapshot_push_blur(snapshot, blurRadius);
+    gtk_snapshot_push_blur(snapshot, blurRadius / reduction);
     gdk_paintable_snapshot(paintable.get(), snapshot, width, height);
     gtk_snapshot_pop(snapshot);
     const std::unique_ptr<GskRenderNode, Releaser<gsk_render_node_unref>> node(
@@ -32,7 +35,7 @@ GObjectPtr<GdkTexture> pictureOutOfFocus(Gtk::Widget& widget) {
 
 } // namespace
 
-LoadingVeil::LoadingVeil() {
+LoadingVeil::LoadingVeil(Clock& clock) : clock_(clock) {
     backdrop_.add_css_class("inbox-backdrop");
     backdrop_.set_keep_aspect_ratio(false);
     set_child(backdrop_);
@@ -52,7 +55,10 @@ LoadingVeil::LoadingVeil() {
 
 void LoadingVeil::cover(Gtk::Widget* page) {
     if (page && page->get_mapped() && !get_visible())
-        gtk_picture_set_paintable(backdrop_.gobj(), GDK_PAINTABLE(pictureOutOfFocus(*page).get()));
+        pictureTimer_ = clock_.timer(pictureDelay, [this, page] {
+            gtk_picture_set_paintable(
+                backdrop_.gobj(), GDK_PAINTABLE(pictureOutOfFocus(*page).get()));
+        });
     set_visible(true);
     spinner_.set_spinning(true);
 }
@@ -60,6 +66,7 @@ void LoadingVeil::cover(Gtk::Widget* page) {
 void LoadingVeil::lift() {
     set_visible(false);
     spinner_.set_spinning(false);
+    pictureTimer_.disconnect();
     backdrop_.set_paintable({});
 }
 

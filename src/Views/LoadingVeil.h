@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/Clock.h"
+
 #include <gtkmm/box.h>
 #include <gtkmm/label.h>
 #include <gtkmm/overlay.h>
@@ -12,14 +14,16 @@ namespace tessaro {
 /// Hidden until it covers something.
 class LoadingVeil : public Gtk::Overlay {
 public:
-    LoadingVeil();
+    explicit LoadingVeil(Clock& clock);
 
-    /// Covers everything until lift(). `page` lies below and is shown out of focus as it looks now;
-    /// without one there is nothing to see.
+    /// Covers everything until lift(). `page` lies below and must stay until then. After a moment
+    /// it is shown out of focus, as it looks at that time; without one there is nothing to see.
     void cover(Gtk::Widget* page);
     void lift();
 
 private:
+    Clock& clock_;
+    ScopedConnection pictureTimer_;
     Gtk::Picture backdrop_;
     Gtk::Box column_{Gtk::Orientation::VERTICAL, 12};
     Gtk::Spinner spinner_;
