@@ -1,10 +1,22 @@
 #include "Platform/Gtk/WebView.h"
 
+#include <gtkmm/window.h>
 #include <webkit/webkit.h>
+
+#include <algorithm>
 
 namespace tessaro {
 
 namespace {
+
+/// Whether the toolkit draws the windows without a graphics card, by choice or because there is
+/// none.
+bool windowsAreDrawnInSoftware() {
+    const auto windows = Gtk::Window::list_toplevels();
+    return std::ranges::any_of(windows, [](Gtk::Window* window) {
+        return GSK_IS_CAIRO_RENDERER(gtk_native_get_renderer(GTK_NATIVE(window->gobj())));
+    });
+}
 
 GObjectPtr<WebKitWebView> makeView(const WebSession& session) {
     const auto settings = GObjectPtr<WebKitSettings>::adopt(webkit_settings_new());
@@ -14,6 +26,11 @@ GObjectPtr<WebKitWebView> makeView(const WebSession& session) {
         "javascript-can-open-windows-automatically", TRUE,
         // The quirks put other identities than the one set into requests to some hosts.
         "enable-site-specific-quirks", FALSE, nullptr);
+    // An imitated graphics card would compile its programs in every web process and keep some fifty
+    // megabytes there, and what it draws would be copied once more.
+    if (windowsAreDrawnInSoftware())
+        webkit_settings_set_hardware_acceleration_policy(
+            settings.get(), WEBKIT_HARDWARE_ACCELERATION_POLICY_NEVER);
     const auto policies = GObjectPtr<WebKitWebsitePolicies>::adopt(
         webkit_website_policies_new_with_policies("autoplay", WEBKIT_AUTOPLAY_ALLOW, nullptr));
     // A context of the view's own ends all its processes with it. A shared one would keep some,
@@ -128,6 +145,8 @@ void WebView::setCustomUserAgent(const std::string& userAgent) {
 void WebView::load(const std::string& address) {
     errorPageAddress_.clear();
     isAwaitingPage_ = true;
+    // Several megabytes for each Page would stay in memory for as long as it can be gone back to.
+    setSwipeGestures(false);
     webkit_web_view_load_uri(view_.get(), address.c_str());
 }
 
@@ -181,6 +200,7 @@ void WebView::onLoadChanged(int event) {
     } else if (event == WEBKIT_LOAD_FINISHED) {
         isAwaitingPage_ = false;
         timeout_.disconnect();
+        setSwipeGestures(widget_->get_mapped());
         // The engine says of a failed load and of its error page, too, that they have finished.
         if (delegate_ && !hasFailed_)
             delegate_->didFinishNavigation(*this);
