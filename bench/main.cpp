@@ -15,7 +15,8 @@ namespace {
 Figures figuresNamed(std::string_view part) {
     Figures wanted;
     const auto site = std::make_shared<const Site>();
-    for (auto figures : {waitFigures(site), holdFigures(site), storeFigures(), logFigures()})
+    for (auto figures :
+         {waitFigures(site), holdFigures(site), storeFigures(), logFigures(), screenFigures()})
         for (auto& figure : figures)
             if (figure.name.find(part) != std::string::npos)
                 wanted.push_back(std::move(figure));

@@ -1,11 +1,7 @@
 #include "outside/Tessaro.h"
 
+#include "Records.h"
 #include "outside/FirstFrame.h"
-
-#include "Models/RecordList.h"
-#include "Platform/FileStore.h"
-#include "Platform/Paths.h"
-#include "support/StoreWorld.h"
 
 #include <stdexcept>
 #include <thread>
@@ -17,32 +13,15 @@ namespace {
 // Middles of the first buttons in the two columns, below the header bar.
 constexpr int accountColumn = 28, pageColumn = 85, firstRow = 74, rowHeight = 44;
 
-void write(const std::filesystem::path& file, const std::string& bytes) {
-    std::filesystem::create_directories(file.parent_path());
-    if (!replaceFile(file, bytes))
-        throw std::runtime_error("cannot write " + file.string());
-}
-
-void writeRecords(const Site& site) {
-    std::vector<Account> accounts;
-    std::vector<PageConfig> pages;
-    for (int i = 0; i < Tessaro::accountCount; ++i)
-        accounts.push_back(test::makeAccount("Tài khoản " + std::to_string(i)));
-    for (int i = 0; i < Tessaro::pageCount; ++i)
-        pages.push_back(test::makePage(
-            accounts.front(), std::to_string(1000 + i), "Cửa hàng " + std::to_string(i)));
-    write(paths::dataFolder() / "accounts.json", encodeList(accounts));
-    write(paths::dataFolder() / "pages.json", encodeList(pages));
-    std::string settings = "[settings]\n";
-    for (const auto* origin : {"graph_api_origin", "inbox_origin", "skarn_server_url"})
-        settings += std::string(origin) + "=" + site.origin() + "\n";
-    write(paths::settingsFile(), settings);
+void storeRecords(const std::string& origin) {
+    const auto accounts = makeAccounts(Tessaro::accountCount);
+    writeRecords(accounts, makePages({accounts.front()}, Tessaro::pageCount), origin);
 }
 
 } // namespace
 
 Tessaro::Tessaro(const Site& site) : site_(site) {
-    writeRecords(site);
+    storeRecords(site.origin());
     FirstFrame frame;
     process_ = std::make_unique<Running>(std::vector<std::string>{TESSARO_PROGRAM});
     frame.wait();

@@ -6,6 +6,12 @@ namespace tessaro::test {
 
 ManualClock::ManualClock(TimePoint start) : now_(start) {}
 
+ManualClock::~ManualClock() {
+    // What waits here may own a timer that waits here too, so it goes piece by piece.
+    while (!due_.empty())
+        due_.extract(due_.begin());
+}
+
 void ManualClock::post(Delay delay, std::function<void()> action) {
     due_.emplace(now_ + delay, std::make_shared<std::function<void()>>(std::move(action)));
 }

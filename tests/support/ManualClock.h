@@ -12,6 +12,7 @@ namespace tessaro::test {
 class ManualClock final : public Clock {
 public:
     explicit ManualClock(TimePoint start = TimePoint(std::chrono::seconds(1'740'821'405)));
+    ~ManualClock() override;
 
     TimePoint now() const override { return now_; }
     void post(Delay delay, std::function<void()> action) override;
