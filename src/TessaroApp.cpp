@@ -28,6 +28,7 @@ struct TessaroApp::Scene {
           context{
               .theme = theme,
               .notifications = NotificationCenter::shared(),
+              .settings = SettingsStore::shared(),
               .clock = SystemClock::shared(),
               .desktop = desktop,
               .modals = modals,

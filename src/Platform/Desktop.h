@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/DesktopNotifier.h"
+
 #include <filesystem>
 #include <string>
 
@@ -16,6 +18,11 @@ public:
 
     /// Shows a folder in the desktop's file manager. Returns at once; a failure is not reported.
     virtual void openFolder(const std::filesystem::path& folder) = 0;
+
+    /// Shows a notification. Returns at once; a failure is not reported.
+    virtual void
+    showNotification(DesktopNotification notification, DesktopNotifier::Clicked clicked) = 0;
+    virtual void withdrawNotification(const std::string& id) = 0;
 
     /// Replaces the clipboard's content by this plain text.
     virtual void copyText(const std::string& text) = 0;

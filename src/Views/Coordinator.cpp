@@ -32,6 +32,7 @@ Coordinator::~Coordinator() {
 void Coordinator::attach(const std::shared_ptr<WebView>& webView) {
     webView->setDelegate(this);
     mainWebView_ = webView;
+    siteNotifications_.emplace(parent_.context, webView);
 }
 
 void Coordinator::setupNotifications() {
@@ -52,6 +53,8 @@ void Coordinator::setupNotifications() {
 void Coordinator::openInbox(const std::string& pageId, const std::string& address) {
     currentPageId_ = pageId;
     homeURL_ = address;
+    if (siteNotifications_)
+        siteNotifications_->setPageId(pageId);
     announceCount("");
     handleGoHome();
 }

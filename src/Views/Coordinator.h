@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Views/PageInboxWebView.h"
+#include "Views/SiteNotifications.h"
 
 #include <sigc++/signal.h>
 
@@ -71,6 +72,7 @@ private:
     std::string currentPageId_;
     std::optional<std::string> homeURL_;
     double currentZoom_ = naturalZoom;
+    std::optional<SiteNotifications> siteNotifications_;
     sigc::signal<void()> processTerminated_;
     std::vector<ScopedConnection> commands_;
 };

@@ -16,6 +16,10 @@ inline constexpr const char* webViewThemeChanged = "tsr.webview.themeChanged";
 /// "count" is the number as the site writes it ("3", "20+"), empty for none.
 inline constexpr const char* unreadCountChanged = "UnreadCountChanged";
 
+/// Posted when the person chose a notification of a Page, whose Graph id is in "pageId". The window
+/// comes to the front, by the "activationToken" where it is not empty, with that Page selected.
+inline constexpr const char* inboxRequested = "InboxRequested";
+
 /// Posted by the commands of the menu "Trò Chuyện".
 inline constexpr const char* focusSearchField = "FocusSearchField";
 inline constexpr const char* refreshInbox = "RefreshInbox";

@@ -1,6 +1,10 @@
 #include "Views/MainSplitView.h"
 
 #include "Views/FooterBar.h"
+#include "Views/InboxCommands.h"
+#include "Views/SiteNotifications.h"
+
+#include <algorithm>
 
 namespace tessaro {
 
@@ -23,11 +27,15 @@ MainSplitView::MainSplitView(
       secondDivider_(Gtk::Orientation::VERTICAL),
       detail_(Gtk::Orientation::VERTICAL),
       downloads_(context.desktop),
-      browsers_(context.clock) {
+      browsers_(context.clock, [&context] { return SiteNotifications::permittedOrigin(context); }) {
     layOut(logger, support);
     accountChanged_ = accountsVM_.selectedAccount.observe([this] { followAccount(); });
     pageChanged_ = pagesVM_.selectedPage.observe([this] { showDetail(); });
     pagesChanged_ = pagesVM_.pages.observe([this] { prepareBrowser(); });
+    inboxRequested_ =
+        context.notifications.observe(inboxRequested, [this](const Notification& posted) {
+            selectPage(posted.userInfo.at("pageId"));
+        });
     showDetail();
 }
 
@@ -66,6 +74,23 @@ void MainSplitView::followAccount() {
     else if (isAnother)
         pagesVM_.clearPages();
     pages_.setAccount(account);
+}
+
+void MainSplitView::selectPage(const std::string& pageId) {
+    const auto isWanted = [&](const PageConfig& page) { return page.pageId.text == pageId; };
+    if (*pagesVM_.selectedPage && isWanted(**pagesVM_.selectedPage))
+        return;
+    // The same Page may be under several accounts; the one that is shown comes first.
+    auto candidates = *pagesVM_.pages;
+    std::ranges::copy(context_.store.loadPages(), std::back_inserter(candidates));
+    const auto page = std::ranges::find_if(candidates, isWanted);
+    if (page == candidates.end())
+        return;
+    const auto account = std::ranges::find(*accountsVM_.accounts, page->accountId, &Account::id);
+    if (account == accountsVM_.accounts->end())
+        return;
+    accountsVM_.selectAccount(Account(*account));
+    pagesVM_.selectPage(*page);
 }
 
 void MainSplitView::showDetail() {

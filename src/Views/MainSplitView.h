@@ -38,6 +38,7 @@ private:
     void followAccount();
     void showDetail();
     void prepareBrowser();
+    void selectPage(const std::string& pageId);
 
     const ScreenContext& context_;
     AccountsViewModel accountsVM_;
@@ -57,6 +58,7 @@ private:
     ScopedConnection pageChanged_;
     ScopedConnection pagesChanged_;
     ScopedConnection browserTimer_;
+    ScopedConnection inboxRequested_;
 };
 
 } // namespace tessaro

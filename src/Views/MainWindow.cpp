@@ -30,6 +30,11 @@ MainWindow::MainWindow(
     unreadChanged_ = notifications_.observe(unreadCountChanged, [this](const Notification& posted) {
         showUnread(posted.userInfo.at("count"));
     });
+    inboxRequested_ = notifications_.observe(inboxRequested, [this](const Notification& posted) {
+        if (const auto& token = posted.userInfo.at("activationToken"); !token.empty())
+            set_startup_id(token);
+        present();
+    });
     set_icon_name("com.vandel.Tessaro");
     set_default_size(firstWidth, firstHeight);
     set_titlebar(header_);

@@ -36,6 +36,7 @@ private:
     std::optional<AboutWindow> about_;
     std::optional<ShortcutsWindow> shortcuts_;
     ScopedConnection unreadChanged_;
+    ScopedConnection inboxRequested_;
 };
 
 } // namespace tessaro

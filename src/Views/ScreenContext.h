@@ -18,6 +18,7 @@ namespace tessaro {
 struct ScreenContext {
     ThemeManager& theme;
     NotificationCenter& notifications;
+    SettingsStore& settings;
     Clock& clock;
     Desktop& desktop;
     Modals& modals;

@@ -13,7 +13,11 @@ struct MockBusService::State {
 
 MockBusService::MockBusService(
     const PrivateSessionBus& bus, const std::string& name, Handler handler)
-    : connection_(bus.connect()), state_(std::make_shared<State>()) {
+    : MockBusService(bus.connect(), name, std::move(handler)) {}
+
+MockBusService::MockBusService(
+    GObjectPtr<GDBusConnection> own, const std::string& name, Handler handler)
+    : connection_(std::move(own)), state_(std::make_shared<State>()) {
     state_->handler = std::move(handler);
     // The filter may still run for a moment after the end of this object.
     using Shared = std::shared_ptr<State>;
@@ -62,6 +66,14 @@ MockBusService::Reply MockBusService::answer(GDBusMessage* call, GVariant* body)
 MockBusService::Reply
 MockBusService::refuse(GDBusMessage* call, const char* errorName, const char* text) {
     return Reply::adopt(g_dbus_message_new_method_error_literal(call, errorName, text));
+}
+
+void MockBusService::emit(
+    const char* path, const std::string& signal, const char* arguments) const {
+    const auto dot = signal.rfind('.');
+    g_dbus_connection_emit_signal(
+        connection_.get(), nullptr, path, signal.substr(0, dot).c_str(),
+        signal.substr(dot + 1).c_str(), g_variant_new_parsed(arguments), nullptr);
 }
 
 std::vector<std::string> MockBusService::calls() const {

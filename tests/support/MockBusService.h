@@ -9,7 +9,7 @@
 
 namespace tessaro::test {
 
-/// A service on a private bus whose answers the test makes up, whatever the object. It works while
+/// A service on a bus whose answers the test makes up, whatever the object. It works while
 /// the main loop is blocked.
 class MockBusService {
 public:
@@ -19,6 +19,8 @@ public:
     using Handler = std::function<Reply(const std::string& method, GDBusMessage* call)>;
 
     MockBusService(const PrivateSessionBus& bus, const std::string& name, Handler handler);
+    /// @param own  a connection that nobody shares, which ends with it
+    MockBusService(GObjectPtr<GDBusConnection> own, const std::string& name, Handler handler);
     ~MockBusService();
     MockBusService(const MockBusService&) = delete;
     MockBusService& operator=(const MockBusService&) = delete;
@@ -26,6 +28,9 @@ public:
     /// A reply with this body: null, or a tuple that is taken over when it is floating.
     static Reply answer(GDBusMessage* call, GVariant* body = nullptr);
     static Reply refuse(GDBusMessage* call, const char* errorName, const char* text);
+
+    /// Tells everybody on the bus. The arguments are a tuple in GVariant's text form.
+    void emit(const char* path, const std::string& signal, const char* arguments) const;
 
     /// What has been called so far, in order.
     std::vector<std::string> calls() const;

@@ -4,6 +4,19 @@
 
 namespace tessaro::test {
 
+GObjectPtr<GDBusConnection> connectToBus(const std::string& address) {
+    GErrorSlot error;
+    auto connection = GObjectPtr<GDBusConnection>::adopt(g_dbus_connection_new_for_address_sync(
+        address.c_str(),
+        static_cast<GDBusConnectionFlags>(
+            G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+            G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
+        nullptr, nullptr, error.out()));
+    if (!connection)
+        throw std::runtime_error("cannot connect to the bus: " + error.message());
+    return connection;
+}
+
 PrivateSessionBus::PrivateSessionBus()
     : daemon_(GObjectPtr<GTestDBus>::adopt(g_test_dbus_new(G_TEST_DBUS_NONE))) {
     // The daemon's own start and end change these.
@@ -22,16 +35,7 @@ std::string PrivateSessionBus::address() const {
 }
 
 GObjectPtr<GDBusConnection> PrivateSessionBus::connect() const {
-    GErrorSlot error;
-    auto connection = GObjectPtr<GDBusConnection>::adopt(g_dbus_connection_new_for_address_sync(
-        address().c_str(),
-        static_cast<GDBusConnectionFlags>(
-            G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-            G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-        nullptr, nullptr, error.out()));
-    if (!connection)
-        throw std::runtime_error("cannot connect to the private bus: " + error.message());
-    return connection;
+    return connectToBus(address());
 }
 
 } // namespace tessaro::test

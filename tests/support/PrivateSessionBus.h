@@ -7,6 +7,9 @@
 
 namespace tessaro::test {
 
+/// A connection to the bus at that address, apart from the process's own.
+GObjectPtr<GDBusConnection> connectToBus(const std::string& address);
+
 /// A session bus for one test: while it exists it is the session bus of this process. No service is
 /// on it and none is started by it. Everything that uses the bus must be gone before it goes.
 class PrivateSessionBus {

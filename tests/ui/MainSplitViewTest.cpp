@@ -4,6 +4,7 @@
 
 #include "Services/SupportClient.h"
 #include "Views/AccountButton.h"
+#include "Views/InboxCommands.h"
 #include "Views/PageButton.h"
 #include "support/Gtk/TestScreen.h"
 #include "support/Gtk/Widgets.h"
@@ -152,4 +153,23 @@ TEST_F(MainSplitViewTest, AnAccountsPagesAreShownFromTheFirstOn) {
         view_->pagesVM().selectPage(view_->pagesVM().pages->back());
         screen_.settle();
     }
+}
+
+TEST_F(MainSplitViewTest, ARequestedInboxIsSelectedWhereverItsPageIs) {
+    const auto request = [this](const std::string& pageId) {
+        screen_.notifications.post(inboxRequested, {{"pageId", pageId}, {"activationToken", ""}});
+        screen_.settle();
+    };
+    request("2");
+    EXPECT_EQ((*view_->accountsVM().selectedAccount)->id, second_.id);
+    ASSERT_TRUE(inbox());
+    EXPECT_EQ(inbox()->pageConfig().pageName, "Lan");
+    InboxContainerView* const opened = inbox();
+    request("2");
+    request("of a Page that is gone");
+    EXPECT_EQ(inbox(), opened);
+    EXPECT_EQ(inbox()->pageConfig().pageName, "Lan");
+    request("1");
+    EXPECT_EQ((*view_->accountsVM().selectedAccount)->id, first_.id);
+    EXPECT_EQ(inbox()->pageConfig().pageName, "Mai");
 }

@@ -29,6 +29,15 @@ void GtkDesktop::openFolder(const std::filesystem::path& folder) {
         launch(address.get());
 }
 
+void GtkDesktop::showNotification(
+    DesktopNotification notification, DesktopNotifier::Clicked clicked) {
+    notifier_.show(std::move(notification), std::move(clicked));
+}
+
+void GtkDesktop::withdrawNotification(const std::string& id) {
+    notifier_.withdraw(id);
+}
+
 void GtkDesktop::copyText(const std::string& text) {
     gdk_clipboard_set_text(gdk_display_get_clipboard(gdk_display_get_default()), text.c_str());
 }

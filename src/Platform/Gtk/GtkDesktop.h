@@ -4,13 +4,19 @@
 
 namespace tessaro {
 
-/// The desktop of the default display. In a confined package addresses and folders go through the
-/// portal.
+/// The desktop of the default display. In a confined package addresses, folders and notifications
+/// go through the portal.
 class GtkDesktop final : public Desktop {
 public:
     void openAddress(const std::string& address) override;
     void openFolder(const std::filesystem::path& folder) override;
+    void
+    showNotification(DesktopNotification notification, DesktopNotifier::Clicked clicked) override;
+    void withdrawNotification(const std::string& id) override;
     void copyText(const std::string& text) override;
+
+private:
+    DesktopNotifier notifier_;
 };
 
 } // namespace tessaro

@@ -88,8 +88,12 @@ bool showsErrorPage(const GError& error) {
 
 } // namespace
 
-WebView::WebView(const WebSession& session, Clock& clock)
-    : view_(makeView(session)), widget_(Glib::wrap(GTK_WIDGET(view_.get()))), clock_(clock) {
+WebView::WebView(
+    const WebSession& session, Clock& clock, WebNotifications::PermittedOrigin permittedOrigin)
+    : view_(makeView(session)),
+      widget_(Glib::wrap(GTK_WIDGET(view_.get()))),
+      notifications_(view_.get(), std::move(permittedOrigin)),
+      clock_(clock) {
     const auto connect =
         [this]<typename Signature>(const char* signal, std::function<Signature> handler) {
             signals_.push_back(connectSignal<Signature>(view_.get(), signal, std::move(handler)));
@@ -174,6 +178,10 @@ std::string WebView::address() const {
     return address ? address : "";
 }
 
+bool WebView::isLoading() const {
+    return webkit_web_view_is_loading(view_.get());
+}
+
 std::string WebView::title() const {
     const char* title = webkit_web_view_get_title(view_.get());
     return title ? title : "";
@@ -236,7 +244,7 @@ void WebView::onTitleChanged() {
 }
 
 void WebView::onProgress() {
-    if (webkit_web_view_is_loading(view_.get()))
+    if (isLoading())
         expectProgress();
 }
 

@@ -2,6 +2,7 @@
 
 #include "Platform/Clock.h"
 #include "Platform/GHandle.h"
+#include "Platform/Gtk/WebNotifications.h"
 #include "Platform/Gtk/WebSession.h"
 #include "Platform/Gtk/WebViewDelegate.h"
 #include "Platform/ScopedConnection.h"
@@ -26,7 +27,9 @@ public:
     /// Without any progress for this long, a load is stopped and has failed.
     static constexpr auto loadTimeout = std::chrono::seconds(60);
 
-    WebView(const WebSession& session, Clock& clock);
+    WebView(
+        const WebSession& session, Clock& clock,
+        WebNotifications::PermittedOrigin permittedOrigin = {});
     ~WebView();
     WebView(const WebView&) = delete;
     WebView& operator=(const WebView&) = delete;
@@ -51,8 +54,11 @@ public:
     std::string address() const;
     /// Whether address() is of a page that is still to come, and not of the one that is shown.
     bool isAwaitingPage() const { return isAwaitingPage_; }
+    bool isLoading() const;
     /// The title of the page shown; empty when it has none.
     std::string title() const;
+
+    WebNotifications& notifications() { return notifications_; }
 
 private:
     void setSwipeGestures(bool areEnabled);
@@ -66,6 +72,7 @@ private:
 
     GObjectPtr<WebKitWebView> view_;
     Gtk::Widget* widget_;
+    WebNotifications notifications_;
     Clock& clock_;
     WebViewDelegate* delegate_ = nullptr;
     bool hasFailed_ = false;

@@ -12,9 +12,11 @@ namespace tessaro {
 /// loading a page. UI thread only.
 class WebViewReserve {
 public:
-    /// @param session  what the browsers share; asked for with the first one only
+    /// @param permittedOrigin  of the site that may show notifications (WebNotifications)
+    /// @param session          what the browsers share; asked for with the first one only
     explicit WebViewReserve(
-        Clock& clock, std::function<const WebSession&()> session = &WebSession::shared);
+        Clock& clock, WebNotifications::PermittedOrigin permittedOrigin = {},
+        std::function<const WebSession&()> session = &WebSession::shared);
 
     /// Makes a browser ready, unless one is. Takes some ten milliseconds and starts processes.
     void prepare();
@@ -24,7 +26,10 @@ public:
     std::shared_ptr<WebView> take();
 
 private:
+    std::shared_ptr<WebView> make() const;
+
     Clock& clock_;
+    WebNotifications::PermittedOrigin permittedOrigin_;
     std::function<const WebSession&()> session_;
     std::shared_ptr<WebView> ready_;
 };

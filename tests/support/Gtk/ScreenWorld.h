@@ -29,10 +29,19 @@ public:
     void openFolder(const std::filesystem::path& folder) override {
         openedFolders.push_back(folder);
     }
+    void
+    showNotification(DesktopNotification notification, DesktopNotifier::Clicked clicked) override {
+        notifications.push_back(std::move(notification));
+        clicks.push_back(std::move(clicked));
+    }
+    void withdrawNotification(const std::string& id) override { withdrawn.push_back(id); }
     void copyText(const std::string& text) override { copied.push_back(text); }
 
     std::vector<std::string> opened;
     std::vector<std::filesystem::path> openedFolders;
+    std::vector<DesktopNotification> notifications;
+    std::vector<DesktopNotifier::Clicked> clicks; ///< One for each notification.
+    std::vector<std::string> withdrawn;
     std::vector<std::string> copied;
 };
 
@@ -44,8 +53,8 @@ struct ScreenWorld : StoreWorld {
     RecordingDesktop desktop;
     ImageLoader images;
     Endpoints endpoints = Endpoints::fromSettings(settings);
-    ScreenContext context{theme, notifications, clock,  desktop,   modals,
-                          store, device,        images, endpoints, {}};
+    ScreenContext context{theme, notifications, settings, clock,     desktop, modals,
+                          store, device,        images,   endpoints, {}};
 };
 
 } // namespace tessaro::test

@@ -167,8 +167,8 @@ TEST(InboxBrowser, OutlivesAnAnswerThatComesTooEarlyOrTooLate) {
     InboxWorld world;
     HastyModals hasty;
     const ScreenContext& c = world.browserContext;
-    const ScreenContext context{c.theme, c.notifications, c.clock,  c.desktop,   hasty,
-                                c.store, c.device,        c.images, c.endpoints, {}};
+    const ScreenContext context{c.theme, c.notifications, c.settings, c.clock,     c.desktop, hasty,
+                                c.store, c.device,        c.images,   c.endpoints, {}};
     {
         InboxBrowser browser(context, *world.session, "1001");
         ASSERT_TRUE(browser.waitForLoads(1));

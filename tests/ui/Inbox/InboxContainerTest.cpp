@@ -57,7 +57,7 @@ protected:
     const std::string veil = "Đang tải hộp thư...";
     InboxWorld world;
     WebViewReserve browsers{
-        world.browserContext.clock, [this]() -> const WebSession& { return *world.session; }};
+        world.browserContext.clock, {}, [this]() -> const WebSession& { return *world.session; }};
     const Account account = makeAccount();
     Gtk::Window window;
     std::optional<InboxContainerView> container;

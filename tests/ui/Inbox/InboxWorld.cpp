@@ -8,8 +8,8 @@
 namespace tessaro::test {
 
 InboxWorld::InboxWorld(Clock& browserClock)
-    : browserContext{theme, notifications, browserClock, desktop,   modals,
-                     store, device,        images,       endpoints, {}} {
+    : browserContext{theme, notifications, settings, browserClock, desktop, modals,
+                     store, device,        images,   endpoints,    {}} {
     endpoints.inboxOrigin = server.origin();
     server.answer(inboxPath, page("<title>inbox</title><p>inbox"));
     for (LoopbackServer* each : {&server, &otherServer})
@@ -41,8 +41,10 @@ InboxBrowser::InboxBrowser(
     loadingChanged_ =
         isLoading->observe([this] { ++(isLoading->get() ? startedLoads : endedLoads); });
     coordinator = host(pageId).makeCoordinator();
-    container =
-        host(pageId).makeView(*coordinator, std::make_shared<WebView>(session, context.clock));
+    container = host(pageId).makeView(
+        *coordinator, std::make_shared<WebView>(session, context.clock, [&context] {
+            return SiteNotifications::permittedOrigin(context);
+        }));
     window.set_default_size(800, 600);
     window.set_child(*container);
     window.present();

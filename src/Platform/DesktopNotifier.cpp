@@ -1,0 +1,189 @@
+#include "Platform/DesktopNotifier.h"
+
+#include <algorithm>
+
+namespace tessaro {
+
+namespace {
+
+constexpr const char* applicationId = "com.vandel.Tessaro";
+
+/// Where on the session bus notifications are shown.
+struct Service {
+    const char* name;
+    const char* path;
+    const char* interface;
+};
+constexpr Service notificationService{
+    "org.freedesktop.Notifications", "/org/freedesktop/Notifications",
+    "org.freedesktop.Notifications"};
+constexpr Service portal{
+    "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
+    "org.freedesktop.portal.Notification"};
+
+/// The answer, or null when there is none. Takes the arguments over when they are floating.
+Task<GVariantPtr>
+call(GObjectPtr<GDBusConnection> bus, Service service, std::string method, GVariant* arguments) {
+    co_return co_await AsyncCall(
+        [&](GAsyncReadyCallback ready, gpointer data) {
+            g_dbus_connection_call(
+                bus.get(), service.name, service.path, service.interface, method.c_str(), arguments,
+                nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, ready, data);
+        },
+        [&](GObject*, GAsyncResult* result) {
+            return GVariantPtr(g_dbus_connection_call_finish(bus.get(), result, nullptr));
+        });
+}
+
+/// Whether the service reads markup in the text, so that plain text must be escaped.
+bool readsMarkup(GVariant* capabilities) {
+    if (!capabilities || !g_variant_is_of_type(capabilities, G_VARIANT_TYPE("(as)")))
+        return false;
+    const GVariantPtr list(g_variant_get_child_value(capabilities, 0));
+    for (gsize i = 0; i < g_variant_n_children(list.get()); ++i) {
+        const GVariantPtr capability(g_variant_get_child_value(list.get(), i));
+        if (g_variant_get_string(capability.get(), nullptr) == std::string_view("body-markup"))
+            return true;
+    }
+    return false;
+}
+
+GVariant*
+notifyArguments(std::uint32_t replaced, const std::string& title, const std::string& body) {
+    return g_variant_new_parsed(
+        "('Tessaro', %u, %s, %s, %s, ['default', ''], "
+        "{'desktop-entry': <%s>, 'category': <'im.received'>}, -1)",
+        replaced, applicationId, title.c_str(), body.c_str(), applicationId);
+}
+
+GVariant* portalArguments(const DesktopNotification& notification) {
+    return g_variant_new_parsed(
+        "(%s, {'title': <%s>, 'body': <%s>, 'default-action': <'open'>})", notification.id.c_str(),
+        notification.title.c_str(), notification.body.c_str());
+}
+
+} // namespace
+
+DesktopNotifier::DesktopNotifier(std::filesystem::path marker)
+    : isConfined_([&] {
+          std::error_code ignored;
+          return std::filesystem::exists(marker, ignored);
+      }()) {}
+
+void DesktopNotifier::show(DesktopNotification notification, Clicked clicked) {
+    shown_[notification.id].clicked = std::move(clicked);
+    send(std::move(notification)).detach();
+}
+
+Task<void> DesktopNotifier::send(DesktopNotification notification) {
+    const auto alive = lifetime_.watch();
+    const auto bus = co_await AsyncCall(
+        [](GAsyncReadyCallback ready, gpointer data) {
+            g_bus_get(G_BUS_TYPE_SESSION, nullptr, ready, data);
+        },
+        [](GObject*, GAsyncResult* result) {
+            return GObjectPtr<GDBusConnection>::adopt(g_bus_get_finish(result, nullptr));
+        });
+    if (!alive || !bus)
+        co_return;
+    listen(bus);
+    if (isConfined_) {
+        co_await call(bus, portal, "AddNotification", portalArguments(notification));
+        co_return;
+    }
+    const auto capabilities = co_await call(bus, notificationService, "GetCapabilities", nullptr);
+    if (!alive)
+        co_return;
+    std::string body = notification.body;
+    if (readsMarkup(capabilities.get()))
+        body = takeString(g_markup_escape_text(body.c_str(), -1));
+    const auto before = shown_.find(notification.id);
+    if (before == shown_.end())
+        co_return; // Withdrawn meanwhile.
+    const auto answer = co_await call(
+        bus, notificationService, "Notify",
+        notifyArguments(before->second.serverId, notification.title, body));
+    if (!alive || !answer || !g_variant_is_of_type(answer.get(), G_VARIANT_TYPE("(u)")))
+        co_return;
+    std::uint32_t serverId = 0;
+    g_variant_get(answer.get(), "(u)", &serverId);
+    if (const auto shown = shown_.find(notification.id); shown != shown_.end())
+        shown->second.serverId = serverId;
+}
+
+void DesktopNotifier::withdraw(const std::string& id) {
+    const auto shown = shown_.find(id);
+    if (shown == shown_.end())
+        return;
+    const auto serverId = shown->second.serverId;
+    shown_.erase(shown);
+    if (!bus_)
+        return;
+    if (isConfined_)
+        call(bus_, portal, "RemoveNotification", g_variant_new("(s)", id.c_str())).detach();
+    else if (serverId)
+        call(bus_, notificationService, "CloseNotification", g_variant_new("(u)", serverId))
+            .detach();
+}
+
+void DesktopNotifier::listen(const GObjectPtr<GDBusConnection>& bus) {
+    if (bus_)
+        return;
+    bus_ = bus;
+    const Service& service = isConfined_ ? portal : notificationService;
+    const guint subscription = g_dbus_connection_signal_subscribe(
+        bus.get(), service.name, service.interface, nullptr, service.path, nullptr,
+        G_DBUS_SIGNAL_FLAGS_NONE,
+        [](GDBusConnection*, const char*, const char*, const char*, const char* name,
+           GVariant* arguments, gpointer data) {
+            auto* const self = static_cast<DesktopNotifier*>(data);
+            if (self->isConfined_)
+                self->onPortalSignal(name, arguments);
+            else
+                self->onServiceSignal(name, arguments);
+        },
+        this, nullptr);
+    signals_ = ScopedConnection(
+        [bus, subscription] { g_dbus_connection_signal_unsubscribe(bus.get(), subscription); });
+}
+
+void DesktopNotifier::onServiceSignal(const std::string& name, GVariant* arguments) {
+    if (g_variant_n_children(arguments) != 2)
+        return;
+    const GVariantPtr serverId(g_variant_get_child_value(arguments, 0));
+    if (!g_variant_is_of_type(serverId.get(), G_VARIANT_TYPE_UINT32))
+        return;
+    const auto found = std::ranges::find_if(shown_, [&](const auto& entry) {
+        return entry.second.serverId == g_variant_get_uint32(serverId.get());
+    });
+    // The service tells everybody about everybody's notifications.
+    if (found == shown_.end())
+        return;
+    const GVariantPtr detail(g_variant_get_child_value(arguments, 1));
+    if (name == "NotificationClosed")
+        shown_.erase(found);
+    else if (!g_variant_is_of_type(detail.get(), G_VARIANT_TYPE_STRING))
+        return;
+    else if (name == "ActivationToken")
+        found->second.activationToken = g_variant_get_string(detail.get(), nullptr);
+    else if (name == "ActionInvoked")
+        click(found->first);
+}
+
+void DesktopNotifier::onPortalSignal(const std::string& name, GVariant* arguments) {
+    if (name != "ActionInvoked" || !g_variant_is_of_type(arguments, G_VARIANT_TYPE("(ssav)")))
+        return;
+    const GVariantPtr id(g_variant_get_child_value(arguments, 0));
+    click(g_variant_get_string(id.get(), nullptr));
+}
+
+void DesktopNotifier::click(const std::string& id) {
+    const auto shown = shown_.find(id);
+    if (shown == shown_.end())
+        return;
+    // A copy: whoever hears of the click may withdraw the notification.
+    const Shown clicked = shown->second;
+    clicked.clicked(clicked.activationToken);
+}
+
+} // namespace tessaro

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "Platform/DesktopNotifications.h"
+#include "Platform/Lifetime.h"
+#include "Platform/ScopedConnection.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+
+namespace tessaro {
+
+/// What a notification says, in plain text.
+struct DesktopNotification {
+    std::string id; ///< One that is shown again under the same id takes the other's place.
+    std::string title;
+    std::string body;
+};
+
+/// Shows notifications by the session's notification service, or by the desktop portal from within
+/// a confined package. Where neither answers, nothing is shown and nothing reported. Main thread.
+class DesktopNotifier {
+public:
+    /// `activationToken` is what lets a window come to the front (xdg-activation); it can be empty.
+    using Clicked = std::function<void(const std::string& activationToken)>;
+
+    /// @param marker  tells by its existence that the package is confined
+    explicit DesktopNotifier(std::filesystem::path marker = confinementMarker);
+    DesktopNotifier(const DesktopNotifier&) = delete;
+    DesktopNotifier& operator=(const DesktopNotifier&) = delete;
+
+    /// @param clicked  called when the person chooses the notification
+    void show(DesktopNotification notification, Clicked clicked);
+    void withdraw(const std::string& id);
+
+private:
+    struct Shown {
+        Clicked clicked;
+        std::uint32_t serverId = 0; ///< The notification service's own; 0 before its answer.
+        std::string activationToken;
+    };
+
+    Task<void> send(DesktopNotification notification);
+    void listen(const GObjectPtr<GDBusConnection>& bus);
+    void onServiceSignal(const std::string& name, GVariant* arguments);
+    void onPortalSignal(const std::string& name, GVariant* arguments);
+    void click(const std::string& id);
+
+    const bool isConfined_;
+    GObjectPtr<GDBusConnection> bus_;
+    std::map<std::string, Shown> shown_;
+    ScopedConnection signals_;
+    Lifetime lifetime_;
+};
+
+} // namespace tessaro
