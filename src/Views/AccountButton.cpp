@@ -12,7 +12,7 @@ AccountButton::AccountButton() {
 
 void AccountButton::show(const Account& account) {
     face_.show(account.name, account.proxyEnabled);
-    set_tooltip_text(account.name);
+    setTooltip(account.name);
     accessible::setName(*this, account.name.empty() ? "?" : account.name);
 }
 

@@ -39,7 +39,7 @@ void PageButton::show(const PageConfig& page) {
         graphBaseUrl_ + "/" + page.pageId.text +
             "/picture?type=normal&access_token=" + page.pageToken.reveal());
     badge_.setConnected(page.isConnected);
-    set_tooltip_text(name_);
+    setTooltip(name_);
     showUnread();
 }
 

@@ -4,9 +4,12 @@
 #include "Views/Column.h"
 
 #include <glibmm/variant.h>
+#include <gtkmm/tooltip.h>
 
 #include <map>
 #include <memory>
+#include <string>
+#include <utility>
 
 namespace tessaro {
 
@@ -16,6 +19,26 @@ class RecordButton : public Gtk::Button {
 public:
     virtual void show(const Record& record) = 0;
     virtual void setSelected(bool selected) = 0;
+
+    const std::string& tooltip() const { return tooltip_; }
+
+protected:
+    RecordButton() {
+        this->set_has_tooltip();
+        this->signal_query_tooltip().connect(
+            [this](int, int, bool, const Glib::RefPtr<Gtk::Tooltip>& tooltip) {
+                tooltip->set_text(tooltip_);
+                return true;
+            },
+            false);
+    }
+
+    /// In place of set_tooltip_text(), which asks the display each time what is below the pointer:
+    /// rows get their records by the dozen.
+    void setTooltip(std::string text) { tooltip_ = std::move(text); }
+
+private:
+    std::string tooltip_;
 };
 
 /// A column of buttons for records, with an add button at its end. It keeps only as many buttons as
@@ -47,9 +70,10 @@ public:
     void setSelected(const std::optional<Id>& id) {
         if (id == selected_)
             return;
-        selected_ = id;
+        const auto before = std::exchange(selected_, id);
         for (const auto& [button, item] : shown_)
-            button->setSelected(isSelected(*item));
+            if (const auto& shown = item->record()->id; shown == before || shown == id)
+                button->setSelected(isSelected(*item));
         if (const auto row = id ? rows_->find(*id) : std::nullopt)
             view().activate_action("list.scroll-to-item", Glib::Variant<guint>::create(*row));
     }

@@ -60,7 +60,7 @@ TEST_F(PageListViewTest, TellsNamesAndConnections) {
     PageConfig lost = test::makePage(account_, "2", "Lan");
     lost.isConnected = false;
     showPages({unnamed, lost});
-    EXPECT_EQ(button("Page").get_tooltip_text(), "Page");
+    EXPECT_EQ(button("Page").tooltip(), "Page");
     const auto dot = [](PageButton& shown) {
         return test::WidgetPicture(shown).at(19 + 14, 19 + 14);
     };
@@ -86,7 +86,7 @@ TEST_F(PageListViewTest, TheSelectedPageAloneWearsTheCount) {
     EXPECT_FALSE(test::find(view_, "3"));
     test::click(button("Lan"));
     EXPECT_TRUE(test::find<Gtk::Label>(button("Lan, 3 chưa đọc"), "3"));
-    EXPECT_EQ(button("Lan, 3 chưa đọc").get_tooltip_text(), "Lan");
+    EXPECT_EQ(button("Lan, 3 chưa đọc").tooltip(), "Lan");
     test::click(button("Mai"));
     post("20+");
     EXPECT_TRUE(test::find<Gtk::Label>(button("Mai, 20+ chưa đọc"), "20+"));
