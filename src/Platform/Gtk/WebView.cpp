@@ -1,9 +1,6 @@
 #include "Platform/Gtk/WebView.h"
 
-#include <gtkmm/window.h>
 #include <webkit/webkit.h>
-
-#include <algorithm>
 
 namespace tessaro {
 
@@ -12,10 +9,15 @@ namespace {
 /// Whether the toolkit draws the windows without a graphics card, by choice or because there is
 /// none.
 bool windowsAreDrawnInSoftware() {
-    const auto windows = Gtk::Window::list_toplevels();
-    return std::ranges::any_of(windows, [](Gtk::Window* window) {
-        return GSK_IS_CAIRO_RENDERER(gtk_native_get_renderer(GTK_NATIVE(window->gobj())));
-    });
+    // Not through the wrappers: making one for a window that is not ours would leak it.
+    GListModel* const windows = gtk_window_get_toplevels();
+    for (guint i = 0; i < g_list_model_get_n_items(windows); ++i) {
+        const auto window = GObjectPtr<GtkNative>::adopt(
+            static_cast<GtkNative*>(g_list_model_get_item(windows, i)));
+        if (GSK_IS_CAIRO_RENDERER(gtk_native_get_renderer(window.get())))
+            return true;
+    }
+    return false;
 }
 
 GObjectPtr<WebKitWebView> makeView(const WebSession& session) {
