@@ -11,7 +11,7 @@ namespace tessaro::test {
 /// Turns the main loop until `condition` holds; false when it does not within `limit`.
 bool runUntil(
     const std::function<bool()>& condition,
-    std::chrono::milliseconds limit = std::chrono::seconds(10));
+    std::chrono::milliseconds limit = std::chrono::seconds(30));
 
 /// Runs what is due on the main loop now and returns.
 void runPending();
