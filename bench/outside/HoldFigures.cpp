@@ -13,10 +13,11 @@ namespace {
 using std::chrono::seconds;
 
 /// Loading leaves work and memory behind that goes by itself.
-constexpr seconds toCalmDown{4};
-/// The inbox's script runs for the last time after ten seconds.
+constexpr seconds toCalmDown{3};
+/// The inbox's script runs for the last time after ten seconds, and by then the engine has given
+/// its memory back.
 constexpr seconds toIdle{12};
-constexpr seconds idleTime{10};
+constexpr seconds idleTime{7};
 
 double memoryOf(const Running& process) {
     std::this_thread::sleep_for(toCalmDown);
@@ -61,7 +62,7 @@ double memoryOfTabs(const Site& site) {
 double idleWithPages(const Site& site) {
     Tessaro tessaro(site);
     tessaro.showPages();
-    return wakeUpsOf(tessaro.process(), toCalmDown);
+    return wakeUpsOf(tessaro.process(), toIdle);
 }
 
 double idleBareView(const Site& site) {

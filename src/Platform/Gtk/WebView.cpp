@@ -152,6 +152,7 @@ void WebView::load(const std::string& address) {
     errorPageAddress_.clear();
     isAwaitingPage_ = true;
     // Several megabytes for each Page would stay in memory for as long as it can be gone back to.
+    // The new page brings the gestures back.
     setSwipeGestures(false);
     webkit_web_view_load_uri(view_.get(), address.c_str());
 }
@@ -207,10 +208,11 @@ void WebView::onLoadChanged(int event) {
     } else if (event == WEBKIT_LOAD_COMMITTED) {
         isAwaitingPage_ = false;
         onTitleChanged();
+    } else if (event == WEBKIT_LOAD_COMMITTED) {
+        setSwipeGestures(widget_->get_mapped());
     } else if (event == WEBKIT_LOAD_FINISHED) {
         isAwaitingPage_ = false;
         timeout_.disconnect();
-        setSwipeGestures(widget_->get_mapped());
         // The engine says of a failed load and of its error page, too, that they have finished.
         if (delegate_ && !hasFailed_)
             delegate_->didFinishNavigation(*this);
