@@ -12,9 +12,9 @@ namespace tessaro::bench {
 
 namespace {
 
-constexpr int switches = 10;
+constexpr int switches = 6;
 /// Between two switches, so that none falls into what the one before has left to do.
-constexpr auto rest = std::chrono::milliseconds(700);
+constexpr auto rest = std::chrono::milliseconds(500);
 
 double bareStart() {
     FirstFrame frame;
