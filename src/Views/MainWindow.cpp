@@ -48,6 +48,8 @@ MainWindow::MainWindow(
 }
 
 void MainWindow::showUnread(const std::string& count) {
+    if (!gobj()) // The browser, which takes its count with it, may go after the window.
+        return;
     set_title(count.empty() ? "Tessaro" : "(" + count + ") Tessaro");
 }
 
