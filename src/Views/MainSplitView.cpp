@@ -49,7 +49,7 @@ void MainSplitView::layOut(AppLogger& logger, SupportClient& support) {
     columns_.append(pages_);
     columns_.append(secondDivider_);
     detail_.set_hexpand();
-    placeholder_.set_hexpand();
+    placeholder_.set_expand();
     detail_.append(placeholder_);
     detail_.append(downloads_);
     columns_.append(detail_);
