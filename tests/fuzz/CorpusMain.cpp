@@ -18,7 +18,7 @@
 
 namespace {
 
-/// Makes new inputs of kept ones. The same seed makes the same inputs on every machine.
+/// Makes new inputs of kept ones. The same start makes the same inputs on every machine.
 class Mutator {
 public:
     explicit Mutator(const std::vector<std::string>& kept) : kept_(kept) {}
@@ -60,7 +60,7 @@ private:
     std::size_t below(std::size_t limit) { return random_() % limit; }
 
     const std::vector<std::string>& kept_;
-    std::mt19937 random_; // Its own first seed: the same inputs in every run.
+    std::mt19937 random_; // Always from its own start: the same inputs in every run.
 };
 
 /// The input that is being read, where the parent process sees it.
