@@ -56,8 +56,9 @@ LoadingVeil::LoadingVeil(Clock& clock) : clock_(clock) {
 void LoadingVeil::cover(Gtk::Widget* page) {
     if (page && page->get_mapped() && !get_visible())
         pictureTimer_ = clock_.timer(pictureDelay, [this, page] {
-            gtk_picture_set_paintable(
-                backdrop_.gobj(), GDK_PAINTABLE(pictureOutOfFocus(*page).get()));
+            if (page->get_mapped()) // The window may have been closed meanwhile.
+                gtk_picture_set_paintable(
+                    backdrop_.gobj(), GDK_PAINTABLE(pictureOutOfFocus(*page).get()));
         });
     set_visible(true);
     spinner_.set_spinning(true);

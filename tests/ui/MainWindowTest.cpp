@@ -3,6 +3,7 @@
 #include "Platform/Paths.h"
 #include "Views/InboxCommands.h"
 #include "support/Gtk/Keyboard.h"
+#include "support/Gtk/TestApplication.h"
 #include "support/Gtk/TestScreen.h"
 #include "support/Gtk/Widgets.h"
 #include "support/MainLoop.h"
@@ -27,16 +28,6 @@ protected:
         TestScreen::settle(*window_);
     }
 
-    /// One for all tests: an application stays on the bus until the process ends.
-    static const Glib::RefPtr<Gtk::Application>& application() {
-        static const auto registered = [] {
-            auto result = Gtk::Application::create(
-                "com.vandel.Tessaro.Test", Gio::Application::Flags::NON_UNIQUE);
-            result->register_application();
-            return result;
-        }();
-        return registered;
-    }
     static Gtk::Window* windowCalled(const Glib::ustring& title) {
         for (auto* window : Gtk::Window::list_toplevels())
             if (window->get_title() == title && window->get_visible())

@@ -6,6 +6,7 @@
 #include "Views/MainWindow.h"
 #include "support/FakeGraph.h"
 #include "support/Gtk/Keyboard.h"
+#include "support/Gtk/TestApplication.h"
 #include "support/Gtk/TestScreen.h"
 #include "support/Gtk/Widgets.h"
 
@@ -40,17 +41,6 @@ protected:
         ASSERT_TRUE(runUntil([&] { return window.is_active(); }));
         ASSERT_TRUE(waitForInbox("1"));
         webView().widget().grab_focus();
-    }
-
-    /// One for all tests: an application stays on the bus until the process ends.
-    static const Glib::RefPtr<Gtk::Application>& application() {
-        static const auto registered = [] {
-            auto result = Gtk::Application::create(
-                "com.vandel.Tessaro.KeysTest", Gio::Application::Flags::NON_UNIQUE);
-            result->register_application();
-            return result;
-        }();
-        return registered;
     }
 
     template <typename Class>
