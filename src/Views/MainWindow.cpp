@@ -1,9 +1,11 @@
 #include "Views/MainWindow.h"
 
+#include "Platform/Gtk/DigitKey.h"
 #include "Views/Accessible.h"
 #include "Views/InboxCommands.h"
 
 #include <giomm/menu.h>
+#include <gtkmm/eventcontrollerkey.h>
 
 namespace tessaro {
 
@@ -43,6 +45,7 @@ MainWindow::MainWindow(
     for (const auto& command : browserCommands())
         addCommand(command);
     addPageKeys();
+    addDigitKeys();
     addConversationMenu();
     addPrimaryMenu();
 }
@@ -70,6 +73,39 @@ void MainWindow::addPageKeys() {
         get_application()->set_accels_for_action(
             "win.choose-page(" + digit + ")", {"<Control>" + digit, "<Control>KP_" + digit});
     }
+}
+
+void MainWindow::addDigitKeys() {
+    // Before the page, which takes every key.
+    const auto keys = Gtk::EventControllerKey::create();
+    keys->set_propagation_phase(Gtk::PropagationPhase::CAPTURE);
+    keys->signal_key_pressed().connect(
+        [this](guint keyval, guint keycode, Gdk::ModifierType modifiers) {
+            return pressDigitByPlace(keyval, keycode, modifiers);
+        },
+        false);
+    add_controller(keys);
+}
+
+bool MainWindow::pressDigitByPlace(guint keyval, guint keycode, Gdk::ModifierType modifiers) {
+    const auto held =
+        static_cast<GdkModifierType>(modifiers) & gtk_accelerator_get_default_mod_mask();
+    const auto digit = digitByPlace(get_display()->gobj(), keycode);
+    if (held != GDK_CONTROL_MASK || digit.empty())
+        return false;
+    // What the key says by itself goes first, such as the minus sign of a French keyboard's 6.
+    // Not every name can be read back: a key for a combining mark has none but its number.
+    const auto own = takeString(gtk_accelerator_name(keyval, GDK_CONTROL_MASK));
+    if (gtk_accelerator_parse(own.c_str(), nullptr, nullptr) &&
+        !get_application()->get_actions_for_accel(own).empty())
+        return false;
+    for (const auto& action : get_application()->get_actions_for_accel("<Control>" + digit)) {
+        Glib::ustring name;
+        Glib::VariantBase target;
+        Gio::Action::parse_detailed_name_variant(action, name, target);
+        activate_action(name, target);
+    }
+    return true;
 }
 
 void MainWindow::addConversationMenu() {

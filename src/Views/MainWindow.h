@@ -26,6 +26,8 @@ private:
     void showUnread(const std::string& count);
     void addCommand(const WindowCommand& command);
     void addPageKeys();
+    void addDigitKeys();
+    bool pressDigitByPlace(guint keyval, guint keycode, Gdk::ModifierType modifiers);
     void addConversationMenu();
     void addPrimaryMenu();
 

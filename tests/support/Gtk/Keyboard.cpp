@@ -3,6 +3,7 @@
 #include "support/MainLoop.h"
 
 #include <gdk/x11/gdkx.h>
+#include <glibmm/spawn.h>
 
 // Its macros would change what comes after it.
 #include <X11/extensions/XTest.h>
@@ -27,6 +28,11 @@ void Keyboard::press(guint keysym, guint modifier) {
     key(keysym, false);
     if (modifier)
         key(modifier, false);
+}
+
+void Keyboard::setLayout(const char* name) {
+    Glib::spawn_command_line_sync(std::string("setxkbmap ") + name);
+    runPending();
 }
 
 } // namespace tessaro::test

@@ -11,6 +11,8 @@ public:
     /// @param keysym    of a key that the keyboard has, such as GDK_KEY_Escape
     /// @param modifier  held meanwhile, such as GDK_KEY_Shift_L
     static void press(guint keysym, guint modifier = 0);
+    /// Gives the keyboard another layout, such as "vn". The display's first one is "us".
+    static void setLayout(const char* name);
 };
 
 } // namespace tessaro::test
