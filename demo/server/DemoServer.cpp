@@ -28,9 +28,15 @@ Request readRequest(
 }
 
 void writeReply(SoupServerMessage* message, const Reply& reply) {
+    SoupMessageHeaders* headers = soup_server_message_get_response_headers(message);
     // A demo is looked at again and again: nothing of it may come from a cache.
-    soup_message_headers_replace(
-        soup_server_message_get_response_headers(message), "Cache-Control", "no-store");
+    soup_message_headers_replace(headers, "Cache-Control", "no-store");
+    if (!reply.attachment.empty()) {
+        const GHashTablePtr parameters(g_hash_table_new(g_str_hash, g_str_equal));
+        char name[] = "filename";
+        g_hash_table_insert(parameters.get(), name, const_cast<char*>(reply.attachment.c_str()));
+        soup_message_headers_set_content_disposition(headers, "attachment", parameters.get());
+    }
     if (!reply.location.empty()) {
         soup_server_message_set_redirect(message, reply.status, reply.location.c_str());
         return;
@@ -84,6 +90,12 @@ void DemoServer::onRequest(
     }
 }
 
+void DemoServer::release(const std::string& site) {
+    for (const auto& message : held_[site])
+        soup_server_message_unpause(message.get());
+    held_.erase(site);
+}
+
 Reply DemoServer::answer(const Request& request) {
     const auto below = [&](const char* folder) { return request.path.starts_with(folder); };
     if (below("/v"))
@@ -114,13 +126,11 @@ Reply DemoServer::control(const Request& request) {
     if (request.path == "/demo/view")
         return Reply::json(inbox_.view());
     if (request.path == "/demo/hold" && request.method == "POST") {
-        held_[request.value("site")];
+        hold(request.value("site"));
         return Reply::json({{"success", true}});
     }
     if (request.path == "/demo/release" && request.method == "POST") {
-        for (const auto& message : held_[request.value("site")])
-            soup_server_message_unpause(message.get());
-        held_.erase(request.value("site"));
+        release(request.value("site"));
         return Reply::json({{"success", true}});
     }
     return Reply::notFound();

@@ -34,6 +34,10 @@ public:
     /// "http://127.0.0.1:PORT" once it listens.
     const std::string& origin() const { return origin_; }
 
+    /// Keeps back what "graph", "inbox" or "support" answers, until it is released.
+    void hold(const std::string& site) { held_[site]; }
+    void release(const std::string& site);
+
     const SupportSite& support() const { return support_; }
     const InboxSite& inbox() const { return inbox_; }
 

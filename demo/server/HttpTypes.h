@@ -28,7 +28,8 @@ struct Reply {
     unsigned status = 200;
     std::string contentType = "text/plain; charset=utf-8";
     std::string body;
-    std::string location; ///< Where a redirect leads.
+    std::string location;     ///< Where a redirect leads.
+    std::string attachment{}; ///< The name under which it is to be saved rather than shown.
 
     static Reply json(const nlohmann::json& value, unsigned status = 200) {
         return {status, "application/json; charset=UTF-8", value.dump(), {}};

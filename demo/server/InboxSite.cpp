@@ -1,6 +1,7 @@
 #include "InboxSite.h"
 
 #include "DemoPages.h"
+#include "PagePicture.h"
 
 #include "Platform/GHandle.h"
 #include "Platform/JsonReader.h"
@@ -44,7 +45,11 @@ Reply conversations(const std::string& pageId) {
          {"conversations", all->at(pageId)}});
 }
 
+constexpr const char* filesFolder = "files/";
+
 } // namespace
+
+InboxSite::InboxSite() : files_{{"Mẫu hoa.png", drawPicture(Motif::flower, 600)}} {}
 
 Reply InboxSite::answer(const Request& request) {
     const std::string name = request.path.substr(std::string("/latest/inbox/").size());
@@ -65,7 +70,20 @@ Reply InboxSite::answer(const Request& request) {
             view_ = std::move(*view);
         return Reply::json({{"success", true}});
     }
+    if (name.starts_with(filesFolder))
+        return answerFile(request, name.substr(std::string_view(filesFolder).size()));
     return Reply::notFound();
+}
+
+Reply InboxSite::answerFile(const Request& request, const std::string& name) {
+    if (request.method == "POST") {
+        files_[name] = request.body;
+        return Reply::json({{"success", true}});
+    }
+    const auto found = files_.find(name);
+    if (found == files_.end())
+        return Reply::notFound();
+    return {200, "application/octet-stream", found->second, {}, name};
 }
 
 Reply answerLink(const Request& request) {

@@ -4,17 +4,23 @@
 
 namespace tessaro::demo {
 
-/// Answers "/latest/inbox/…": the message inbox of one Page, its conversations, a help page.
+/// Answers "/latest/inbox/…": the message inbox of one Page, its conversations, the files that are
+/// attached to them, a help page.
 class InboxSite {
 public:
+    InboxSite();
     Reply answer(const Request& request);
     /// How the page that is open says it is being shown; null before the first report. The page
     /// sends it whenever something of it changed: which of its bars are visible, whether it wears a
-    /// dark style, its width, where the cursor is, which conversation is open.
+    /// dark style, its width, where the cursor is, which conversation is open, whether it may
+    /// show notifications.
     const nlohmann::json& view() const { return view_; }
 
 private:
+    Reply answerFile(const Request& request, const std::string& name);
+
     nlohmann::json view_;
+    std::map<std::string, std::string> files_; ///< Contents by name, drawn or sent here.
 };
 
 /// The little page that a link of the program's footer opens.

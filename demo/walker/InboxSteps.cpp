@@ -14,6 +14,9 @@ constexpr int columns = 2 * (56 + 1);
 // What the window draws around itself on a display without transparency, at most.
 constexpr int borders = 12;
 
+constexpr const char* control = "Control_L";
+constexpr const char* shift = "Shift_L";
+
 void expectView(const Walk& walk, const std::string& what, const nlohmann::json& wanted) {
     walk.expect("the page to say: " + what, [&] {
         const auto view = walk.server().view();
@@ -35,6 +38,7 @@ void walkInbox(Walk& walk) {
          {"navBar", false},
          {"sideNav", false},
          {"dark", false},
+         {"notifications", "default"},
          {"conversation", "Nguyễn Thu Hà"}});
     walk.seeGone(label("Đang tải hộp thư..."));
     walk.picture("inbox-light");
@@ -49,6 +53,20 @@ void walkInbox(Walk& walk) {
             "the page is " + std::to_string(width) + " points wide in a window of " +
             std::to_string(window.width));
 
+    walk.step("The site's count of what is unread stands at its Page and in the window's title");
+    walk.see(button("Tiệm Hoa Nắng Mai, 2 chưa đọc"));
+    walk.see({Wanted::Kind::window, "(2) Tessaro"});
+
+    walk.step("The site asks whether it may notify, and is allowed to");
+    walk.screen().typeKey("k", control);
+    expectView(walk, "the cursor is in its search field", {{"focus", "search"}});
+    walk.screen().typeKey("Tab", shift);
+    walk.screen().typeKey("Return");
+    walk.see(dialog("Cho phép hiện thông báo?"));
+    walk.picture("notification-question");
+    walk.press(button("Cho phép"));
+    expectView(walk, "it may", {{"notifications", "granted"}});
+
     walk.step("Write an answer in the page: a customer replies");
     walk.screen().click(window.x + window.width - 300, window.y + window.height - 75);
     expectView(walk, "the cursor is in its text field", {{"focus", "answer"}});
@@ -57,12 +75,19 @@ void walkInbox(Walk& walk) {
     expectView(walk, "two messages more", {{"sent", 1}, {"messages", 7}});
     walk.picture("inbox-answered");
 
-    walk.step("The command for searching puts the cursor into the site's search field");
-    walk.screen().typeKey("k", true);
-    expectView(walk, "the cursor is in its search field", {{"focus", "search"}});
+    walk.step("Download a file that is attached to a message");
+    walk.screen().typeKey("Tab", shift);
+    walk.screen().typeKey("Tab", shift);
+    expectView(walk, "the file is in focus", {{"focus", "file"}});
+    walk.screen().typeKey("Return");
+    walk.see(button("Mở thư mục"));
+    walk.screen().movePointer(window.x + window.width / 2, window.y + 20); // No tooltip there.
+    walk.picture("inbox-download");
+    walk.press(button("Đóng"));
+    walk.seeGone(button("Mở thư mục"));
 
     walk.step("Find in the page: the places are counted");
-    walk.screen().typeKey("f", true);
+    walk.screen().typeKey("f", control);
     for (const char* key : {"b", "o"})
         walk.screen().typeKey(key);
     walk.see(label("8 kết quả"));
@@ -70,6 +95,14 @@ void walkInbox(Walk& walk) {
     walk.picture("inbox-find");
     walk.screen().typeKey("Escape");
     walk.seeGone(label("8 kết quả"));
+
+    walk.step("Search for a conversation and open it: nothing is unread any more");
+    walk.screen().typeKey("k", control);
+    expectView(walk, "the cursor is in its search field", {{"focus", "search"}});
+    for (const char* key : {"l", "o", "n", "g", "Return"})
+        walk.screen().typeKey(key);
+    expectView(walk, "the conversation", {{"conversation", "Phạm Đức Long"}});
+    walk.seeGone({Wanted::Kind::window, "(2) Tessaro"});
 
     walk.step("Zoom in and out, and load the page again");
     walk.press(button("Phóng to"));

@@ -77,7 +77,7 @@ void walkPages(Walk& walk) {
     walk.picture("page-sheet-single");
     addPage(walk, 3);
     checkStored(walk, "Cà Phê Góc Phố", "demo-page-token-caphe");
-    walk.see(button("Cà Phê Góc Phố"));
+    walk.see(button("Cà Phê Góc Phố, 1 chưa đọc"));
 }
 
 } // namespace tessaro::demo

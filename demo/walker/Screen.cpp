@@ -108,7 +108,7 @@ std::optional<Screen::Area> Screen::findWindow(const std::string& title) const {
     for (const Window window : topLevels(display)) {
         const auto name =
             readProperty(display, window, XInternAtom(display, "_NET_WM_NAME", False));
-        if (std::string(name.begin(), name.end()) != title)
+        if (!std::string(name.begin(), name.end()).ends_with(title))
             continue;
         const auto area = visibleArea(display, window);
         if (area && (!largest || area->width * area->height > largest->width * largest->height))
@@ -213,16 +213,18 @@ std::optional<std::string> Screen::clipboardText() const {
     return text;
 }
 
-void Screen::typeKey(const char* keysym, bool control) const {
+void Screen::typeKey(const char* keysym, const char* modifier) const {
     Display* display = display_.get();
-    const KeyCode key = XKeysymToKeycode(display, XStringToKeysym(keysym));
-    const KeyCode modifier = XKeysymToKeycode(display, XStringToKeysym("Control_L"));
-    if (control)
-        XTestFakeKeyEvent(display, modifier, True, CurrentTime);
-    XTestFakeKeyEvent(display, key, True, CurrentTime);
-    XTestFakeKeyEvent(display, key, False, CurrentTime);
-    if (control)
-        XTestFakeKeyEvent(display, modifier, False, CurrentTime);
+    const auto turn = [&](const char* name, bool isDown) {
+        XTestFakeKeyEvent(
+            display, XKeysymToKeycode(display, XStringToKeysym(name)), isDown, CurrentTime);
+    };
+    if (modifier)
+        turn(modifier, true);
+    turn(keysym, true);
+    turn(keysym, false);
+    if (modifier)
+        turn(modifier, false);
     XSync(display, False);
 }
 

@@ -22,7 +22,8 @@ public:
     Screen();
     bool isOpen() const { return display_ != nullptr; }
 
-    /// Where the largest window of that title is, without its shadow; nothing while there is none.
+    /// Where the largest window is whose title is that, or ends with it: a count may stand before
+    /// it. Without its shadow; nothing while there is none.
     std::optional<Area> findWindow(const std::string& title) const;
     /// That area, grown to hold the menus and popovers that are open.
     Area withPopovers(Area area) const;
@@ -39,8 +40,9 @@ public:
     /// The clipboard's plain text, asked of whoever owns it.
     std::optional<std::string> clipboardText() const;
 
-    /// Presses and releases a key, named as in X11/keysymdef.h, with Control held where asked.
-    void typeKey(const char* keysym, bool control = false) const;
+    /// Presses and releases a key while the modifier, if there is one, is held. Both are named as
+    /// in X11/keysymdef.h.
+    void typeKey(const char* keysym, const char* modifier = nullptr) const;
     /// Moves the pointer, in the display's coordinates, and clicks there.
     void movePointer(int x, int y) const;
     void click(int x, int y, unsigned button = 1) const;

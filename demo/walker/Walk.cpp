@@ -56,14 +56,14 @@ void Walk::step(const std::string& what) const {
 
 void Walk::startProgram() {
     program_.emplace(places_.program, places_.pictures / "program-output.txt");
-    expect("the window", [&] { return screen_.findWindow("Tessaro").has_value(); });
+    expect("the window", [&] { return screen_.findWindow(mainWindow().name).has_value(); });
     expect("the program on the accessibility bus", [&] {
         return Node::ofProcess(processId()).has_value();
     });
 }
 
 void Walk::closeProgram() {
-    see({Wanted::Kind::window, "Tessaro"}).press("window.close");
+    see(mainWindow()).press("window.close");
     if (!program_->endsWell(std::chrono::seconds(20)))
         throw WalkFailure("the program did not end when its window was closed");
     program_.reset();
@@ -74,7 +74,9 @@ std::optional<Node> Walk::find(const Wanted& wanted) const {
     if (!program)
         return std::nullopt;
     const auto matches = [&](const Node& node) {
-        return isOfKind(node.role(), wanted.kind) && node.name() == wanted.name;
+        const bool isWindow = wanted.kind == Wanted::Kind::window;
+        return isOfKind(node.role(), wanted.kind) &&
+               (isWindow ? node.name().ends_with(wanted.name) : node.name() == wanted.name);
     };
     // What is in front of the main window first: a sheet's button may be called like one behind it.
     for (const bool inFront : {true, false})
@@ -134,7 +136,7 @@ void Walk::expectOpened(const std::string& path) const {
 }
 
 Screen::Area Walk::window() const {
-    const auto area = screen_.findWindow("Tessaro");
+    const auto area = screen_.findWindow(mainWindow().name);
     if (!area)
         throw WalkFailure("the window is gone");
     return *area;
@@ -152,7 +154,7 @@ void Walk::picture(const std::string& name, Limit limit) {
 }
 
 void Walk::explainFailure() const {
-    if (const auto area = screen_.findWindow("Tessaro"))
+    if (const auto area = screen_.findWindow(mainWindow().name))
         screen_.writePng(*area, places_.pictures / "failed.png");
     if (const auto program = Node::ofProcess(processId()))
         std::ofstream(places_.pictures / "failed.txt") << program->describeTree();

@@ -19,7 +19,7 @@ struct WalkFailure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// What a control is known by: what it is and its accessible name.
+/// What a control is known by: what it is and its accessible name, or how a window's name ends.
 struct Wanted {
     enum class Kind { button, field, label, dialog, window } kind;
     std::string name;
@@ -36,6 +36,10 @@ inline Wanted label(std::string name) {
 }
 inline Wanted dialog(std::string name) {
     return {Wanted::Kind::dialog, std::move(name)};
+}
+/// The program's, whose title can begin with a count.
+inline Wanted mainWindow() {
+    return {Wanted::Kind::window, "Tessaro"};
 }
 
 /// A walk through the program as a user would take it: press, type, look, and wait until what is

@@ -1,8 +1,8 @@
+#include "DemoServer.h"
 #include "Program.h"
 
 #include "support/Gtk/ForeignWindow.h"
 #include "support/Gtk/Keyboard.h"
-#include "support/LoopbackServer.h"
 #include "support/MainLoop.h"
 #include "support/MockBusService.h"
 #include "support/StoreWorld.h"
@@ -16,12 +16,8 @@ using namespace tessaro::test;
 namespace {
 
 TEST(TheSiteOnTheDesktop, CountsInTheWindowsTitleAndNotifiesWhoeverIsElsewhere) {
-    LoopbackServer server;
-    server.answer(
-        "/latest/inbox/all",
-        {.body = "<!DOCTYPE html><title>(3) Inbox</title><script>new Notification('Mai', "
-                 "{body: 'Hello'}).onclick = () => { document.title = '(2) Inbox' }</script>",
-         .headers = {{"Content-Type", "text/html"}}});
+    demo::DemoServer server;
+    ASSERT_TRUE(server.listen(0));
     Program program;
     program.writeSettings(
         {{"skarn_server_url", "http://127.0.0.1:9"},
@@ -32,7 +28,9 @@ TEST(TheSiteOnTheDesktop, CountsInTheWindowsTitleAndNotifiesWhoeverIsElsewhere) 
     DataStore store(program.dataFolder(), records.keychain, records.notifications, records.clock);
     const Account account = makeAccount();
     store.saveAccounts({account});
-    store.savePages({makePage(account, "1001")});
+    auto page = makePage(account, "100231450000101");
+    page.pageToken = SecretText("demo-page-token-hoa");
+    store.savePages({page});
 
     const MockBusService notifications(
         connectToBus(g_getenv("DBUS_SESSION_BUS_ADDRESS")), "org.freedesktop.Notifications",
@@ -40,6 +38,12 @@ TEST(TheSiteOnTheDesktop, CountsInTheWindowsTitleAndNotifiesWhoeverIsElsewhere) 
             return MockBusService::answer(
                 call, method.ends_with("Notify") ? g_variant_new("(u)", 7) : nullptr);
         });
+    const auto wasAsked = [&](const std::string& method) {
+        return runUntil([&] {
+            return std::ranges::count(
+                       notifications.calls(), "org.freedesktop.Notifications." + method) == 1;
+        });
+    };
     const auto isTitled = [](const std::string& title) {
         return runUntil([&] {
             const auto windows = ForeignWindow::ofClass("com.vandel.Tessaro");
@@ -56,14 +60,22 @@ TEST(TheSiteOnTheDesktop, CountsInTheWindowsTitleAndNotifiesWhoeverIsElsewhere) 
     program.start();
     ASSERT_TRUE(isActive());
     Keyboard::press(GDK_KEY_Return); // The account has the focus.
-    ASSERT_TRUE(runUntil([&] { return server.requestCount("/v25.0/1001/picture") > 0; }))
-        << "the Pages did not come";
-    Keyboard::press(GDK_KEY_1, GDK_KEY_Control_L);
-    ASSERT_TRUE(isTitled("(3) Tessaro"));
     ASSERT_TRUE(runUntil([&] {
-        return std::ranges::count(notifications.calls(), "org.freedesktop.Notifications.Notify") ==
-               1;
+        return std::filesystem::exists(program.dataFolder() / "avatars" / "100231450000101.jpg");
+    })) << "the Pages did not come";
+    Keyboard::press(GDK_KEY_1, GDK_KEY_Control_L);
+    ASSERT_TRUE(isTitled("(2) Tessaro"));
+    Keyboard::press(GDK_KEY_k, GDK_KEY_Control_L);
+    ASSERT_TRUE(runUntil([&] {
+        const auto& view = server.inbox().view();
+        return view.is_object() && view["focus"] == "search";
     }));
+    for (const auto key : {GDK_KEY_l, GDK_KEY_o, GDK_KEY_n, GDK_KEY_g, GDK_KEY_Return})
+        Keyboard::press(static_cast<guint>(key));
+    ASSERT_TRUE(isTitled("Tessaro")) << "the unread conversation is open";
+    Keyboard::press(GDK_KEY_v);
+    Keyboard::press(GDK_KEY_Return);
+    ASSERT_TRUE(wasAsked("Notify"));
 
     Gtk::Window inFront;
     inFront.present();
@@ -72,7 +84,7 @@ TEST(TheSiteOnTheDesktop, CountsInTheWindowsTitleAndNotifiesWhoeverIsElsewhere) 
         "/org/freedesktop/Notifications", "org.freedesktop.Notifications.ActionInvoked",
         "(uint32 7, 'default')");
     EXPECT_TRUE(isActive());
-    EXPECT_TRUE(isTitled("(2) Tessaro")) << "the site did not hear of the click";
+    EXPECT_TRUE(wasAsked("CloseNotification")) << "the site did not hear of the click";
 
     ForeignWindow::ofClass("com.vandel.Tessaro").at(0).close();
     EXPECT_EQ(program.waitForExit(), 0);

@@ -1,7 +1,6 @@
 #include "Views/MainWindow.h"
 
 #include "Platform/Paths.h"
-#include "Views/InboxCommands.h"
 #include "support/Gtk/Keyboard.h"
 #include "support/Gtk/TestApplication.h"
 #include "support/Gtk/TestScreen.h"
@@ -18,11 +17,6 @@ namespace {
 class TheMainWindow : public testing::Test {
 protected:
     void SetUp() override {
-        for (const auto* name :
-             {focusSearchField, refreshInbox, webViewGoHome, webViewReload, webViewZoomIn,
-              webViewZoomOut, webViewZoomReset, webViewFind})
-            observers_.push_back(notifications_.observe(
-                name, [this](const Notification& posted) { posted_.push_back(posted.name); }));
         window_.emplace(application(), notifications_);
         window_->present();
         TestScreen::settle(*window_);
@@ -36,8 +30,6 @@ protected:
     }
 
     NotificationCenter notifications_;
-    std::vector<ScopedConnection> observers_;
-    std::vector<std::string> posted_;
     std::optional<MainWindow> window_;
 };
 
@@ -56,36 +48,6 @@ TEST_F(TheMainWindow, OffersTheTwoCommandsInAMenu) {
     button->popdown();
 
     EXPECT_FALSE(window_->lookup_action("new-window"));
-}
-
-TEST_F(TheMainWindow, TellsInItsTitleHowMuchIsUnread) {
-    notifications_.post(unreadCountChanged, {{"count", std::string("20+")}});
-    EXPECT_EQ(window_->get_title(), "(20+) Tessaro");
-    notifications_.post(unreadCountChanged, {{"count", std::string()}});
-    EXPECT_EQ(window_->get_title(), "Tessaro");
-}
-
-TEST_F(TheMainWindow, PostsEachCommandOncePerStroke) {
-    ASSERT_TRUE(runUntil([&] { return window_->is_active(); }));
-    struct Stroke {
-        guint key;
-        guint modifier;
-        const char* posts;
-    };
-    for (const auto& [key, modifier, name] : std::initializer_list<Stroke>{
-             {GDK_KEY_k, GDK_KEY_Control_L, focusSearchField},
-             {GDK_KEY_r, GDK_KEY_Control_L, refreshInbox},
-             {GDK_KEY_Home, GDK_KEY_Alt_L, webViewGoHome},
-             {GDK_KEY_F5, 0, webViewReload},
-             {GDK_KEY_equal, GDK_KEY_Control_L, webViewZoomIn},
-             {GDK_KEY_minus, GDK_KEY_Control_L, webViewZoomOut},
-             {GDK_KEY_0, GDK_KEY_Control_L, webViewZoomReset},
-             {GDK_KEY_f, GDK_KEY_Control_L, webViewFind}}) {
-        posted_.clear();
-        Keyboard::press(key, modifier);
-        EXPECT_TRUE(runUntil([&] { return !posted_.empty(); })) << name;
-        EXPECT_EQ(posted_, (std::vector<std::string>{name})) << name;
-    }
 }
 
 TEST_F(TheMainWindow, ListsItsKeysAndTellsAboutItself) {

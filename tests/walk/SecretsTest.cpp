@@ -78,7 +78,7 @@ protected:
 
     /// No text on screen holds a mark but the field that it was typed into.
     void checkWhatIsShown() {
-        walk_.see({Wanted::Kind::window, "Tessaro"}).find([](const Node& node) {
+        walk_.see(mainWindow()).find([](const Node& node) {
             EXPECT_FALSE(holdsMark(node.name())) << node.name();
             return false;
         });

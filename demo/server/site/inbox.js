@@ -1,4 +1,5 @@
-// A small message inbox. Nothing leaves this page: what is answered lives until it is reloaded.
+// A small message inbox. What is answered lives in this page until it is reloaded; only attached
+// files go to the server.
 "use strict";
 
 const assetId = new URLSearchParams(location.search).get("asset_id") ?? "";
@@ -30,7 +31,15 @@ function face(name, color) {
 // "Hoa" finds "hoá": a person in a hurry leaves the marks out.
 const plain = (text) => text.normalize("NFD").replace(/\p{M}/gu, "").replace(/đ/gi, "d").toLowerCase();
 
+const address = (file) => "/latest/inbox/files/" + encodeURIComponent(file);
+
+function showTitle() {
+  const unread = conversations.reduce((sum, one) => sum + one.unread, 0);
+  document.title = (unread ? `(${unread}) ` : "") + `${find(".page-name").textContent} – Trang minh họa`;
+}
+
 function showList() {
+  showTitle();
   const wanted = plain(find(".search").value.trim());
   const shown = conversations.filter((one) =>
     plain([one.name, ...one.messages.map((message) => message.text)].join(" ")).includes(wanted));
@@ -41,7 +50,7 @@ function showList() {
     const picture = element("span", "picture");
     picture.append(face(one.name, one.color));
     row.append(picture, element("span", "name", one.name), element("span", "time", one.messages.at(-1).time),
-      element("span", "last", one.messages.at(-1).text));
+      element("span", "last", one.messages.at(-1).text || one.messages.at(-1).file));
     if (one.unread) row.append(element("span", "unread", one.unread));
     row.addEventListener("click", () => openConversation(one));
     const item = document.createElement("li");
@@ -59,7 +68,11 @@ function showThread() {
   find(".status").textContent = "Đang hoạt động";
   const list = find(".messages");
   list.replaceChildren(element("li", "time", "Hôm nay"),
-    ...open.messages.map((message) => element("li", message.from, message.text)));
+    ...open.messages.map((message) => {
+      const item = element("li", message.from, message.text);
+      if (message.file) item.append(Object.assign(element("a", "file", `⬇ ${message.file}`), { href: address(message.file) }));
+      return item;
+    }));
   if (open.typing) list.append(element("li", "typing", `${open.name} đang nhập…`));
   list.scrollTop = list.scrollHeight;
 }
@@ -71,14 +84,45 @@ function openConversation(one) {
   showThread();
 }
 
-function add(one, from, text) {
+function add(one, from, text, file) {
   const time = new Date().toLocaleTimeString("vi", { hour: "2-digit", minute: "2-digit" });
-  one.messages.push({ from, text, time });
+  one.messages.push({ from, text, file, time });
   showList();
   showThread();
 }
 
+// A customer wrote: counted, unless that conversation is open, and told of by a notification.
+function receive(one, text) {
+  if (one !== open) one.unread += 1;
+  add(one, "them", text);
+  if (Notification.permission !== "granted") return;
+  const notification = new Notification(one.name, { body: text });
+  notification.onclick = () => {
+    openConversation(one);
+    notification.close();
+  };
+}
+
+// The browser asks the person, so the page asks for it once it is wanted only.
+const showNotify = () => find(".notify").hidden = Notification.permission !== "default";
+find(".notify").addEventListener("click", () => Notification.requestPermission().then(showNotify));
+showNotify();
+
 find(".search").addEventListener("input", showList);
+find(".search").addEventListener("keydown", (event) => {
+  if (event.key !== "Enter") return;
+  find(".conversations button")?.click();
+  find(".answer").focus();
+});
+
+find(".attach").addEventListener("click", () => find(".chosen").click());
+find(".chosen").addEventListener("change", async (event) => {
+  const one = open;
+  const file = event.target.files[0];
+  await fetch(address(file.name), { method: "POST", body: file });
+  event.target.value = "";
+  add(one, "us", "", file.name);
+});
 
 find(".composer").addEventListener("submit", (event) => {
   event.preventDefault();
@@ -92,7 +136,7 @@ find(".composer").addEventListener("submit", (event) => {
   add(one, "us", text);
   setTimeout(() => {
     one.typing = false;
-    add(one, "them", one.replies[one.answered = ((one.answered ?? -1) + 1) % one.replies.length]);
+    receive(one, one.replies[one.answered = ((one.answered ?? -1) + 1) % one.replies.length]);
   }, 900);
 });
 
@@ -122,6 +166,7 @@ setInterval(() => {
     conversations: conversations.length,
     messages: open?.messages.length ?? 0,
     sent,
+    notifications: Notification.permission,
     userAgent: navigator.userAgent,
   });
   if (view === reported) return;
@@ -134,7 +179,6 @@ fetch(`/latest/inbox/conversations?asset_id=${encodeURIComponent(assetId)}`)
   .then((page) => {
     if (page.error) throw new Error(page.error);
     find(".page-name").textContent = page.name;
-    document.title = `${page.name} – Trang minh họa`;
     const picture = page.picture ? document.createElement("img") : face(page.name, "#b9722e");
     if (page.picture) picture.src = page.picture + "?size=100";
     picture.alt = "";

@@ -81,7 +81,7 @@ protected:
     TempFolder home;
     const fs::path folder = home / "Tải xuống";
     DownloadFolder named{folder};
-    InboxWorld world;
+    DemoWorld world;
     DownloadBar bar{world.desktop};
     Gtk::Window window;
 };
@@ -92,7 +92,7 @@ TEST_F(FileTransfer, TellsHowFarADownloadIsAndWhereItLanded) {
     ASSERT_TRUE(browser.waitForLoads(1));
     EXPECT_FALSE(bar.get_visible());
 
-    browser.follow("/file");
+    browser.follow(world.server.origin() + "/file");
     ASSERT_TRUE(waitForText(" / 2.0\u00A0MB ("));
     EXPECT_TRUE(waitForText("Đang tải xuống: "));
     EXPECT_TRUE(find(bar, "Báo giá.pdf"));
@@ -105,7 +105,7 @@ TEST_F(FileTransfer, TellsHowFarADownloadIsAndWhereItLanded) {
     ASSERT_TRUE(waitForText("Đã lưu vào " + folder.string()));
     EXPECT_EQ(fs::file_size(folder / "Báo giá.pdf"), 2'000'000u);
     EXPECT_EQ(files().size(), 1u);
-    EXPECT_EQ(browser.ask("document.title"), "inbox"); // The page stays.
+    EXPECT_EQ(browser.ask("location.pathname"), InboxWorld::inboxPath); // The page stays.
 
     press(bar, "Mở thư mục");
     EXPECT_EQ(world.desktop.openedFolders, std::vector<fs::path>{folder});
@@ -114,25 +114,24 @@ TEST_F(FileTransfer, TellsHowFarADownloadIsAndWhereItLanded) {
 }
 
 TEST_F(FileTransfer, NeverReplacesAFileByAnotherOne) {
-    world.server.answer(
-        "/order", {.body = "theirs",
-                   .headers = {{"Content-Disposition", "attachment; filename=\"order.txt\""}}});
     fs::create_directories(folder);
-    std::ofstream(folder / "order.txt") << "mine";
-    InboxBrowser browser(world);
-    ASSERT_TRUE(browser.waitForLoads(1));
+    std::ofstream(folder / "Mẫu hoa.png") << "mine";
+    InboxBrowser browser(world, DemoWorld::flowers);
+    ASSERT_TRUE(browser.waitForConversations());
     // All at once, as a page does that hands out a lot of pictures.
-    browser.ask("Array(30).fill('/order').forEach(order => document.body.appendChild("
-                "document.createElement('iframe')).src = order)");
+    browser.ask("Array(30).fill(document.querySelector('.file').href).forEach(file => "
+                "document.body.appendChild(document.createElement('iframe')).src = file)");
     const auto rows = [this] { return widgetsOf<DownloadRow>(bar); };
-    ASSERT_TRUE(runUntil([&] { return fs::exists(folder / "order (30).txt"); }));
+    ASSERT_TRUE(runUntil([&] { return fs::exists(folder / "Mẫu hoa (30).png"); }));
     ASSERT_TRUE(runUntil([&] { return std::ranges::all_of(rows(), &DownloadRow::hasLanded); }));
-    EXPECT_EQ(contentOf(folder / "order.txt"), "mine");
+    EXPECT_EQ(contentOf(folder / "Mẫu hoa.png"), "mine");
     for (int i = 1; i <= 30; ++i)
-        EXPECT_EQ(contentOf(folder / ("order (" + std::to_string(i) + ").txt")), "theirs") << i;
+        EXPECT_TRUE(
+            contentOf(folder / ("Mẫu hoa (" + std::to_string(i) + ").png")).starts_with("\x89PNG"))
+            << i;
 
-    browser.follow("/order");
-    EXPECT_TRUE(runUntil([&] { return fs::exists(folder / "order (31).txt"); }));
+    browser.ask("document.querySelector('.file').click()");
+    EXPECT_TRUE(runUntil([&] { return fs::exists(folder / "Mẫu hoa (31).png"); }));
     EXPECT_EQ(rows().size(), 1u) << "What has landed makes room.";
 }
 
@@ -142,14 +141,14 @@ TEST_F(FileTransfer, SaysWhyADownloadFailedUntilThatIsDismissed) {
     serveInHalves("/file");
     InboxBrowser browser(world);
     ASSERT_TRUE(browser.waitForLoads(1));
-    browser.follow("/cut");
+    browser.follow(world.server.origin() + "/cut");
     ASSERT_TRUE(waitForText("kết nối bị gián đoạn"));
     EXPECT_FALSE(find(bar, "Mở thư mục"));
     EXPECT_EQ(files(), std::vector<std::string>{});
 
     fs::remove(folder);
     std::ofstream(folder) << "in the way";
-    browser.follow("/file");
+    browser.follow(world.server.origin() + "/file");
     ASSERT_TRUE(waitForText("Không lưu được tệp vào " + folder.string()));
     EXPECT_TRUE(waitForText("kết nối bị gián đoạn"));
     press(bar, "Đóng");
@@ -161,7 +160,7 @@ TEST_F(FileTransfer, EndsADownloadThatIsCancelled) {
     serveInHalves("/file");
     InboxBrowser browser(world);
     ASSERT_TRUE(browser.waitForLoads(1));
-    browser.follow("/file");
+    browser.follow(world.server.origin() + "/file");
     ASSERT_TRUE(waitForText(" / 2.0\u00A0MB ("));
     press(bar, "Hủy tải xuống");
     EXPECT_FALSE(bar.get_visible());
@@ -169,17 +168,12 @@ TEST_F(FileTransfer, EndsADownloadThatIsCancelled) {
     EXPECT_TRUE(runUntil([&] { return files().empty(); }));
 }
 
-TEST_F(FileTransfer, UploadsWhatThePersonChooses) {
+TEST_F(FileTransfer, UploadsWhatThePersonChoosesAndGetsItBack) {
     const fs::path chosen = home / "ảnh.txt";
     std::ofstream(chosen) << "bytes of a picture";
-    world.server.answer(
-        InboxWorld::inboxPath,
-        InboxWorld::page("<form method=post enctype=multipart/form-data action=/upload>"
-                         "<input type=file name=picture></form>"));
-    world.server.answer("/upload", InboxWorld::page("<title>received</title>"));
-    InboxBrowser browser(world);
-    ASSERT_TRUE(browser.waitForLoads(1));
-    browser.ask("document.querySelector('input').click()");
+    InboxBrowser browser(world, DemoWorld::flowers);
+    ASSERT_TRUE(browser.waitForConversations());
+    browser.ask("document.querySelector('.attach').click()");
 
     // The engine asks with the toolkit's own dialog.
     const auto chooser = []() -> Gtk::Window* {
@@ -199,13 +193,10 @@ TEST_F(FileTransfer, UploadsWhatThePersonChooses) {
     }));
     gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_ACCEPT);
 
-    ASSERT_TRUE(browser.waitUntil("document.querySelector('input').files.length === 1"));
-    browser.ask("document.forms[0].submit()");
-    ASSERT_TRUE(browser.waitForLoads(2));
-    ASSERT_EQ(world.server.requestCount("/upload"), 1u);
-    const std::string body = world.server.requests().back().body;
-    EXPECT_NE(body.find("filename=\"ảnh.txt\""), std::string::npos) << body;
-    EXPECT_NE(body.find("bytes of a picture"), std::string::npos) << body;
+    ASSERT_TRUE(browser.waitUntil("document.querySelectorAll('.file').length === 2"));
+    browser.ask("document.querySelectorAll('.file')[1].click()");
+    ASSERT_TRUE(waitForText("Đã lưu vào "));
+    EXPECT_EQ(contentOf(folder / "ảnh.txt"), "bytes of a picture");
 }
 
 } // namespace

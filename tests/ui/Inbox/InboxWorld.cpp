@@ -3,6 +3,7 @@
 #include <webkit/webkit.h>
 
 #include <optional>
+#include <stdexcept>
 #include <vector>
 
 namespace tessaro::test {
@@ -30,6 +31,12 @@ LoopbackServer::Answer InboxWorld::page(const std::string& body, const std::stri
     if (!cookie.empty())
         answer.headers["Set-Cookie"] = cookie;
     return answer;
+}
+
+DemoWorld::DemoWorld() {
+    if (!site.listen(0))
+        throw std::runtime_error("the demo server does not listen");
+    endpoints.inboxOrigin = site.origin();
 }
 
 InboxBrowser::InboxBrowser(InboxWorld& world, const std::string& pageId)
@@ -86,6 +93,10 @@ std::string InboxBrowser::ask(const std::string& expression) {
 
 bool InboxBrowser::waitUntil(const std::string& expression) {
     return runUntil([&] { return ask(expression) == "true"; });
+}
+
+bool InboxBrowser::waitForConversations() {
+    return waitUntil("!!document.querySelector('.conversations button')");
 }
 
 void InboxBrowser::follow(const std::string& address) {

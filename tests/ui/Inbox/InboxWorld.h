@@ -1,5 +1,7 @@
 #pragma once
 
+#include "DemoServer.h"
+
 #include "Platform/Gtk/WebSession.h"
 #include "Views/ClippedWebViewContainer.h"
 #include "Views/Coordinator.h"
@@ -34,6 +36,18 @@ struct InboxWorld : ScreenWorld {
     static constexpr const char* inboxPath = "/latest/inbox/all";
 };
 
+/// With the demo server for the inbox site.
+struct DemoWorld : InboxWorld {
+    DemoWorld();
+
+    demo::DemoServer site;
+
+    /// Of its Pages. What is unread when their inboxes open: two messages, one, three.
+    static constexpr const char* flowers = "100231450000101";
+    static constexpr const char* coffee = "100231450000202";
+    static constexpr const char* books = "100231450000303";
+};
+
 /// The value of a script expression in the browser's page, as text.
 std::string ask(WebView& webView, const std::string& expression);
 
@@ -52,6 +66,8 @@ public:
     bool waitForLoads(int count);
     std::string ask(const std::string& expression);
     bool waitUntil(const std::string& expression);
+    /// Turns the main loop until the demo site has its conversations.
+    bool waitForConversations();
     /// Leaves for another page by following a link.
     void follow(const std::string& address);
 

@@ -28,15 +28,16 @@ protected:
         isAnswered = false;
         return browser.ask("window.answer");
     }
-    bool notify(InboxBrowser& browser, const std::string& title, const std::string& options) {
+    /// Answers a customer, who writes back.
+    bool receive(InboxBrowser& browser) {
         const auto before = world.desktop.notifications.size();
-        browser.ask(
-            "window.shown = Object.assign(new Notification('" + title + "', " + options +
-            "), {onclick: () => window.clicked = true})");
+        EXPECT_TRUE(browser.waitForConversations());
+        browser.ask("(document.querySelector('.answer').value = 'Dạ',"
+                    " document.querySelector('.composer').requestSubmit())");
         return runUntil([&] { return world.desktop.notifications.size() > before; });
     }
 
-    InboxWorld world;
+    DemoWorld world;
     std::map<std::string, std::string> requested;
     ScopedConnection observed;
     bool isAnswered = false;
@@ -44,38 +45,34 @@ protected:
 
 TEST_F(TheSitesNotifications, AreShownByTheDesktopAndLeadBackToTheirPage) {
     {
-        InboxBrowser browser(world, "1001");
+        InboxBrowser browser(world, DemoWorld::flowers);
         ASSERT_TRUE(browser.waitForLoads(1));
         EXPECT_EQ(permission(browser, 1), "granted");
         ASSERT_EQ(world.modals.alerts.size(), 1u);
-        EXPECT_NE(
-            world.modals.alerts[0].message.find("127.0.0.1:" + std::to_string(world.server.port())),
-            std::string::npos);
+        EXPECT_TRUE(world.modals.alerts[0].message.starts_with(world.endpoints.inboxHost() + " "));
         EXPECT_TRUE(world.modals.alerts[0].buttons[0].isCancel);
     }
     // As after a new start: the page has its permission at once, and nobody is asked.
-    InboxBrowser browser(world, "1002");
+    InboxBrowser browser(world, DemoWorld::flowers);
     ASSERT_TRUE(browser.waitForLoads(1));
     EXPECT_EQ(browser.ask("Notification.permission"), "granted");
-    ASSERT_TRUE(notify(browser, "Mai", "{body: 'Còn hàng <không>?'}"));
+    ASSERT_TRUE(receive(browser));
     const auto shown = world.desktop.notifications.back();
-    EXPECT_EQ(shown.title, "Mai");
-    EXPECT_EQ(shown.body, "Còn hàng <không>?");
+    EXPECT_EQ(shown.title, "Nguyễn Thu Hà");
+    EXPECT_EQ(shown.body, "Dạ vâng, vậy chị đặt bó 20 bông nhé!");
     world.desktop.clicks.back()("token");
-    EXPECT_EQ(requested["pageId"], "1002");
+    EXPECT_EQ(requested["pageId"], DemoWorld::flowers);
     EXPECT_EQ(requested["activationToken"], "token");
-    EXPECT_TRUE(browser.waitUntil("window.clicked === true"));
+    EXPECT_TRUE(runUntil([&] {
+        return world.desktop.withdrawn == std::vector<std::string>{shown.id};
+    })) << "The page hears of the click, and closes it.";
 
-    browser.ask("window.shown.close()");
-    EXPECT_TRUE(
-        runUntil([&] { return world.desktop.withdrawn == std::vector<std::string>{shown.id}; }));
-
-    ASSERT_TRUE(notify(browser, "Lan", "{}"));
-    browser.show("1003");
+    ASSERT_TRUE(receive(browser));
+    browser.show(DemoWorld::coffee);
     ASSERT_TRUE(browser.waitForLoads(2));
     EXPECT_EQ(world.desktop.withdrawn.size(), 1u) << "It is still of use.";
     world.desktop.clicks.back()("");
-    EXPECT_EQ(requested["pageId"], "1002");
+    EXPECT_EQ(requested["pageId"], DemoWorld::flowers);
     EXPECT_EQ(world.modals.alerts.size(), 1u);
 }
 
@@ -89,13 +86,10 @@ TEST_F(TheSitesNotifications, StayRefusedOnceThePersonSaidNo) {
     EXPECT_EQ(world.modals.alerts.size(), 1u);
     EXPECT_EQ(
         SettingsStore(world.folder / "config" / "settings.ini").text("site_notifications"),
-        "refused " + world.server.origin());
+        "refused " + world.site.origin());
 }
 
 TEST_F(TheSitesNotifications, AreNothingForOtherSites) {
-    world.server.handle("/slow", [](ServerConnection& connection, const ReceivedRequest&) {
-        connection.waitForClose();
-    });
     InboxBrowser browser(world);
     ASSERT_TRUE(browser.waitForLoads(1));
     EXPECT_EQ(permission(browser, 1), "granted");
@@ -113,7 +107,8 @@ TEST_F(TheSitesNotifications, AreNothingForOtherSites) {
     ASSERT_TRUE(browser.waitForLoads(2));
     EXPECT_EQ(permission(browser, 1), "denied");
 
-    browser.follow(world.server.origin() + "/slow");
+    world.site.hold("inbox");
+    browser.follow(world.site.origin() + InboxWorld::inboxPath);
     ASSERT_TRUE(runUntil([&] { return browser.startedLoads == 3; }));
     EXPECT_EQ(permission(browser, 1), "denied");
     EXPECT_EQ(world.modals.alerts.size(), 1u);
