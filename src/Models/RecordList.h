@@ -35,19 +35,16 @@ std::string encodeList(const std::vector<Record>& records) {
 template <typename Record>
 Result<std::vector<Record>>
 decodeList(std::string_view bytes, Result<Record> (*decode)(const nlohmann::json&)) {
-    const auto array = parseJson(bytes);
-    if (!array)
-        return tl::unexpected<Error>(array.error());
-    if (!array->is_array())
-        return failure("JSON", 0, "Dữ liệu không phải là một danh sách JSON.");
     std::vector<Record> records;
-    records.reserve(array->size());
-    for (const auto& value : *array) {
+    const auto error = forEachInJsonArray(bytes, [&](const nlohmann::json& value) {
         auto record = decode(value);
         if (!record)
-            return tl::unexpected<Error>(record.error());
+            return std::optional(record.error());
         records.push_back(std::move(*record));
-    }
+        return std::optional<Error>();
+    });
+    if (error)
+        return tl::unexpected<Error>(*error);
     return records;
 }
 

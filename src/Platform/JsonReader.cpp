@@ -7,7 +7,11 @@ namespace tessaro {
 namespace {
 
 // The library's own error texts quote what they stumbled over, which may be a secret.
-enum Code { malformed = 1, notAnObject, missing, wrongType };
+enum Code { notAnArray, malformed, notAnObject, missing, wrongType };
+
+Error malformedDocument() {
+    return {"JSON", malformed, "Dữ liệu không phải là JSON hợp lệ."};
+}
 
 Error missingMember(const char* key) {
     return {"JSON", missing, std::string("Dữ liệu thiếu trường \"") + key + "\"."};
@@ -40,6 +44,11 @@ bool isNestedTooDeep(std::string_view text) {
     return depth > deepestNesting;
 }
 
+bool mayBeParsed(std::string_view text) {
+    // The library would take a zero byte for the end and not look at what is behind it.
+    return text.find('\0') == std::string_view::npos && !isNestedTooDeep(text);
+}
+
 /// Whether the value is an integer of 64 bits with a sign.
 bool isInteger(const nlohmann::json& value) {
     constexpr auto most = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
@@ -50,14 +59,36 @@ bool isInteger(const nlohmann::json& value) {
 } // namespace
 
 Result<nlohmann::json> parseJson(std::string_view text) {
-    // The library would take a zero byte for the end and not look at what is behind it.
-    const bool whole = text.find('\0') == std::string_view::npos;
-    if (!whole || isNestedTooDeep(text))
-        return failure("JSON", malformed, "Dữ liệu không phải là JSON hợp lệ.");
+    if (!mayBeParsed(text))
+        return tl::unexpected<Error>(malformedDocument());
     auto value = nlohmann::json::parse(text.begin(), text.end(), nullptr, false);
     if (value.is_discarded())
-        return failure("JSON", malformed, "Dữ liệu không phải là JSON hợp lệ.");
+        return tl::unexpected<Error>(malformedDocument());
     return value;
+}
+
+std::optional<Error> forEachInJsonArray(
+    std::string_view text,
+    const std::function<std::optional<Error>(const nlohmann::json& element)>& handle) {
+    if (!mayBeParsed(text))
+        return malformedDocument();
+    std::optional<Error> failed;
+    const auto take = [&](int depth, auto event, nlohmann::json& value) {
+        using Event = nlohmann::json::parse_event_t;
+        const bool isElement = depth == 1 && (event == Event::value || event == Event::object_end ||
+                                              event == Event::array_end);
+        if (isElement && !failed)
+            failed = handle(value);
+        return !isElement; // What is not kept is freed at once.
+    };
+    const auto rest = nlohmann::json::parse(text.begin(), text.end(), take, false);
+    if (failed)
+        return failed;
+    if (rest.is_discarded())
+        return malformedDocument();
+    if (!rest.is_array())
+        return Error{"JSON", notAnArray, "Dữ liệu không phải là một danh sách JSON."};
+    return std::nullopt;
 }
 
 JsonReader::JsonReader(const nlohmann::json& value) {
@@ -91,7 +122,10 @@ void JsonReader::adopt(const std::optional<Error>& nested) {
 }
 
 std::string JsonReader::text(const char* key) {
-    return require(key) ? optionalText(key).value_or("") : "";
+    const auto* member = require(key);
+    if (member && !member->is_string())
+        reject(key);
+    return member && member->is_string() ? member->get_ref<const std::string&>() : "";
 }
 
 std::int64_t JsonReader::integer(const char* key) {

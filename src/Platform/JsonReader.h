@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,6 +17,15 @@ namespace tessaro {
 /// Parses one document. One that is nested more than 512 levels deep is refused before it is
 /// parsed: it would take many times its own size in memory.
 Result<nlohmann::json> parseJson(std::string_view text);
+
+/// Parses a document that must be an array and hands out its elements one by one, none of which
+/// outlives its call: a long array never lies in memory as a tree.
+/// @param handle  called for each element until it fails once
+/// @return the failure of `handle` or else of the document, of which elements may have been handed
+///         out by then; nothing when all went well
+std::optional<Error> forEachInJsonArray(
+    std::string_view text,
+    const std::function<std::optional<Error>(const nlohmann::json& element)>& handle);
 
 /// Reads the members of one JSON object. The first failure sticks: read every member, then ask
 /// error() once.

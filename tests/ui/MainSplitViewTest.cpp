@@ -133,6 +133,7 @@ TEST_F(MainSplitViewTest, TheBrowsersProcessIsReadyWhileAnAccountsPagesAreShown)
     EXPECT_TRUE(test::webProcesses().empty()) << "The Pages come first.";
     letTimePass();
     EXPECT_TRUE(test::runUntil([] { return test::webProcesses().size() == 1; }));
+    screen_.settle(); // The engine itself hears of its process in its next turn only.
     view_->pagesVM().deletePage(view_->pagesVM().pages->front());
     EXPECT_TRUE(test::runUntil([] { return test::webProcesses().empty(); }))
         << "There is no Page left to open.";

@@ -28,7 +28,8 @@ protected:
     std::vector<std::string> saved() {
         std::vector<std::string> names;
         const auto bytes = readFile(data_ / "accounts.json");
-        for (const auto& account : decodeList(bytes.value_or("[]"), decodeAccount).value())
+        const auto accounts = decodeList(bytes.value_or("[]"), decodeAccount);
+        for (const auto& account : accounts.value())
             names.push_back(account.name);
         return names;
     }

@@ -99,7 +99,7 @@ TEST(WebContent, DoesNotSurviveItsBrowser) {
         EXPECT_FALSE(webProcesses().empty());
     }
     clock.advance(std::chrono::seconds(10)); // The last run of a script that holds the page.
-    EXPECT_TRUE(runUntil([] { return webProcesses().empty(); }, std::chrono::seconds(15)));
+    EXPECT_TRUE(runUntil([] { return webProcesses().empty(); }));
 }
 
 TEST(WebContent, CookiesOutliveTheProgramInAFolderOfTheUsersOwn) {
