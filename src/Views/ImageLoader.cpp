@@ -23,6 +23,7 @@ struct Job {
     std::string bytes;
     int pixels;
     Cancellation cancellation;
+    ImageLoader::Finish finish; ///< May be empty.
     GObjectPtr<GdkTexture> texture;
 };
 
@@ -40,6 +41,8 @@ void work(GTask* task, gpointer, gpointer data, GCancellable*) noexcept {
         if (!job->file.empty())
             job->bytes = readPicture(job->file);
         job->texture = decodePicture(job->bytes, job->pixels, job->cancellation);
+        if (job->texture && job->finish)
+            job->texture = job->finish(*job->texture.get());
     }
     g_task_return_boolean(task, TRUE);
 }
@@ -63,12 +66,13 @@ Task<TexturePtr> decode(Job job) {
 
 ImageLoader::ImageLoader(HttpOptions options) : http_(std::move(options)) {}
 
-Task<TexturePtr>
-ImageLoader::loadFile(std::filesystem::path file, int pixels, Cancellation cancellation) {
-    return decode({std::move(file), {}, pixels, std::move(cancellation), {}});
+Task<TexturePtr> ImageLoader::loadFile(
+    std::filesystem::path file, int pixels, Cancellation cancellation, Finish finish) {
+    return decode({std::move(file), {}, pixels, std::move(cancellation), std::move(finish), {}});
 }
 
-Task<TexturePtr> ImageLoader::loadUrl(std::string url, int pixels, Cancellation cancellation) {
+Task<TexturePtr>
+ImageLoader::loadUrl(std::string url, int pixels, Cancellation cancellation, Finish finish) {
     const auto alive = lifetime_.watch();
     const auto place = co_await pictureDownloads().acquire();
     if (!alive || cancellation.isCancelled())
@@ -77,7 +81,8 @@ Task<TexturePtr> ImageLoader::loadUrl(std::string url, int pixels, Cancellation 
     auto response = co_await std::move(request);
     if (!response || response->status < 200 || response->status > 299 || cancellation.isCancelled())
         co_return TexturePtr();
-    auto decoding = decode({{}, std::move(response->body), pixels, cancellation, {}});
+    auto decoding =
+        decode({{}, std::move(response->body), pixels, cancellation, std::move(finish), {}});
     co_return co_await std::move(decoding);
 }
 

@@ -1,16 +1,11 @@
 #include "Views/SafeAvatarView.h"
 
-#include "Platform/Gtk/SmoothRectangle.h"
 #include "Platform/Text.h"
 
-#include <cairomm/surface.h>
-#include <gdkmm/memorytexture.h>
 #include <gtkmm/snapshot.h>
 #include <pangomm/layout.h>
 
-#include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <utility>
 
 namespace tessaro {
@@ -23,25 +18,6 @@ constexpr double pangoPoints = 0.75;
 
 void setColor(const Cairo::RefPtr<Cairo::Context>& context, const Rgba& color) {
     context->set_source_rgba(color.red, color.green, color.blue, color.alpha);
-}
-
-Cairo::RefPtr<Cairo::ImageSurface> surfaceOf(const Glib::RefPtr<Gdk::Texture>& texture) {
-    auto surface = Cairo::ImageSurface::create(
-        Cairo::Surface::Format::ARGB32, texture->get_width(), texture->get_height());
-    texture->download(surface->get_data(), static_cast<gsize>(surface->get_stride()));
-    surface->mark_dirty();
-    return surface;
-}
-
-Glib::RefPtr<Gdk::Texture> textureOf(const Cairo::RefPtr<Cairo::ImageSurface>& surface) {
-    surface->flush();
-    const auto stride = static_cast<gsize>(surface->get_stride());
-    const auto height = static_cast<gsize>(surface->get_height());
-    // The layout of a Cairo surface in memory is GDK's default one.
-    return Gdk::MemoryTexture::create(
-        surface->get_width(), surface->get_height(),
-        static_cast<Gdk::MemoryTexture::Format>(GDK_MEMORY_DEFAULT),
-        Glib::Bytes::create(surface->get_data(), stride * height), stride);
 }
 
 } // namespace
@@ -84,12 +60,12 @@ void SafeAvatarView::loadLocalImage() {
 Task<void> SafeAvatarView::load(SafeAvatarView* self, Lifetime::Watch alive, Cancellation loading) {
     const ScreenContext& context = self->context_;
     const auto show = [&](Glib::RefPtr<Gdk::Texture>& place, const auto& picture) {
-        place = picture ? self->cut(picture) : nullptr;
+        place = picture;
         self->queue_draw();
     };
 
-    auto reading =
-        context.images.loadFile(context.store.localAvatarURL(self->id_), self->pixels(), loading);
+    auto reading = context.images.loadFile(
+        context.store.localAvatarURL(self->id_), self->pixels(), loading, self->cutter());
     const auto local = co_await std::move(reading);
     if (!alive || loading.isCancelled())
         co_return;
@@ -97,7 +73,8 @@ Task<void> SafeAvatarView::load(SafeAvatarView* self, Lifetime::Watch alive, Can
     if (local || self->remoteImage_ || !self->fallbackUrl_)
         co_return;
 
-    auto fetching = context.images.loadUrl(*self->fallbackUrl_, self->pixels(), loading);
+    auto fetching =
+        context.images.loadUrl(*self->fallbackUrl_, self->pixels(), loading, self->cutter());
     const auto remote = co_await std::move(fetching);
     if (alive && !loading.isCancelled())
         show(self->remoteImage_, remote);
@@ -135,27 +112,10 @@ void SafeAvatarView::on_unmap() {
     Gtk::Widget::on_unmap();
 }
 
-void SafeAvatarView::addShape(const Cairo::RefPtr<Cairo::Context>& context, double size) const {
-    if (const auto* rectangle = std::get_if<AvatarShape::RoundedRectangle>(&shape_.value))
-        addSmoothRectangle(context, 0, 0, size, size, rectangle->cornerRadius * size / size_);
-    else
-        context->arc(size / 2, size / 2, size / 2, 0, 2 * std::numbers::pi);
-}
-
-Glib::RefPtr<Gdk::Texture> SafeAvatarView::cut(const Glib::RefPtr<Gdk::Texture>& picture) const {
-    const int side = pixels();
-    const double width = picture->get_width();
-    const double height = picture->get_height();
-    const double scale = side / std::min(width, height);
-    auto surface = Cairo::ImageSurface::create(Cairo::Surface::Format::ARGB32, side, side);
-    const auto context = Cairo::Context::create(surface);
-    addShape(context, side);
-    context->clip();
-    context->translate((side - width * scale) / 2, (side - height * scale) / 2);
-    context->scale(scale, scale);
-    context->set_source(surfaceOf(picture), 0, 0);
-    context->paint();
-    return textureOf(surface);
+ImageLoader::Finish SafeAvatarView::cutter() const {
+    return [shape = shape_, side = pixels(), size = size_](GdkTexture& picture) {
+        return shape.cut(picture, side, side / size);
+    };
 }
 
 void SafeAvatarView::snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot) {
@@ -171,7 +131,7 @@ void SafeAvatarView::snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot)
     const auto context = snapshot->append_cairo(&bounds);
     context->translate(bounds.origin.x, bounds.origin.y);
     setColor(context, context_.theme.themePrimaryLight());
-    addShape(context, size_);
+    shape_.addTo(context, size_);
     context->fill();
 
     const auto layout = create_pango_layout(initial());

@@ -1,31 +1,16 @@
 #pragma once
 
 #include "Platform/Lifetime.h"
+#include "Views/AvatarShape.h"
 #include "Views/ScreenContext.h"
 
-#include <cairomm/context.h>
 #include <gdkmm/texture.h>
 #include <gtkmm/widget.h>
 
 #include <optional>
 #include <string>
-#include <variant>
 
 namespace tessaro {
-
-/// How an avatar is cut.
-struct AvatarShape {
-    struct RoundedRectangle {
-        double cornerRadius; ///< In points; the corners are continuous.
-    };
-    struct Circle {};
-    std::variant<RoundedRectangle, Circle> value;
-
-    static AvatarShape roundedRectangle(double cornerRadius) {
-        return {RoundedRectangle{cornerRadius}};
-    }
-    static AvatarShape circle() { return {Circle{}}; }
-};
 
 /// The square or round picture of a Page: the copy in the picture cache, else the one from the web,
 /// else the first letter of its name on a tint of the accent.
@@ -63,8 +48,7 @@ protected:
 
 private:
     static Task<void> load(SafeAvatarView* self, Lifetime::Watch alive, Cancellation loading);
-    Glib::RefPtr<Gdk::Texture> cut(const Glib::RefPtr<Gdk::Texture>& picture) const;
-    void addShape(const Cairo::RefPtr<Cairo::Context>& context, double size) const;
+    ImageLoader::Finish cutter() const;
     int pixels() const;
 
     const ScreenContext& context_;
