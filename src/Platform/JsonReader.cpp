@@ -7,7 +7,7 @@ namespace tessaro {
 namespace {
 
 // The library's own error texts quote what they stumbled over, which may be a secret.
-enum Code { notAnArray, malformed, notAnObject, missing, wrongType };
+enum Code { malformed = 1, notAnObject, missing, wrongType };
 
 Error malformedDocument() {
     return {"JSON", malformed, "Dữ liệu không phải là JSON hợp lệ."};
@@ -84,11 +84,7 @@ std::optional<Error> forEachInJsonArray(
     const auto rest = nlohmann::json::parse(text.begin(), text.end(), take, false);
     if (failed)
         return failed;
-    if (rest.is_discarded())
-        return malformedDocument();
-    if (!rest.is_array())
-        return Error{"JSON", notAnArray, "Dữ liệu không phải là một danh sách JSON."};
-    return std::nullopt;
+    return rest.is_array() ? std::nullopt : std::optional(malformedDocument());
 }
 
 JsonReader::JsonReader(const nlohmann::json& value) {
