@@ -8,8 +8,11 @@
 
 #include <nlohmann/json.hpp>
 
+#include <functional>
 #include <memory>
 #include <stdexcept>
+#include <string>
+#include <utility>
 
 namespace tessaro::bench {
 
@@ -90,8 +93,7 @@ Figures storeFigures() {
     const auto small = std::make_shared<PagesOnDisk>(100);
     const auto middle = std::make_shared<PagesOnDisk>(1'000);
     const auto large = std::make_shared<PagesOnDisk>(10'000);
-    // The disk's own waiting would hide how the work grows, so growth leaves the write out.
-    return {
+    Figures figures{
         {"load 10,000 Pages",
          "ms",
          [=] { return large->load(); },
@@ -99,24 +101,19 @@ Figures storeFigures() {
         {"save 10,000 Pages",
          "ms",
          [=] { return large->save(); },
-         {{1.5, "bare dump and durable write", [=] { return large->bareDump(); }}}},
-        {"load growth, 10 times the Pages",
-         "ms",
-         [=] { return middle->load() / 10; },
-         {{1.2, "100 Pages", [=] { return small->load(); }}}},
-        {"load growth, 100 times the Pages",
-         "ms",
-         [=] { return large->load() / 100; },
-         {{1.2, "100 Pages", [=] { return small->load(); }}}},
-        {"encode growth, 10 times the Pages",
-         "ms",
-         [=] { return middle->encodeOnly() / 10; },
-         {{1.2, "100 Pages", [=] { return small->encodeOnly(); }}}},
-        {"encode growth, 100 times the Pages",
-         "ms",
-         [=] { return large->encodeOnly() / 100; },
-         {{1.2, "100 Pages", [=] { return small->encodeOnly(); }}}},
-    };
+         {{1.5, "bare dump and durable write", [=] { return large->bareDump(); }}}}};
+    // The disk's own waiting would hide how the work grows, so growth leaves the write out.
+    for (const auto& [task, work] :
+         {std::pair("load", &PagesOnDisk::load), std::pair("encode", &PagesOnDisk::encodeOnly)})
+        for (const auto& [times, pages] : {std::pair(10, middle), std::pair(100, large)})
+            figures.push_back(
+                {task + (" growth, " + std::to_string(times)) + " times the Pages",
+                 "ms",
+                 [=, times = times, pages = pages, work = work] {
+                     return std::invoke(work, *pages) / times;
+                 },
+                 {{1.2, "100 Pages", [=, work = work] { return std::invoke(work, *small); }}}});
+    return figures;
 }
 
 } // namespace tessaro::bench
