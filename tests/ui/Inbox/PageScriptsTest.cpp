@@ -44,14 +44,21 @@ TEST(PageScripts, HideTheSitesOwnNavigationAndNothingElse) {
 }
 
 TEST(PageScripts, RunOnTheInboxSiteOnlySaveForTheThemeCommand) {
-    InboxWorld world;
+    ManualClock clock; // A late run of the hider would meet the other page.
+    InboxWorld world(clock);
     world.theme.setAppearanceMode("dark");
     InboxBrowser browser(world);
-    ASSERT_TRUE(browser.waitForLoads(1));
+    const auto waitForLoads = [&](int count) {
+        return runUntil([&] {
+            clock.advance(0ms);
+            return browser.endedLoads == count;
+        });
+    };
+    ASSERT_TRUE(waitForLoads(1));
     EXPECT_EQ(browser.ask(hiderCount + "+" + darkCount), "2");
 
     browser.follow(world.otherServer.origin() + "/elsewhere");
-    ASSERT_TRUE(browser.waitForLoads(2));
+    ASSERT_TRUE(waitForLoads(2));
     EXPECT_EQ(browser.ask(darkCount), "0");
     EXPECT_EQ(browser.ask(hiderCount), "0");
     world.notifications.post(webViewThemeChanged);
