@@ -2,6 +2,7 @@
 
 #include "Platform/Clock.h"
 
+#include <atomic>
 #include <map>
 #include <memory>
 
@@ -24,7 +25,7 @@ public:
 
 private:
     using Actions = std::multimap<TimePoint, std::shared_ptr<std::function<void()>>>;
-    TimePoint now_;
+    std::atomic<TimePoint> now_; ///< The log's thread reads it.
     Actions due_;
 };
 
