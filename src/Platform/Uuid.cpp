@@ -40,13 +40,13 @@ std::optional<Uuid> Uuid::parse(std::string_view text) {
 
 std::string Uuid::text() const {
     constexpr char digits[] = "0123456789ABCDEF";
-    std::string text;
-    text.reserve(textLength);
+    std::string text(textLength, '-');
+    std::size_t at = 0;
     for (const auto byte : bytes_) {
-        if (isHyphenPlace(text.size()))
-            text += '-';
-        text += digits[byte >> 4];
-        text += digits[byte & 15];
+        if (isHyphenPlace(at))
+            ++at;
+        text[at++] = digits[byte >> 4];
+        text[at++] = digits[byte & 15];
     }
     return text;
 }

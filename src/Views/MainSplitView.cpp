@@ -99,6 +99,8 @@ void MainSplitView::showDetail() {
         inbox_->setPage(*page, *accountsVM_.selectedAccount);
         return;
     }
+    if (!page && placeholder_.get_parent()) // It need not be drawn again for each account.
+        return;
     detail_.remove(*detail_.get_first_child());
     inbox_.reset();
     if (!page) {

@@ -5,6 +5,7 @@
 #include <gtkmm/stylecontext.h>
 
 #include <numbers>
+#include <utility>
 
 namespace tessaro {
 
@@ -14,13 +15,13 @@ PageBadge::PageBadge() {
 }
 
 void PageBadge::setConnected(bool connected) {
-    connected_ = connected;
-    queue_draw();
+    if (std::exchange(connected_, connected) != connected)
+        queue_draw();
 }
 
 void PageBadge::setSelected(bool selected) {
-    selected_ = selected;
-    queue_draw();
+    if (std::exchange(selected_, selected) != selected)
+        queue_draw();
 }
 
 void PageBadge::snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot) {
