@@ -54,12 +54,16 @@ LoadingVeil::LoadingVeil(Clock& clock) : clock_(clock) {
 }
 
 void LoadingVeil::cover(Gtk::Widget* page) {
-    if (page && page->get_mapped() && !get_visible())
+    if (page && page->get_mapped() && !get_visible()) {
+        backdrop_.set_visible(
+            false); // The page itself is the ground until there is a picture of it.
         pictureTimer_ = clock_.timer(pictureDelay, [this, page] {
             if (page->get_mapped()) // The window may have been closed meanwhile.
                 gtk_picture_set_paintable(
                     backdrop_.gobj(), GDK_PAINTABLE(pictureOutOfFocus(*page).get()));
+            backdrop_.set_visible();
         });
+    }
     set_visible(true);
     spinner_.set_spinning(true);
 }
@@ -69,6 +73,7 @@ void LoadingVeil::lift() {
     spinner_.set_spinning(false);
     pictureTimer_.disconnect();
     backdrop_.set_paintable({});
+    backdrop_.set_visible();
 }
 
 } // namespace tessaro

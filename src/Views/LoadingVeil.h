@@ -16,8 +16,9 @@ class LoadingVeil : public Gtk::Overlay {
 public:
     explicit LoadingVeil(Clock& clock);
 
-    /// Covers everything until lift(). `page` lies below and must stay until then. After a moment
-    /// it is shown out of focus, as it looks at that time; without one there is nothing to see.
+    /// Covers everything until lift(). `page` lies below and must stay until then. It shines
+    /// through; after a moment out of focus, as it looks at that time. Without one there is nothing
+    /// to see.
     void cover(Gtk::Widget* page);
     void lift();
 
