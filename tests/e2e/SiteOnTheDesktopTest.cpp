@@ -33,15 +33,16 @@ TEST(TheSiteOnTheDesktop, CountsInTheWindowsTitleAndNotifiesWhoeverIsElsewhere) 
     store.savePages({page});
 
     const MockBusService notifications(
-        connectToBus(g_getenv("DBUS_SESSION_BUS_ADDRESS")), "org.freedesktop.Notifications",
+        g_getenv("DBUS_SESSION_BUS_ADDRESS"), "org.freedesktop.Notifications",
         [](const std::string& method, GDBusMessage* call) {
             return MockBusService::answer(
                 call, method.ends_with("Notify") ? g_variant_new("(u)", 7) : nullptr);
         });
     const auto wasAsked = [&](const std::string& method) {
         return runUntil([&] {
-            return std::ranges::count(
-                       notifications.calls(), "org.freedesktop.Notifications." + method) == 1;
+            return std::ranges::any_of(notifications.calls(), [&](const std::string& call) {
+                return call.starts_with("org.freedesktop.Notifications." + method + "(");
+            });
         });
     };
     const auto isTitled = [](const std::string& title) {

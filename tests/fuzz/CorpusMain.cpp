@@ -2,18 +2,14 @@
 
 #include "Platform/FileStore.h"
 
-#include <sys/mman.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <random>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace {
@@ -31,29 +27,15 @@ public:
     }
 
 private:
+    /// Puts other bytes, a piece of a kept input, or nothing in the place of some.
     void change(std::string& input) {
-        const auto at = below(input.size() + 1);
-        const auto length = below(std::min<std::size_t>(input.size() - at, 16) + 1);
-        switch (below(5)) {
-        case 0: // Some bytes are others.
-            for (std::size_t i = at; i < at + length; ++i)
-                input[i] = static_cast<char>(below(256));
-            break;
-        case 1: // A bit is flipped.
-            if (at < input.size())
-                input[at] = static_cast<char>(input[at] ^ (1 << below(8)));
-            break;
-        case 2: // Some bytes are gone, or all that follow.
-            input.erase(at, below(8) ? length : std::string::npos);
-            break;
-        case 3: // Some bytes are there many times.
-            for (auto times = below(8) ? 1 : below(100); times > 0; --times)
-                input.insert(at, input.substr(at, length));
-            break;
-        default: // A piece of another input stands in their place.
+        std::string piece(below(4), static_cast<char>(below(256)));
+        if (below(2)) {
             const auto& other = anyKept();
-            input.replace(at, length, other, below(other.size() + 1), below(64));
+            piece = other.substr(below(other.size() + 1), below(64));
         }
+        const auto at = below(input.size() + 1);
+        input.replace(at, below(8) ? below(16) : std::string::npos, piece);
     }
 
     const std::string& anyKept() { return kept_[below(kept_.size())]; }
@@ -63,38 +45,19 @@ private:
     std::mt19937 random_; // Always from its own start: the same inputs in every run.
 };
 
-/// The input that is being read, where the parent process sees it.
-struct Current {
-    static constexpr std::size_t most = 1 << 20;
-    std::size_t size;
-    char bytes[most];
+std::string input;   ///< What is being read.
+const char* finding; ///< The file for what breaks the reader.
 
-    std::string_view text() const { return {bytes, size}; }
-    void set(std::string_view input) {
-        size = input.size();
-        input.copy(bytes, size);
-    }
-};
+void keepInput(int signal) {
+    std::ofstream(finding, std::ios::binary) << input;
+    std::printf("broken by the input in %s\n", finding);
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
 
-int readInputs(const std::filesystem::path& folder, std::chrono::seconds time, Current& current) {
-    const auto end = std::chrono::steady_clock::now() + time;
-    const auto read = [&](const std::string& input) {
-        current.set(input);
-        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
-    };
-    std::vector<std::string> kept;
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-        kept.push_back(tessaro::readFile(entry.path()).value());
-    if (kept.empty())
-        return 1;
-    std::ranges::sort(kept); // The folder's own order differs between machines.
-    std::ranges::for_each(kept, read);
-    Mutator mutator(kept);
-    long made = 0;
-    for (; std::chrono::steady_clock::now() < end; ++made)
-        read(mutator.next().substr(0, Current::most));
-    std::printf("%zu kept inputs and %ld made of them\n", kept.size(), made);
-    return 0;
+void feed(std::string bytes) {
+    input = std::move(bytes);
+    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
 }
 
 } // namespace
@@ -107,18 +70,21 @@ int readInputs(const std::filesystem::path& folder, std::chrono::seconds time, C
 int main(int count, char** arguments) {
     if (count != 4)
         return 2;
-    void* const shared =
-        mmap(nullptr, sizeof(Current), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    if (shared == MAP_FAILED)
+    finding = arguments[3];
+    for (const int signal : {SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL})
+        std::signal(signal, keepInput);
+    std::vector<std::string> kept;
+    for (const auto& entry : std::filesystem::directory_iterator(arguments[1]))
+        kept.push_back(tessaro::readFile(entry.path()).value());
+    if (kept.empty())
         return 2;
-    auto& current = *static_cast<Current*>(shared);
-    const pid_t child = fork();
-    if (child == 0)
-        return readInputs(arguments[1], std::chrono::seconds(std::stoi(arguments[2])), current);
-    int status = 0;
-    if (waitpid(child, &status, 0) == child && status == 0)
-        return 0;
-    std::ofstream(arguments[3], std::ios::binary) << current.text();
-    std::printf("broken by the input in %s\n", arguments[3]);
-    return 1;
+    std::ranges::sort(kept); // The folder's own order differs between machines.
+    std::ranges::for_each(kept, feed);
+    Mutator mutator(kept);
+    const auto end =
+        std::chrono::steady_clock::now() + std::chrono::seconds(std::stoi(arguments[2]));
+    long made = 0;
+    for (; std::chrono::steady_clock::now() < end; ++made)
+        feed(mutator.next());
+    std::printf("%zu kept inputs and %ld made of them\n", kept.size(), made);
 }

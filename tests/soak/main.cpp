@@ -34,11 +34,6 @@ double memory(const std::string& key) {
     return 0;
 }
 
-std::size_t openFiles() {
-    const std::filesystem::directory_iterator files("/proc/self/fd");
-    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
-}
-
 /// The main window's content with many accounts, used as in a long day.
 class Day {
 public:
@@ -117,8 +112,7 @@ int main(int count, char** arguments) {
         if ((round + 1) % (rounds / 10) != 0)
             continue;
         std::cout << round + 1 << " of " << rounds << " rounds: " << memory("Pss_Anon")
-                  << " MiB of its own, " << memory("Rss") << " MiB resident, " << openFiles()
-                  << " open files" << std::endl;
+                  << " MiB of its own, " << memory("Rss") << " MiB resident" << std::endl;
         if (!atTenth)
             atTenth = memory("Rss");
     }

@@ -2,12 +2,12 @@
 
 #include "support/MainLoop.h"
 
-#include <filesystem>
 #include <stdexcept>
 
 namespace tessaro::test {
 
-GnomeKeyring::GnomeKeyring(const PrivateSessionBus& bus) : connection_(bus.connect()) {
+GnomeKeyring::GnomeKeyring(const PrivateSessionBus& bus)
+    : connection_(connectToBus(bus.address())) {
     const auto folder = files_.path().string();
     const auto launcher = GObjectPtr<GSubprocessLauncher>::adopt(
         g_subprocess_launcher_new(static_cast<GSubprocessFlags>(
@@ -26,17 +26,7 @@ GnomeKeyring::GnomeKeyring(const PrivateSessionBus& bus) : connection_(bus.conne
         g_subprocess_get_stdin_pipe(daemon_.get()), "password", 8, nullptr, nullptr, nullptr);
     g_output_stream_close(g_subprocess_get_stdin_pipe(daemon_.get()), nullptr, nullptr);
 
-    const bool ready = runUntil([this] {
-        const GVariantPtr reply(g_dbus_connection_call_sync(
-            connection_.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus",
-            "org.freedesktop.DBus", "NameHasOwner", g_variant_new("(s)", "org.freedesktop.secrets"),
-            nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
-        gboolean owned = FALSE;
-        if (reply)
-            g_variant_get(reply.get(), "(b)", &owned);
-        return owned != FALSE;
-    });
-    if (!ready)
+    if (!runUntil([this] { return bool(call("ReadAlias", g_variant_new("(s)", "default"))); }))
         throw std::runtime_error("gnome-keyring-daemon does not come up");
 }
 
@@ -46,30 +36,18 @@ GnomeKeyring::~GnomeKeyring() {
 }
 
 GVariantPtr GnomeKeyring::call(const char* method, GVariant* arguments) const {
-    GErrorSlot error;
-    GVariantPtr reply(g_dbus_connection_call_sync(
+    return GVariantPtr(g_dbus_connection_call_sync(
         connection_.get(), "org.freedesktop.secrets", "/org/freedesktop/secrets",
         "org.freedesktop.Secret.Service", method, arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
-        nullptr, error.out()));
-    if (!reply)
-        throw std::runtime_error(std::string(method) + " failed: " + error.message());
-    return reply;
+        nullptr, nullptr));
 }
 
 void GnomeKeyring::lock() {
     const GVariantPtr alias(call("ReadAlias", g_variant_new("(s)", "default")));
     const char* collection = nullptr;
     g_variant_get(alias.get(), "(&o)", &collection);
-    call("Lock", g_variant_new_parsed("([%o],)", collection));
-}
-
-std::size_t GnomeKeyring::count(const std::string& service, const std::string& account) const {
-    const auto found = call(
-        "SearchItems", g_variant_new_parsed(
-                           "({'service': %s, 'account': %s},)", service.c_str(), account.c_str()));
-    const GVariantPtr unlocked(g_variant_get_child_value(found.get(), 0));
-    const GVariantPtr locked(g_variant_get_child_value(found.get(), 1));
-    return g_variant_n_children(unlocked.get()) + g_variant_n_children(locked.get());
+    if (!call("Lock", g_variant_new_parsed("([%o],)", collection)))
+        throw std::runtime_error("the keyring does not lock");
 }
 
 } // namespace tessaro::test

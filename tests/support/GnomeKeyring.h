@@ -3,8 +3,6 @@
 #include "support/PrivateSessionBus.h"
 #include "support/TempFolder.h"
 
-#include <string>
-
 namespace tessaro::test {
 
 /// A real gnome-keyring-daemon on a private bus: an unlocked default keyring in a temporary folder.
@@ -17,10 +15,9 @@ public:
 
     /// Locks the default keyring, so that its entries can be seen but not read.
     void lock();
-    /// How many entries carry both attributes, locked or not.
-    std::size_t count(const std::string& service, const std::string& account) const;
 
 private:
+    /// The service's answer, or null.
     GVariantPtr call(const char* method, GVariant* arguments) const;
 
     TempFolder files_;

@@ -25,12 +25,6 @@ struct GraphWorld : StoreWorld {
     void answerPicture(const std::string& pageId, LoopbackServer::Answer answer) {
         server.answer("/v25.0/" + pageId + "/picture", std::move(answer));
     }
-
-    /// What the log of today holds.
-    std::string loggedLines() {
-        logger.flush(std::chrono::seconds(10));
-        return logger.readCurrentLog();
-    }
 };
 
 } // namespace tessaro::test

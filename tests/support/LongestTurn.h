@@ -1,23 +1,23 @@
 #pragma once
 
+#include "support/MainLoop.h"
+
 #include <algorithm>
-#include <chrono>
 
 namespace tessaro::test {
 
-/// Measures how long the main loop was held up at most. Asked once a turn.
-class LongestTurn {
-public:
-    void beat() {
+/// Turns the main loop until `condition` holds, and returns how long a turn took at most.
+inline std::chrono::steady_clock::duration
+longestTurnUntil(const std::function<bool()>& condition) {
+    auto before = std::chrono::steady_clock::now();
+    std::chrono::steady_clock::duration longest{};
+    const auto measured = [&] {
         const auto now = std::chrono::steady_clock::now();
-        longest_ = std::max(longest_, now - before_);
-        before_ = now;
-    }
-    std::chrono::steady_clock::duration longest() const { return longest_; }
-
-private:
-    std::chrono::steady_clock::time_point before_ = std::chrono::steady_clock::now();
-    std::chrono::steady_clock::duration longest_{};
-};
+        longest = std::max(longest, now - before);
+        before = now;
+        return condition();
+    };
+    return runUntil(measured, std::chrono::minutes(1)) ? longest : longest.max();
+}
 
 } // namespace tessaro::test

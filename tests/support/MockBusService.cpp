@@ -12,12 +12,8 @@ struct MockBusService::State {
 };
 
 MockBusService::MockBusService(
-    const PrivateSessionBus& bus, const std::string& name, Handler handler)
-    : MockBusService(bus.connect(), name, std::move(handler)) {}
-
-MockBusService::MockBusService(
-    GObjectPtr<GDBusConnection> own, const std::string& name, Handler handler)
-    : connection_(std::move(own)), state_(std::make_shared<State>()) {
+    const std::string& busAddress, const std::string& name, Handler handler)
+    : connection_(connectToBus(busAddress)), state_(std::make_shared<State>()) {
     state_->handler = std::move(handler);
     // The filter may still run for a moment after the end of this object.
     using Shared = std::shared_ptr<State>;
@@ -34,7 +30,9 @@ MockBusService::MockBusService(
                                 g_dbus_message_get_member(message);
             {
                 const std::lock_guard lock(state.mutex);
-                state.calls.push_back(method);
+                GVariant* const body = g_dbus_message_get_body(message);
+                state.calls.push_back(
+                    method + (body ? takeString(g_variant_print(body, FALSE)) : "()"));
             }
             if (const auto reply = state.handler(method, message))
                 g_dbus_connection_send_message(
@@ -61,6 +59,10 @@ MockBusService::Reply MockBusService::answer(GDBusMessage* call, GVariant* body)
     if (body)
         g_dbus_message_set_body(reply.get(), body);
     return reply;
+}
+
+MockBusService::Reply MockBusService::answer(GDBusMessage* call, const char* body) {
+    return answer(call, g_variant_new_parsed(body));
 }
 
 MockBusService::Reply

@@ -18,21 +18,22 @@ public:
     /// Runs on a thread of its own.
     using Handler = std::function<Reply(const std::string& method, GDBusMessage* call)>;
 
-    MockBusService(const PrivateSessionBus& bus, const std::string& name, Handler handler);
-    /// @param own  a connection that nobody shares, which ends with it
-    MockBusService(GObjectPtr<GDBusConnection> own, const std::string& name, Handler handler);
+    MockBusService(const std::string& busAddress, const std::string& name, Handler handler);
     ~MockBusService();
     MockBusService(const MockBusService&) = delete;
     MockBusService& operator=(const MockBusService&) = delete;
 
     /// A reply with this body: null, or a tuple that is taken over when it is floating.
     static Reply answer(GDBusMessage* call, GVariant* body = nullptr);
+    /// A reply with a tuple in GVariant's text form.
+    static Reply answer(GDBusMessage* call, const char* body);
     static Reply refuse(GDBusMessage* call, const char* errorName, const char* text);
 
     /// Tells everybody on the bus. The arguments are a tuple in GVariant's text form.
     void emit(const char* path, const std::string& signal, const char* arguments) const;
 
-    /// What has been called so far, in order.
+    /// What has been called so far, in order, each as "interface.Method" with its arguments in
+    /// GVariant's text form.
     std::vector<std::string> calls() const;
 
 private:

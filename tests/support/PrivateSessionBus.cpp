@@ -30,12 +30,4 @@ PrivateSessionBus::~PrivateSessionBus() {
     g_test_dbus_down(daemon_.get());
 }
 
-std::string PrivateSessionBus::address() const {
-    return g_test_dbus_get_bus_address(daemon_.get());
-}
-
-GObjectPtr<GDBusConnection> PrivateSessionBus::connect() const {
-    return connectToBus(address());
-}
-
 } // namespace tessaro::test

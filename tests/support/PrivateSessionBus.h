@@ -7,7 +7,7 @@
 
 namespace tessaro::test {
 
-/// A connection to the bus at that address, apart from the process's own.
+/// A connection to the bus at that address that nobody shares.
 GObjectPtr<GDBusConnection> connectToBus(const std::string& address);
 
 /// A session bus for one test: while it exists it is the session bus of this process. No service is
@@ -19,10 +19,7 @@ public:
     PrivateSessionBus(const PrivateSessionBus&) = delete;
     PrivateSessionBus& operator=(const PrivateSessionBus&) = delete;
 
-    std::string address() const;
-
-    /// A connection that nobody shares.
-    GObjectPtr<GDBusConnection> connect() const;
+    std::string address() const { return g_test_dbus_get_bus_address(daemon_.get()); }
 
 private:
     ScopedEnvironment environment_;

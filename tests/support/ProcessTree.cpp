@@ -1,48 +1,32 @@
 #include "support/ProcessTree.h"
 
-#include <unistd.h>
+#include "Platform/FileStore.h"
 
-#include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace tessaro::test {
 
 namespace {
 
-std::string contents(const std::filesystem::path& file) {
-    std::ifstream stream(file);
-    return {std::istreambuf_iterator(stream), {}};
-}
-
-/// The second number behind the name, which stands in brackets and may hold anything.
-int parentOf(const std::string& status) {
-    const auto end = status.rfind(')');
-    return end == std::string::npos ? 0 : std::stoi(status.substr(end + std::size(") S ") - 1));
+void addChildrenOf(const std::filesystem::path& process, std::vector<ProcessView>& tree) {
+    std::error_code ended;
+    for (const auto& thread : std::filesystem::directory_iterator(process / "task", ended)) {
+        std::ifstream children(thread.path() / "children");
+        for (std::string id; children >> id;) {
+            const auto child = std::filesystem::path("/proc") / id;
+            tree.push_back(
+                {readFile(child / "cmdline").value_or(""),
+                 readFile(child / "environ").value_or("")});
+            addChildrenOf(child, tree);
+        }
+    }
 }
 
 } // namespace
 
 std::vector<ProcessView> processTree() {
-    std::vector<ProcessView> all;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
-        const auto name = entry.path().filename().string();
-        if (name.find_first_not_of("0123456789") == std::string::npos)
-            all.push_back(
-                {std::stoi(name), parentOf(contents(entry.path() / "stat")),
-                 contents(entry.path() / "cmdline"), contents(entry.path() / "environ")});
-    }
     std::vector<ProcessView> tree;
-    std::vector<int> parents{getpid()};
-    while (!parents.empty()) {
-        const int parent = parents.back();
-        parents.pop_back();
-        for (const auto& process : all)
-            if (process.parent == parent) {
-                tree.push_back(process);
-                parents.push_back(process.id);
-            }
-    }
+    addChildrenOf("/proc/self", tree);
     return tree;
 }
 

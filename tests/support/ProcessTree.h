@@ -7,8 +7,6 @@ namespace tessaro::test {
 
 /// A process as everyone who may look sees it (proc(5)).
 struct ProcessView {
-    int id;
-    int parent;
     std::string commandLine;
     std::string environment;
 };

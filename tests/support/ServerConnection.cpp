@@ -1,33 +1,35 @@
 #include "support/ServerConnection.h"
 
-#include <algorithm>
+#include <sstream>
 #include <utility>
 
 namespace tessaro::test {
 
 ServerConnection::ServerConnection(
-    GObjectPtr<GSocketConnection> socket, GObjectPtr<GIOStream> stream,
-    GObjectPtr<GCancellable> stop)
-    : socket_(std::move(socket)), stream_(std::move(stream)), stop_(std::move(stop)) {}
+    GObjectPtr<GSocketConnection> socket, GObjectPtr<GCancellable> stop)
+    : socket_(std::move(socket)), stop_(std::move(stop)) {
+    use(GObjectPtr<GIOStream>::share(G_IO_STREAM(socket_.get())));
+}
 
-bool ServerConnection::fill() {
-    char buffer[4096];
-    const auto length = g_input_stream_read(
-        g_io_stream_get_input_stream(stream_.get()), buffer, sizeof buffer, stop_.get(), nullptr);
-    if (length > 0)
-        received_.append(buffer, static_cast<std::size_t>(length));
-    return length > 0;
+void ServerConnection::startTls(const std::string& identity) {
+    const auto certificate = GObjectPtr<GTlsCertificate>::adopt(
+        g_tls_certificate_new_from_pem(identity.c_str(), -1, nullptr));
+    use(GObjectPtr<GIOStream>::adopt(
+        g_tls_server_connection_new(stream_.get(), certificate.get(), nullptr)));
+}
+
+void ServerConnection::use(GObjectPtr<GIOStream> stream) {
+    stream_ = std::move(stream);
+    input_ = GObjectPtr<GDataInputStream>::adopt(
+        g_data_input_stream_new(g_io_stream_get_input_stream(stream_.get())));
+    g_data_input_stream_set_newline_type(input_.get(), G_DATA_STREAM_NEWLINE_TYPE_CR_LF);
+    // What is left of the first one must not close the connection below TLS.
+    g_filter_input_stream_set_close_base_stream(G_FILTER_INPUT_STREAM(input_.get()), FALSE);
 }
 
 std::optional<std::string> ServerConnection::readLine() {
-    std::size_t end;
-    while ((end = received_.find("\r\n")) == std::string::npos) {
-        if (!fill())
-            return std::nullopt;
-    }
-    auto line = received_.substr(0, end);
-    received_.erase(0, end + 2);
-    return line;
+    const GCharPtr line(g_data_input_stream_read_line(input_.get(), nullptr, stop_.get(), nullptr));
+    return line ? std::optional<std::string>(line.get()) : std::nullopt;
 }
 
 std::optional<ReceivedRequest> ServerConnection::readRequest() {
@@ -35,30 +37,20 @@ std::optional<ReceivedRequest> ServerConnection::readRequest() {
     if (!line)
         return std::nullopt;
     ReceivedRequest request;
-    const auto methodEnd = line->find(' ');
-    const auto targetEnd = line->rfind(' ');
-    if (methodEnd == std::string::npos || targetEnd <= methodEnd)
-        return std::nullopt;
-    request.method = line->substr(0, methodEnd);
-    request.target = line->substr(methodEnd + 1, targetEnd - methodEnd - 1);
+    std::istringstream(*line) >> request.method >> request.target;
     while ((line = readLine()) && !line->empty()) {
-        const auto colon = std::min(line->find(':'), line->size());
-        auto name = line->substr(0, colon);
-        std::transform(name.begin(), name.end(), name.begin(), g_ascii_tolower);
-        const auto value = line->find_first_not_of(" :", colon);
-        request.headers[name] = value == std::string::npos ? "" : line->substr(value);
-    }
-    if (!line)
-        return std::nullopt;
-    const auto announced = request.headers.find("content-length");
-    const std::size_t length =
-        announced == request.headers.end() ? 0 : std::stoul(announced->second);
-    while (received_.size() < length) {
-        if (!fill())
+        const auto colon = line->find(": ");
+        if (colon == std::string::npos)
             return std::nullopt;
+        const auto name = g_ascii_strdown(line->c_str(), static_cast<gssize>(colon));
+        request.headers[takeString(name)] = line->substr(colon + 2);
     }
-    request.body = received_.substr(0, length);
-    received_.erase(0, length);
+    if (const auto length = request.headers.find("content-length"); length != request.headers.end())
+        request.body.resize(std::stoul(length->second));
+    if (!line || !g_input_stream_read_all(
+                     G_INPUT_STREAM(input_.get()), request.body.data(), request.body.size(),
+                     nullptr, stop_.get(), nullptr))
+        return std::nullopt;
     return request;
 }
 
@@ -77,7 +69,7 @@ bool ServerConnection::pause(std::chrono::milliseconds time) {
 }
 
 void ServerConnection::waitForClose() {
-    while (fill()) {
+    while (g_input_stream_skip(G_INPUT_STREAM(input_.get()), 4096, stop_.get(), nullptr) > 0) {
     }
 }
 

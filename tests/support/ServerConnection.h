@@ -25,10 +25,11 @@ struct ReceivedRequest {
 /// server's thread for that connection; every call ends at once when the server stops.
 class ServerConnection {
 public:
-    ServerConnection(
-        GObjectPtr<GSocketConnection> socket, GObjectPtr<GIOStream> stream,
-        GObjectPtr<GCancellable> stop);
+    ServerConnection(GObjectPtr<GSocketConnection> socket, GObjectPtr<GCancellable> stop);
 
+    /// From now on everything is encrypted.
+    /// @param identity  certificate and private key in PEM form
+    void startTls(const std::string& identity);
     /// Reads one request with its body; nothing when the client closes instead.
     std::optional<ReceivedRequest> readRequest();
     /// Sends the bytes; false once the client is gone or the server stops.
@@ -42,17 +43,14 @@ public:
     /// Drops the connection without TLS's farewell.
     void drop();
 
-    GIOStream* stream() const { return stream_.get(); }
-    GCancellable* stop() const { return stop_.get(); }
-
 private:
+    void use(GObjectPtr<GIOStream> stream);
     std::optional<std::string> readLine();
-    bool fill();
 
-    GObjectPtr<GSocketConnection> socket_;
+    const GObjectPtr<GSocketConnection> socket_;
+    const GObjectPtr<GCancellable> stop_;
     GObjectPtr<GIOStream> stream_;
-    GObjectPtr<GCancellable> stop_;
-    std::string received_;
+    GObjectPtr<GDataInputStream> input_;
 };
 
 } // namespace tessaro::test

@@ -22,6 +22,11 @@ struct StoreWorld {
 
     /// Another one over the same files, as after a new start of the program.
     DataStore newStore() { return {records, keychain, notifications, clock}; }
+    /// What the log of today holds, or that there is none.
+    std::string loggedLines() {
+        logger.flush(std::chrono::seconds(10));
+        return logger.readCurrentLog();
+    }
 };
 
 Account makeAccount(const std::string& name = "Tài khoản");

@@ -1,15 +1,12 @@
 #pragma once
 
-#include "support/LoopbackServer.h"
 #include "support/TempFolder.h"
 
-#include <filesystem>
 #include <string>
-#include <vector>
 
 namespace tessaro::test {
 
-/// A certificate authority made for one test with the openssl command, and what it signs.
+/// A certificate authority made for one test with the openssl command.
 class TestAuthority {
 public:
     TestAuthority();
@@ -17,14 +14,11 @@ public:
     /// The authority's own certificate, to be trusted.
     std::filesystem::path file() const { return folder_ / "authority.pem"; }
 
-    ServerIdentity valid() const;          ///< For 127.0.0.1, as all but the next.
-    ServerIdentity forAnotherHost() const; ///< For other.example.
-    ServerIdentity expired() const;
-    ServerIdentity selfSigned() const; ///< Not by this authority.
+    /// A certificate for that address ("IP:…" or "DNS:…") with its private key, in PEM form.
+    std::string identity(const std::string& address = "IP:127.0.0.1") const;
 
 private:
-    ServerIdentity sign(const std::string& host, const std::string& days) const;
-    void run(std::vector<std::string> arguments) const;
+    void request(const std::string& name, const std::string& options) const;
 
     TempFolder folder_;
 };

@@ -1,14 +1,12 @@
 #include "Services/AppLogger.h"
 
 #include "Platform/FileStore.h"
-#include "support/ManualClock.h"
-#include "support/TempFolder.h"
+#include "support/ScopedEnvironment.h"
+#include "support/StoreWorld.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
-#include <set>
 #include <sstream>
 #include <vector>
 
@@ -24,72 +22,63 @@ constexpr std::chrono::sys_seconds afternoon{1'741'158'429s};
 class AppLoggerTest : public testing::Test {
 protected:
     AppLoggerTest() {
-        setenv("TZ", "TST-7", 1);
-        std::ofstream(temp_ / "machine-id") << "0123abc\n";
+        environment_.set("TZ", "TST-7");
+        std::ofstream(world_.folder / "machine-id") << "0123abc\n";
+        clock_.advance(std::chrono::ceil<Clock::Delay>(afternoon - clock_.now()));
     }
-    ~AppLoggerTest() override { unsetenv("TZ"); }
 
-    std::string textOf(const std::string& fileName) const {
-        return readFile(folder() / fileName).value_or("(none)");
+    void log(const std::string& message, const std::string& level = "INFO") {
+        logger_.log(message, level);
+        logger_.flush(10s);
     }
-    fs::path folder() const { return temp_ / "Tessaro" / "logs"; }
 
-    test::TempFolder temp_;
-    test::ManualClock clock_{afternoon};
-    SettingsStore settings_{temp_ / "settings.ini"};
-    DeviceIdentity device_{settings_, temp_ / "machine-id"};
+    test::ScopedEnvironment environment_;
+    test::StoreWorld world_;
+    test::ManualClock& clock_ = world_.clock;
+    AppLogger& logger_ = world_.logger;
+    const fs::path folder_ = world_.folder / "logs";
 };
 
 } // namespace
 
-TEST_F(AppLoggerTest, MakesTheDaysFileWithTheFirstLineAndAppendsTheOthers) {
-    {
-        AppLogger logger(folder(), device_, clock_);
-        logger.log("Một: é", "WARN");
-        logger.flush(10s);
-        clock_.advance(61s);
-        logger.log("two\nlines", "INFO");
-        logger.flush(10s);
-    }
-    AppLogger nextRun(folder(), device_, clock_);
-    nextRun.log("three", "ERROR");
-    nextRun.flush(10s);
+TEST_F(AppLoggerTest, AppendsToTheDaysFileAcrossStartsAndBeginsANewOneAtLocalMidnight) {
+    log("Một: é", "WARN");
+    clock_.advance(61s);
+    log("two\nlines");
+    AppLogger nextStart(folder_, world_.device, clock_);
+    nextStart.log("three", "ERROR");
+    nextStart.flush(10s);
 
-    EXPECT_EQ(nextRun.currentLogURL(), folder() / "0123abc-05-03-2025.log");
-    EXPECT_EQ(
-        nextRun.readCurrentLog(), "[2025-03-05 14:07:09] [WARN] Một: é\n"
-                                  "[2025-03-05 14:08:10] [INFO] two\nlines\n"
-                                  "[2025-03-05 14:08:10] [ERROR] three\n");
-    EXPECT_EQ(fs::status(nextRun.currentLogURL()).permissions(), fs::perms(0600));
-    EXPECT_EQ(fs::status(folder()).permissions(), fs::perms(0700));
-}
+    const auto file = logger_.currentLogURL();
+    const std::string text = "[2025-03-05 14:07:09] [WARN] Một: é\n"
+                             "[2025-03-05 14:08:10] [INFO] two\nlines\n"
+                             "[2025-03-05 14:08:10] [ERROR] three\n";
+    EXPECT_EQ(file, folder_ / "0123abc-05-03-2025.log");
+    EXPECT_EQ(logger_.readCurrentLog(), text);
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms(0600));
+    EXPECT_EQ(fs::status(folder_).permissions(), fs::perms(0700));
 
-TEST_F(AppLoggerTest, BeginsANewFileAtLocalMidnightAndKeepsTheOldOne) {
-    AppLogger logger(folder(), device_, clock_);
-    logger.log("before", "INFO");
-    logger.flush(10s);
     clock_.advance(10h);
-    EXPECT_EQ(logger.readCurrentLog(), "Chưa có log ghi nhận hôm nay.");
-    logger.log("after", "INFO");
-    logger.flush(10s);
-    EXPECT_EQ(textOf("0123abc-05-03-2025.log"), "[2025-03-05 14:07:09] [INFO] before\n");
-    EXPECT_EQ(textOf("0123abc-06-03-2025.log"), "[2025-03-06 00:07:09] [INFO] after\n");
+    EXPECT_EQ(logger_.readCurrentLog(), "Chưa có log ghi nhận hôm nay.");
+    log("after");
+    EXPECT_EQ(logger_.currentLogURL(), folder_ / "0123abc-06-03-2025.log");
+    EXPECT_EQ(logger_.readCurrentLog(), "[2025-03-06 00:08:10] [INFO] after\n");
+    EXPECT_EQ(readFile(file), text);
 }
 
 TEST_F(AppLoggerTest, KeepsTheLinesOfManyThreadsWholeAndEachThreadsInOrder) {
     constexpr int threads = 8, lines = 2000;
-    AppLogger logger(folder(), device_, clock_);
     std::vector<std::thread> callers;
     for (int thread = 0; thread < threads; ++thread)
-        callers.emplace_back([&logger, thread] {
+        callers.emplace_back([&, thread] {
             for (int line = 0; line < lines; ++line)
-                logger.log(std::to_string(thread) + " " + std::to_string(line), "INFO");
+                logger_.log(std::to_string(thread) + " " + std::to_string(line), "INFO");
         });
     for (auto& caller : callers)
         caller.join();
-    logger.flush(30s);
+    logger_.flush(30s);
 
-    std::istringstream text(logger.readCurrentLog());
+    std::istringstream text(logger_.readCurrentLog());
     std::vector<int> next(threads, 0);
     std::string date, time, level;
     for (int thread = 0, line = 0; text >> date >> time >> level >> thread >> line;) {
@@ -100,33 +89,17 @@ TEST_F(AppLoggerTest, KeepsTheLinesOfManyThreadsWholeAndEachThreadsInOrder) {
 }
 
 TEST_F(AppLoggerTest, StaysReadableWhenAMessageIsDamagedAndSaysSoWhenTheFileIs) {
-    AppLogger logger(folder(), device_, clock_);
-    logger.log("cut \xE1\xBB", "INFO");
-    logger.log("whole", "INFO");
-    logger.flush(10s);
-    const auto text = logger.readCurrentLog();
-    EXPECT_TRUE(text.starts_with("[2025-03-05 14:07:09] [INFO] cut \uFFFD")) << text;
-    EXPECT_TRUE(text.ends_with("\n[2025-03-05 14:07:09] [INFO] whole\n")) << text;
-
-    std::ofstream(logger.currentLogURL(), std::ios::app) << "\xFF\n";
-    EXPECT_EQ(logger.readCurrentLog(), "Không thể đọc nội dung file log.");
+    log("cut \xE1\xBB");
+    EXPECT_EQ(logger_.readCurrentLog(), "[2025-03-05 14:07:09] [INFO] cut \uFFFD\n");
+    std::ofstream(logger_.currentLogURL(), std::ios::app) << "\xFF\n";
+    EXPECT_EQ(logger_.readCurrentLog(), "Không thể đọc nội dung file log.");
 }
 
-TEST_F(AppLoggerTest, LosesLinesWithoutAWordWhereTheFolderOrTheFileCannotBe) {
-    std::ofstream(temp_ / "Tessaro") << "in the way";
-    AppLogger logger(folder(), device_, clock_);
-    logger.log("lost", "ERROR");
-    logger.flush(10s);
-    EXPECT_EQ(logger.readCurrentLog(), "Chưa có log ghi nhận hôm nay.");
-
-    fs::remove(temp_ / "Tessaro");
-    fs::create_directories(logger.currentLogURL());
-    logger.log("lost as well", "ERROR");
-    logger.flush(10s);
-    EXPECT_EQ(logger.readCurrentLog(), "Không thể đọc nội dung file log.");
-
-    fs::remove(logger.currentLogURL());
-    logger.log("found", "INFO");
-    logger.flush(10s);
-    EXPECT_EQ(logger.readCurrentLog(), "[2025-03-05 14:07:09] [INFO] found\n");
+TEST_F(AppLoggerTest, LosesLinesWithoutAWordWhereTheFolderCannotBe) {
+    std::ofstream(folder_) << "in the way";
+    log("lost", "ERROR");
+    EXPECT_EQ(logger_.readCurrentLog(), "Chưa có log ghi nhận hôm nay.");
+    fs::remove(folder_);
+    log("found");
+    EXPECT_EQ(logger_.readCurrentLog(), "[2025-03-05 14:07:09] [INFO] found\n");
 }

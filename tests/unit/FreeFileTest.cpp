@@ -29,13 +29,11 @@ TEST(FreeFile, StaysInItsFolderUnderANameThatCanBeWritten) {
     std::string name;
     for (int i = 0; i < 200; ++i)
         name += "ế";
-    for (int ascii = 0; ascii < 3; ++ascii, name.insert(0, "a")) {
-        const auto file = freeFile(folder.path(), name + ".pdf");
+    for (const std::string ascii : {"", "a", "aa"}) {
+        const auto file = freeFile(folder.path(), ascii + name + ".pdf");
         EXPECT_EQ(file.extension(), ".pdf");
         EXPECT_TRUE(tessaro::isValidUtf8(file.string()));
         EXPECT_GT(file.filename().string().size(), 210u);
-        std::ofstream(file.string() + ".wkdownload (99)") << "bytes";
-        EXPECT_TRUE(std::filesystem::exists(file.string() + ".wkdownload (99)"));
+        EXPECT_TRUE(std::ofstream(file.string() + ".wkdownload (99)"));
     }
-    EXPECT_LE(freeFile(folder.path(), "a." + name).filename().string().size(), 220u);
 }

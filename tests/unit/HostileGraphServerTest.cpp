@@ -1,4 +1,3 @@
-#include "Services/TokenRedaction.h"
 #include "ViewModels/AddPageFlow.h"
 #include "support/GraphWorld.h"
 #include "support/HostileServers.h"
@@ -8,11 +7,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 using namespace tessaro;
 using namespace tessaro::test;
 using namespace std::chrono_literals;
+using testing::HasSubstr, testing::Not;
 
 namespace {
 
@@ -27,67 +25,10 @@ constexpr const char* marked = "EAAB marked#token/%1";
 /// An object that contents every request of the client.
 constexpr const char* goodBody = R"({"id":"7","name":"Trang","data":[]})";
 
-/// A world whose server treats its clients like that.
-std::unique_ptr<GraphWorld> worldWith(const LoopbackServer::Handler& behave) {
-    auto world = std::make_unique<GraphWorld>();
-    world->options = hostileOptions();
-    if (behave)
-        world->server.handle("*", behave);
-    else
-        world->baseUrl = LoopbackServer().origin(); // Nobody is there any more.
-    return world;
-}
-
-/// Servers that give the token back in what they say.
-std::vector<HostileServer> echoingServers() {
-    const auto says = [](std::string head, std::string (*text)(const ReceivedRequest&)) {
-        return [=](ServerConnection& connection, const ReceivedRequest& request) {
-            const auto body = text(request);
-            connection.write(
-                head + "Content-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body);
-        };
-    };
-    const auto refusal = [](const std::string& message) {
-        return R"({"error":{"code":190,"message":"Malformed )" + message + R"( token"}})";
-    };
-    static const auto refuse = refusal;
-    const std::string bad = "HTTP/1.1 400 Bad\r\n";
-    return {
-        {"echoes the target",
-         says(bad, [](const auto& request) { return refuse(request.target); })},
-        {"echoes the token", says(bad, [](const auto&) { return refuse(marked); })},
-        {"echoes it in lower-case escapes",
-         says(bad, [](const auto&) { return refuse("EAAB%20marked%23token%2f%251"); })},
-        {"echoes it with every byte escaped",
-         says(
-             bad,
-             [](const auto&) {
-                 std::string escaped;
-                 for (const char byte : std::string(marked)) {
-                     char text[4];
-                     g_snprintf(text, sizeof text, "%%%02x", static_cast<unsigned>(byte));
-                     escaped += text;
-                 }
-                 return refuse(escaped);
-             })},
-        {"echoes it in a page",
-         says("HTTP/1.1 500 Oh\r\n", [](const auto& request) { return request.target; })},
-        {"echoes it for JSON", says(
-                                   "HTTP/1.1 200 OK\r\n",
-                                   [](const auto& request) {
-                                       return "{\"id\":\"" + request.target + "\",\"data\":\"" +
-                                              marked + "\"}";
-                                   })},
-        {"echoes it instead of HTTP",
-         [](ServerConnection& connection, const ReceivedRequest& request) {
-             connection.write("HTTP/" + request.target + "\r\n\r\n");
-         }},
-        {"redirects with it to nobody",
-         [](ServerConnection& connection, const ReceivedRequest& request) {
-             connection.write(
-                 "HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: http://127.0.0.1:1" +
-                 request.target + "\r\n\r\n");
-         }},
+/// A handler that sends what is made of the request's target, the token in it.
+LoopbackServer::Handler echoes(std::function<std::string(const std::string& target)> text) {
+    return [text](ServerConnection& connection, const ReceivedRequest& request) {
+        connection.write(text(request.target));
     };
 }
 
@@ -108,11 +49,8 @@ std::string everythingSaid(GraphWorld& world, const Account& account) {
         flow.verifyToken();
         pages.addPage(SecretText(marked), account).detach();
         EXPECT_TRUE(runUntil([&] { return !*flow.isVerifying && !*pages.isVerifying; }));
-        EXPECT_TRUE(runUntil([&] {
-            return world.server.openConnections() == 0 &&
-                   (world.loggedLines().find("avatar") != std::string::npos ||
-                    std::filesystem::exists(world.store.localAvatarURL("1")));
-        }));
+        EXPECT_TRUE(
+            runUntil([&] { return world.loggedLines().find("avatar") != std::string::npos; }));
         said = flow.errorMessage->value_or("") + pages.verifyError->value_or("");
     }
     said += testing::internal::GetCapturedStdout() + testing::internal::GetCapturedStderr();
@@ -120,38 +58,50 @@ std::string everythingSaid(GraphWorld& world, const Account& account) {
 }
 
 class HostileGraphServer : public testing::TestWithParam<HostileServer> {};
-class HostileGraphEcho : public HostileGraphServer {};
 
 INSTANTIATE_TEST_SUITE_P(
     That, HostileGraphServer, testing::ValuesIn(hostileServers(goodBody)), hostileName);
-INSTANTIATE_TEST_SUITE_P(That, HostileGraphEcho, testing::ValuesIn(echoingServers()), hostileName);
 
 } // namespace
 
-TEST_P(HostileGraphServer, IsEndedInBoundedTimeAndMemory) {
-    const auto world = worldWith(GetParam().behave);
-    const auto client = world->makeClient(SecretText(marked), std::nullopt);
+TEST_P(HostileGraphServer, IsEndedInBoundedTimeAndMemoryAndToldOfWithoutTheToken) {
+    GraphWorld world;
+    world.options = hostileOptions();
+    if (GetParam().behave)
+        world.server.handle("*", GetParam().behave);
+    else
+        world.baseUrl = LoopbackServer().origin(); // Nobody is there any more.
+    const auto client = world.makeClient(SecretText(marked), std::nullopt);
     const HostileBounds bounds;
-    const auto check = [](const auto& result) {
-        EXPECT_EQ(result.has_value(), GetParam().answers);
-        EXPECT_TRUE(result || !result.error().message.empty());
+    const auto check = [](const auto& result, bool answers) {
+        EXPECT_EQ(result.has_value(), answers);
+        const auto message = result ? "fine" : result.error().message;
+        EXPECT_FALSE(message.empty());
+        EXPECT_THAT(message, Not(HasSubstr("marked")));
     };
-    check(await(client->fetchPageInfo()));
-    check(await(client->fetchManagedPages()));
+    check(await(client->fetchPageInfo()), GetParam().answers);
+    check(await(client->fetchManagedPages()), GetParam().answers);
     const auto picture = await(client->fetchCustomerAvatarData(PageId{"1"}));
-    EXPECT_TRUE(picture || !picture.error().message.empty());
+    check(picture, picture.has_value());
 }
 
-TEST_P(HostileGraphServer, IsToldOfWithoutTheToken) {
-    const auto world = worldWith(GetParam().behave);
-    EXPECT_THAT(everythingSaid(*world, makeAccount()), testing::Not(testing::HasSubstr("marked")));
-}
-
-TEST_P(HostileGraphEcho, IsToldOfWithoutTheToken) {
-    const auto world = worldWith(GetParam().behave);
-    const auto said = everythingSaid(*world, makeAccount());
-    EXPECT_THAT(said, testing::Not(testing::HasSubstr("marked")));
-    EXPECT_THAT(said, testing::Not(testing::HasSubstr("%6d%61%72%6b%65%64")));
+TEST(HostileGraph, ServersThatEchoTheTokenAreToldOfWithoutIt) {
+    const std::string empty = "Content-Length: 0\r\n";
+    for (const auto& behave :
+         {echoes([](auto& target) {
+              return "HTTP/1.1 400 Bad\r\n\r\n{\"error\":{\"message\":\"No " + target + marked +
+                     "\"}}";
+          }),
+          echoes([](auto& target) { return "HTTP/1.1 500 Oh\r\n\r\n" + target; }),
+          echoes([](auto& target) { return "HTTP/" + target + "\r\n\r\n"; }),
+          echoes([&](auto& target) {
+              return "HTTP/1.1 302 Found\r\n" + empty + "Location: http://127.0.0.1:1" + target +
+                     "\r\n\r\n";
+          })}) {
+        GraphWorld world;
+        world.server.handle("*", behave);
+        EXPECT_THAT(everythingSaid(world, makeAccount()), Not(HasSubstr("marked")));
+    }
 }
 
 TEST(HostileGraph, ProxiesAreToldOfWithoutTheToken) {
@@ -161,9 +111,9 @@ TEST(HostileGraph, ProxiesAreToldOfWithoutTheToken) {
     account.proxyPassword = SecretText("marked password");
     for (const std::int64_t port : {std::int64_t{LoopbackServer().port()}, std::int64_t{70000}}) {
         GraphWorld world;
-        world.store.saveAccounts({account});
         account.proxyPort = port;
-        EXPECT_THAT(everythingSaid(world, account), testing::Not(testing::HasSubstr("marked")));
+        world.store.saveAccounts({account});
+        EXPECT_THAT(everythingSaid(world, account), Not(HasSubstr("marked")));
     }
 }
 
@@ -186,33 +136,20 @@ TEST(HostileGraph, AMillionPagesAreRefusedAndWhatJustFitsDoesNotStallTheLoop) {
     ASSERT_LT(answerPages(fittingPages), HttpOptions().bodyLimit);
     const PeakMemory memory;
     auto asking = client->fetchManagedPages();
-    LongestTurn turn;
-    EXPECT_TRUE(runUntil(
-        [&] {
-            turn.beat();
-            return asking.isDone();
-        },
-        60s));
-    const auto taken = await(std::move(asking));
-    ASSERT_TRUE(taken) << taken.error().message;
-    EXPECT_EQ(taken->size(), static_cast<std::size_t>(fittingPages));
+    EXPECT_LT(longestTurnUntil([&] { return asking.isDone(); }), 500ms);
+    EXPECT_EQ(await(std::move(asking)).value().size(), static_cast<std::size_t>(fittingPages));
     EXPECT_LT(memory.growth(), (512 << 20) * memoryFactor);
-    EXPECT_LT(turn.longest(), 500ms);
 }
 
 TEST(HostileGraph, StrangeTextsOfAPageAreKeptAsTextsAndInTheirPlace) {
     GraphWorld world;
-    const auto account = makeAccount();
     PagesViewModel pages(world.store, world.logger, world.clock, world.makeClient);
     const std::string name = "<b>&amp;\u202e\u2066" + std::string(1 << 20, 'n');
+    world.server.answer("*", "picture");
     for (const std::string id : {"../../x", "..", "/etc/x", ".hidden", ""}) {
-        world.server.handle("*", [](ServerConnection& connection, const ReceivedRequest&) {
-            connection.write("HTTP/1.1 200 OK\r\nContent-Length: 7\r\n\r\npicture");
-        });
         world.answerMe({200, R"({"id":")" + id + R"(","name":")" + name + R"("})", {}});
-        pages.addPage(SecretText("page-token"), account).detach();
+        pages.addPage(SecretText("page-token"), makeAccount()).detach();
         ASSERT_TRUE(runUntil([&] { return !*pages.isVerifying; }));
-        ASSERT_FALSE(*pages.verifyError) << **pages.verifyError;
         EXPECT_EQ(pages.pages->back().pageId.text, id);
         EXPECT_EQ(pages.pages->back().pageName, name);
         const auto file = world.store.localAvatarURL(id);

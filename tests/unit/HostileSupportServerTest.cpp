@@ -5,45 +5,18 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 using namespace tessaro;
 using namespace tessaro::test;
-using namespace std::chrono_literals;
 
 namespace {
 
 /// An object that contents both requests of the client.
-constexpr const char* goodBody =
-    R"({"version":"2.0","url":"https://a.example/","notes":"Mới","success":true})";
+constexpr const char* goodBody = R"({"version":"2.0","url":"javascript:x",
+                     "notes" : "<b>\u202e", "success" : true
+})";
 
-class HostileSupportServer : public testing::TestWithParam<HostileServer> {
-protected:
-    HostileSupportServer() {
-        if (GetParam().behave)
-            server_.handle("*", GetParam().behave);
-    }
-
-    template <typename Answer>
-    void check(const std::string& path, const Result<Answer>& answer) {
-        EXPECT_EQ(answer.has_value(), GetParam().answers) << path;
-        if (answer)
-            return;
-        EXPECT_FALSE(answer.error().message.empty()) << path;
-        world_.logger.flush(10s);
-        EXPECT_THAT(
-            world_.logger.readCurrentLog(),
-            testing::ContainsRegex("\\[ERROR\\] SupportClient: .*" + path));
-    }
-
-    LoopbackServer server_;
-    StoreWorld world_;
-    SupportClient client_{
-        world_.settings,
-        // Another server's address, for nobody is there any more.
-        GetParam().behave ? server_.origin() : LoopbackServer().origin(), world_.device,
-        world_.logger, hostileOptions()};
-};
+class HostileSupportServer : public testing::TestWithParam<HostileServer> {};
 
 INSTANTIATE_TEST_SUITE_P(
     That, HostileSupportServer, testing::ValuesIn(hostileServers(goodBody)), hostileName);
@@ -51,25 +24,28 @@ INSTANTIATE_TEST_SUITE_P(
 } // namespace
 
 TEST_P(HostileSupportServer, IsEndedInBoundedTimeAndMemoryWithALineInTheLog) {
+    StoreWorld world;
+    std::optional<LoopbackServer> server(std::in_place);
+    SupportClient client(
+        world.settings, server->origin(), world.device, world.logger, hostileOptions());
+    if (GetParam().behave)
+        server->handle("*", GetParam().behave);
+    else
+        server.reset();
+
     const HostileBounds bounds;
-    const auto info = await(client_.checkUpdate());
+    const auto check = [&](const std::string& path, const auto& answer) {
+        EXPECT_EQ(answer.has_value(), GetParam().answers) << path;
+        if (answer)
+            return;
+        EXPECT_FALSE(answer.error().message.empty()) << path;
+        EXPECT_THAT(
+            world.loggedLines(), testing::ContainsRegex("\\[ERROR\\] SupportClient: .*" + path));
+    };
+    const auto info = await(client.checkUpdate());
     check("/api/update/check", info);
     if (info) {
-        EXPECT_EQ(*info, (UpdateInfo{"2.0", "https://a.example/", "Mới"}));
+        EXPECT_EQ(*info, (UpdateInfo{"2.0", "javascript:x", "<b>\u202e"}));
     }
-    check("/api/support/upload-log", await(client_.uploadLog("a.log", std::string(1 << 20, 'x'))));
-}
-
-TEST(HostileSupport, StrangeTextsOfAnUpdateAreKeptAsTexts) {
-    StoreWorld world;
-    LoopbackServer server;
-    SupportClient client(
-        world.settings, server.origin(), world.device, world.logger, hostileOptions());
-    const UpdateInfo strange{
-        "../../2", "javascript:alert(1)", "<b>&amp;\u202e\u2066" + std::string(1 << 19, 'n')};
-    server.answer(
-        "/api/update/check",
-        nlohmann::json{{"version", strange.version}, {"url", strange.url}, {"notes", strange.notes}}
-            .dump());
-    EXPECT_EQ(await(client.checkUpdate()).value(), strange);
+    check("/api/support/upload-log", await(client.uploadLog("a.log", std::string(1 << 20, 'x'))));
 }

@@ -21,20 +21,13 @@ struct Progress {
     std::atomic<std::size_t> finished{0};
 };
 
-/// The lists of one save: as many accounts as its number, and one Page for each.
-std::vector<Account> accountsOf(std::size_t number) {
-    return std::vector<Account>(number, makeAccount("Tài khoản " + std::to_string(number)));
-}
-
+/// Saves as many accounts as the save's number, and as many Pages.
 [[noreturn]] void saveGrowingLists(DataStore& store, std::size_t last, Progress& progress) {
     for (std::size_t number = last + 1;; ++number) {
-        const auto accounts = accountsOf(number);
-        std::vector<PageConfig> pages;
-        for (const auto& account : accounts)
-            pages.push_back(makePage(account, std::to_string(number)));
+        const auto account = makeAccount("Tài khoản " + std::to_string(number));
         progress.begun = number;
-        store.saveAccounts(accounts);
-        store.savePages(pages);
+        store.saveAccounts(std::vector(number, account));
+        store.savePages(std::vector(number, makePage(account, std::to_string(number))));
         progress.finished = number;
     }
 }

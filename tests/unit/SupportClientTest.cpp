@@ -2,18 +2,16 @@
 
 #include "support/LoopbackServer.h"
 #include "support/MainLoop.h"
-#include "support/ManualClock.h"
-#include "support/TempFolder.h"
+#include "support/StoreWorld.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <fstream>
-#include <map>
-
 using namespace tessaro;
+using namespace tessaro::test;
 using namespace std::chrono_literals;
-using test::LoopbackServer;
+using testing::HasSubstr;
 
 namespace {
 
@@ -22,32 +20,30 @@ constexpr const char* uploadPath = "/api/support/upload-log";
 
 class SupportClientTest : public testing::Test {
 protected:
-    SupportClientTest() { std::ofstream(temp_ / "machine-id") << "0123abc\n"; }
-
-    Result<UpdateInfo> checkUpdate(const std::string& base) {
+    Error errorOfCheck(const std::string& base) {
         client_.serverURL.set(base);
-        return test::await(client_.checkUpdate());
+        const auto info = await(client_.checkUpdate());
+        return info ? Error{} : info.error();
+    }
+    Error errorOfUpload() {
+        const auto uploaded = await(client_.uploadLog("a.log", "text"));
+        return uploaded ? Error{} : uploaded.error();
+    }
+    /// Expects that this is what the log says last.
+    void expectLogged(const std::string& line) {
+        EXPECT_THAT(
+            world_.loggedLines(), testing::EndsWith("] [ERROR] SupportClient: " + line + "\n"));
     }
 
-    /// What the log says since the last call, without time and level, which must be "ERROR".
-    std::string logged() {
-        logger_.flush(10s);
-        constexpr std::string_view head = "[yyyy-MM-dd HH:mm:ss] [ERROR] ";
-        const auto file = logger_.currentLogURL();
-        const auto line = std::filesystem::exists(file) ? logger_.readCurrentLog() : "";
-        std::filesystem::remove(file);
-        const bool isError = line.find("[ERROR] ") == head.find("[ERROR] ");
-        return isError ? line.substr(head.size()) : line;
-    }
-
-    test::TempFolder temp_;
     LoopbackServer server_;
-    SettingsStore settings_{temp_ / "settings.ini"};
-    DeviceIdentity device_{settings_, temp_ / "machine-id"};
-    test::ManualClock clock_;
-    AppLogger logger_{temp_ / "logs", device_, clock_};
+    const std::string origin_ = server_.origin();
+    StoreWorld world_;
     SupportClient client_{
-        settings_, server_.origin(), device_, logger_, {.silenceLimit = 1s, .totalLimit = {}}};
+        world_.settings,
+        origin_,
+        world_.device,
+        world_.logger,
+        {.silenceLimit = 1s, .totalLimit = {}}};
 };
 
 } // namespace
@@ -55,121 +51,80 @@ protected:
 TEST_F(SupportClientTest, AsksForTheNewestVersion) {
     server_.answer(
         checkPath, R"({"version":"1.3.0","url":"https://a.example/","notes":"Sửa lỗi","more":1})");
-    const auto info = test::await(client_.checkUpdate());
-    ASSERT_TRUE(info) << info.error().message;
-    EXPECT_EQ(*info, (UpdateInfo{"1.3.0", "https://a.example/", "Sửa lỗi"}));
+    EXPECT_EQ(
+        await(client_.checkUpdate()).value(),
+        (UpdateInfo{"1.3.0", "https://a.example/", "Sửa lỗi"}));
     const auto request = server_.requests().at(0);
     EXPECT_EQ(request.method, "GET");
     EXPECT_EQ(request.headers.at("content-type"), "application/json");
     EXPECT_EQ(request.body, "");
-    EXPECT_EQ(logged(), "");
 }
 
 TEST_F(SupportClientTest, UploadsALogInThreeMembersWhateverTheAnswerSays) {
     server_.answer(uploadPath, R"({"success":false,"message":null})");
     const std::string content = "dòng \"một\"\n\u0001 hai\xFF";
-    ASSERT_TRUE(test::await(client_.uploadLog("0123abc-05-03-2025.log", content)));
+    ASSERT_TRUE(await(client_.uploadLog("0123abc-05-03-2025.log", content)));
     const auto request = server_.requests().at(0);
     EXPECT_EQ(request.method, "POST");
     EXPECT_EQ(request.headers.at("content-type"), "application/json");
     EXPECT_EQ(
         nlohmann::json::parse(request.body), (nlohmann::json{
-                                                 {"uuid", "0123abc"},
+                                                 {"uuid", world_.device.getDeviceUUID()},
                                                  {"filename", "0123abc-05-03-2025.log"},
                                                  {"content", "dòng \"một\"\n\u0001 hai\uFFFD"}}));
-    EXPECT_EQ(logged(), "");
+    EXPECT_THAT(world_.loggedLines(), testing::Not(HasSubstr("SupportClient")));
 }
 
 TEST_F(SupportClientTest, TakesTheBaseAddressFromTheSettingsAndAddsOnlyAMissingScheme) {
-    EXPECT_EQ(*client_.serverURL, server_.origin());
-    settings_.setText(SupportClient::serverURLKey, "stored.example");
+    world_.settings.setText(SupportClient::serverURLKey, "stored.example");
     EXPECT_EQ(
-        *SupportClient(settings_, "https://a.example", device_, logger_, {}).serverURL,
+        *SupportClient(world_.settings, origin_, world_.device, world_.logger, {}).serverURL,
         "stored.example");
-
     server_.answer("/base//api/update/check", R"({"version":"1","url":"u","notes":"n"})");
-    EXPECT_TRUE(checkUpdate("HTTP" + server_.origin().substr(4) + "/base/"));
+    EXPECT_EQ(errorOfCheck("HTTP" + origin_.substr(4) + "/base/"), Error{});
     // TLS to a plain server: the scheme was added.
-    const auto withoutScheme = server_.origin().substr(7);
-    EXPECT_FALSE(checkUpdate(withoutScheme));
-    const auto line = logged();
-    EXPECT_TRUE(line.starts_with(
-        "SupportClient: Lỗi kết nối mạng khi gửi GET tới https://" + withoutScheme + checkPath +
-        ": "))
-        << line;
-}
-
-TEST_F(SupportClientTest, RefusesAnAddressThatDoesNotParse) {
-    const std::map<std::string, std::string> addresses{
-        {"", "https://"},
-        {"ht tp://a", "https://ht tp://a"},
-        {"http://", "http://"},
-        {"http:a", "http:a"},
-        {"httpx://a", "httpx://a"}};
-    for (const auto& [base, address] : addresses) {
-        const auto info = checkUpdate(base);
-        ASSERT_FALSE(info) << base;
-        EXPECT_EQ(info.error(), (Error{"SupportClient", 400, "URL không hợp lệ."}));
-        EXPECT_EQ(logged(), "SupportClient: URL không hợp lệ: " + address + checkPath + "\n");
+    errorOfCheck(origin_.substr(7));
+    EXPECT_THAT(
+        world_.loggedLines(), HasSubstr(
+                                  "SupportClient: Lỗi kết nối mạng khi gửi GET tới https" +
+                                  origin_.substr(4) + checkPath + ": "));
+    for (const auto& [base, address] : std::map<std::string, std::string>{
+             {"", "https://"}, {"ht tp://a", "https://ht tp://a"}, {"http:a", "http:a"}}) {
+        EXPECT_EQ(errorOfCheck(base), (Error{"SupportClient", 400, "URL không hợp lệ."}));
+        expectLogged("URL không hợp lệ: " + address + checkPath);
     }
 }
 
 TEST_F(SupportClientTest, PassesOnTheServersOwnWordsAboutAFailure) {
-    const struct {
-        const char* body;
-        const char* message;
-    } cases[] = {
-        {R"({"error":"E","message":"M"})", "E"},
-        {R"({"error":null,"message":"M"})", "M"},
-        {"{}", "Lỗi (404)"},
-        {"<html></html>", "Lỗi kết nối (404)."},
-        {R"({"error":1})", "Lỗi kết nối (404)."},
-        {"", "Lỗi kết nối (404)."},
-    };
-    for (const auto& [body, message] : cases) {
+    for (const auto& [body, message] : std::map<std::string, std::string>{
+             {R"({"error":"E","message":"M"})", "E"},
+             {R"({"error":null,"message":"M"})", "M"},
+             {"{}", "Lỗi (404)"},
+             {"<html></html>", "Lỗi kết nối (404)."},
+             {R"({"error":1})", "Lỗi kết nối (404)."}}) {
         server_.answer(checkPath, {404, body, {}});
-        const auto info = test::await(client_.checkUpdate());
-        ASSERT_FALSE(info) << body;
-        EXPECT_EQ(info.error(), (Error{"SupportClient", 404, message}));
-        EXPECT_EQ(
-            logged(), "SupportClient: Yêu cầu GET tới " + server_.origin() + checkPath +
-                          " thất bại: " + message + "\n");
+        EXPECT_EQ(errorOfCheck(origin_), (Error{"SupportClient", 404, message})) << body;
+        expectLogged("Yêu cầu GET tới " + origin_ + checkPath + " thất bại: " + message);
     }
 }
 
 TEST_F(SupportClientTest, FailsWithTheDecodersErrorWhenASuccessLacksAMember) {
     server_.answer(checkPath, R"({"version":"1.3.0","url":"https://a.example/"})");
-    const auto info = test::await(client_.checkUpdate());
-    ASSERT_FALSE(info);
-    EXPECT_EQ(info.error().domain, "JSON");
-    EXPECT_EQ(
-        logged(), "SupportClient: Lỗi giải mã phản hồi JSON từ " + server_.origin() + checkPath +
-                      ": " + info.error().message + "\n");
-
     server_.answer(uploadPath, R"({"message":"ok"})");
-    const auto uploaded = test::await(client_.uploadLog("a.log", "text"));
-    ASSERT_FALSE(uploaded);
-    EXPECT_EQ(uploaded.error().domain, "JSON");
+    const auto error = errorOfCheck(origin_);
+    EXPECT_EQ(error.domain, "JSON");
+    expectLogged("Lỗi giải mã phản hồi JSON từ " + origin_ + checkPath + ": " + error.message);
+    EXPECT_EQ(errorOfUpload().domain, "JSON");
 }
 
 TEST_F(SupportClientTest, TellsSilenceFromAnAnswerThatIsNotHttp) {
-    server_.handle("*", [](auto& connection, auto&) { connection.waitForClose(); });
-    const auto silence = test::await(client_.uploadLog("a.log", "text"));
-    ASSERT_FALSE(silence);
-    EXPECT_EQ(silence.error().domain, "HTTP");
+    server_.handle(uploadPath, [](auto& connection, auto&) { connection.waitForClose(); });
+    server_.handle(checkPath, [](auto& connection, auto&) { connection.write("SSH-2.0\r\n\r\n"); });
+    const auto silence = errorOfUpload();
+    EXPECT_EQ(silence.domain, "HTTP");
+    expectLogged(
+        "Lỗi kết nối mạng khi gửi POST tới " + origin_ + uploadPath + ": " + silence.message);
     EXPECT_EQ(
-        logged(), "SupportClient: Lỗi kết nối mạng khi gửi POST tới " + server_.origin() +
-                      uploadPath + ": " + silence.error().message + "\n");
-
-    LoopbackServer other;
-    other.handleConnections([](auto& connection) {
-        connection.write("SSH-2.0-Server\r\n\r\n");
-        connection.waitForClose();
-    });
-    const auto nonsense = checkUpdate(other.origin());
-    ASSERT_FALSE(nonsense);
-    EXPECT_EQ(nonsense.error(), (Error{"SupportClient", 500, "Phản hồi từ máy chủ không hợp lệ."}));
-    EXPECT_EQ(
-        logged(),
-        "SupportClient: Phản hồi từ máy chủ không hợp lệ cho " + other.origin() + checkPath + "\n");
+        errorOfCheck(origin_), (Error{"SupportClient", 500, "Phản hồi từ máy chủ không hợp lệ."}));
+    expectLogged("Phản hồi từ máy chủ không hợp lệ cho " + origin_ + checkPath);
 }
