@@ -126,6 +126,13 @@ std::vector<HostileServer> hostileServers(const std::string& body) {
     };
 }
 
+std::string HostileServer::start(LoopbackServer& server) const {
+    if (!behave)
+        return LoopbackServer().origin(); // Nobody is there any more.
+    server.handle("*", behave);
+    return server.origin();
+}
+
 std::string hostileName(const testing::TestParamInfo<HostileServer>& server) {
     return server.param.name;
 }

@@ -17,6 +17,9 @@ struct HostileServer {
     std::string name;
     LoopbackServer::Handler behave; ///< Empty for a server that refuses connections.
     bool answers = false;           ///< Whether a JSON client still gets its answer whole.
+
+    /// Makes the server behave so, and returns the origin for the client.
+    std::string start(LoopbackServer& server) const;
 };
 
 /// Every way that this project knows. Each must end within hostileOptions().

@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 
 #include <fstream>
+#include <map>
 #include <set>
 
 using namespace tessaro;
@@ -58,40 +59,41 @@ TEST(FileStore, TellsWhyAFileOrAFolderCannotBeMade) {
 }
 
 TEST(FileStore, TheNextStartNarrowsModesAndSweepsOnlyTemporaryFiles) {
-    using Paths = std::vector<std::filesystem::path>;
     test::StoreWorld world;
     const auto avatars = world.records / "avatars", config = world.folder / "config",
                elsewhere = world.folder / "elsewhere";
-    const Paths files{
-        world.records / "accounts.json",
-        world.records / "pages.json.unreadable-2025",
-        world.records / "accounts.json.backup",
-        world.records / ".tessaro-notes",
-        avatars / "1.jpg",
-        config / "settings.ini"};
-    const Paths stale{
-        world.records / ".tessaro-a1B2c3", avatars / ".tessaro-ZZZZZZ", config / ".tessaro-000000"};
-    const Paths folders{world.records, avatars, config};
-    for (const auto& folder : folders)
+    const std::map<std::filesystem::path, bool> staying{
+        {world.records / "accounts.json", true},
+        {world.records / "pages.json.unreadable-2025", true},
+        {world.records / ".tessaro-notes", true},
+        {world.records / ".tessaro-a1B2c3", false},
+        {avatars / "1.jpg", true},
+        {avatars / ".tessaro-ZZZZZZ", false},
+        {config / "settings.ini", true},
+        {config / ".tessaro-000000", false}};
+    for (const auto& folder : {world.records, avatars, config}) {
         std::filesystem::create_directories(folder);
-    for (const auto& list : {files, stale, Paths{elsewhere}})
-        for (const auto& file : list) {
-            std::ofstream(file) << "x";
-            std::filesystem::permissions(file, ownerFile | perms::group_all | perms::others_all);
-        }
-    for (const auto& folder : folders)
         std::filesystem::permissions(folder, perms::all);
+    }
+    const auto everyones = ownerFile | perms::group_all | perms::others_all;
+    const auto make = [&](const std::filesystem::path& file) {
+        std::ofstream(file) << "x";
+        std::filesystem::permissions(file, everyones);
+    };
+    for (const auto& [file, stays] : staying)
+        make(file);
+    make(elsewhere);
     std::filesystem::create_symlink(elsewhere, world.records / "link");
 
     const auto store = world.newStore();
     const SettingsStore settings(config / "settings.ini");
-    for (const auto& file : files)
-        EXPECT_EQ(modeOf(file), ownerFile) << file;
-    for (const auto& folder : folders)
+    for (const auto& [file, stays] : staying) {
+        EXPECT_EQ(std::filesystem::exists(file), stays) << file;
+        EXPECT_TRUE(!stays || modeOf(file) == ownerFile) << file;
+    }
+    for (const auto& folder : {world.records, avatars, config})
         EXPECT_EQ(modeOf(folder), ownerFolder) << folder;
-    for (const auto& file : stale)
-        EXPECT_FALSE(std::filesystem::exists(file)) << file;
-    EXPECT_NE(modeOf(elsewhere), ownerFile);
+    EXPECT_EQ(modeOf(elsewhere), everyones);
 }
 
 TEST(FileName, StaysInItsFolderAndTellsEveryTextApart) {

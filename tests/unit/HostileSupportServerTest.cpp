@@ -25,14 +25,9 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_P(HostileSupportServer, IsEndedInBoundedTimeAndMemoryWithALineInTheLog) {
     StoreWorld world;
-    std::optional<LoopbackServer> server(std::in_place);
+    LoopbackServer server;
     SupportClient client(
-        world.settings, server->origin(), world.device, world.logger, hostileOptions());
-    if (GetParam().behave)
-        server->handle("*", GetParam().behave);
-    else
-        server.reset();
-
+        world.settings, GetParam().start(server), world.device, world.logger, hostileOptions());
     const HostileBounds bounds;
     const auto check = [&](const std::string& path, const auto& answer) {
         EXPECT_EQ(answer.has_value(), GetParam().answers) << path;
