@@ -4,15 +4,8 @@ namespace tessaro::demo {
 
 namespace {
 
-void openEditor(Walk& walk, const std::string& name) {
-    walk.press(button("Thêm tài khoản"));
-    walk.see(dialog("Thêm tài khoản mới"));
-    walk.type(field("TÊN TÀI KHOẢN"), name);
-}
-
 void save(Walk& walk, std::size_t accountsAfterwards) {
-    walk.press(button("Thêm tài khoản"));
-    walk.seeGone(dialog("Thêm tài khoản mới"));
+    finishAccount(walk);
     walk.expect("the account in accounts.json", [&] {
         return readRecords(walk, "accounts.json").size() == accountsAfterwards;
     });
@@ -38,13 +31,13 @@ void walkAccounts(Walk& walk) {
     walk.picture("account-sheet-empty");
     walk.press(button("Hủy"));
     walk.seeGone(dialog("Thêm tài khoản mới"));
-    openEditor(walk, firstAccount);
+    beginAccount(walk, firstAccount);
     walk.picture("account-sheet-filled");
     save(walk, 1);
     walk.see(button(firstAccount));
 
     walk.step("Add an account with a proxy");
-    openEditor(walk, proxyAccount);
+    beginAccount(walk, proxyAccount);
     walk.press(button("CẤU HÌNH PROXY"));
     walk.type(field("Host (IP hoặc domain)"), "proxy.example");
     walk.type(field("Port"), "8080");
@@ -57,7 +50,7 @@ void walkAccounts(Walk& walk) {
         throw WalkFailure("the proxy was not stored");
 
     walk.step("Add a third account");
-    openEditor(walk, secondAccount);
+    beginAccount(walk, secondAccount);
     save(walk, 3);
     walk.picture("several-accounts");
 }

@@ -2,12 +2,16 @@
 
 namespace tessaro::demo {
 
-Program::Program(const std::filesystem::path& binary, const std::filesystem::path& output) {
+Program::Program(
+    const std::filesystem::path& binary, const std::filesystem::path& output,
+    std::vector<const char*> arguments) {
     const auto launcher = GObjectPtr<GSubprocessLauncher>::adopt(
         g_subprocess_launcher_new(G_SUBPROCESS_FLAGS_STDERR_MERGE));
     g_subprocess_launcher_set_stdout_file_path(launcher.get(), output.c_str());
+    arguments.insert(arguments.begin(), binary.c_str());
+    arguments.push_back(nullptr);
     process_ = GObjectPtr<GSubprocess>::adopt(
-        g_subprocess_launcher_spawn(launcher.get(), GErrorSlot().out(), binary.c_str(), nullptr));
+        g_subprocess_launcher_spawnv(launcher.get(), arguments.data(), GErrorSlot().out()));
 }
 
 Program::~Program() {

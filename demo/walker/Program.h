@@ -4,16 +4,18 @@
 
 #include <chrono>
 #include <filesystem>
-#include <string>
+#include <vector>
 
 namespace tessaro::demo {
 
-/// The program under the walker's eyes, as a process of its own. Ended with this object.
+/// A program under the walker's eyes, as a process of its own. Ended with this object.
 class Program {
 public:
     /// Starts it with the walker's environment; check isRunning().
     /// @param output  takes what it prints
-    Program(const std::filesystem::path& binary, const std::filesystem::path& output);
+    Program(
+        const std::filesystem::path& binary, const std::filesystem::path& output,
+        std::vector<const char*> arguments = {});
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;

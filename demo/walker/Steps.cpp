@@ -15,6 +15,17 @@ nlohmann::json readRecords(const Walk& walk, const char* file) {
     return records.is_array() ? records : nlohmann::json::array();
 }
 
+void beginAccount(Walk& walk, const std::string& name) {
+    walk.press(button("Thêm tài khoản"));
+    walk.see(dialog("Thêm tài khoản mới"));
+    walk.type(field("TÊN TÀI KHOẢN"), name);
+}
+
+void finishAccount(Walk& walk) {
+    walk.press(button("Thêm tài khoản"));
+    walk.seeGone(dialog("Thêm tài khoản mới"));
+}
+
 void verifyToken(Walk& walk, const std::string& token, const std::string& expectedLabel) {
     walk.press(button("Thêm Page"));
     walk.see(dialog("Thêm Facebook Page"));

@@ -35,6 +35,10 @@ inline constexpr const char* secondAccount = "Quán cà phê";
 std::string readFile(const std::filesystem::path& file);
 /// The records of "accounts.json" or "pages.json"; an empty array when there are none.
 nlohmann::json readRecords(const Walk& walk, const char* file);
+/// Opens the sheet for a new account and gives it the name.
+void beginAccount(Walk& walk, const std::string& name);
+/// Adds the account of the sheet, which is gone after it.
+void finishAccount(Walk& walk);
 /// Opens the add-Page sheet, verifies the token there and waits for the label.
 void verifyToken(Walk& walk, const std::string& token, const std::string& expectedLabel);
 /// Presses "Thêm Page" and waits until the sheet is gone and that many Pages are stored.

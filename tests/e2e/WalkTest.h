@@ -5,12 +5,12 @@
 #include <gtest/gtest.h>
 // clang-format on
 
-#include "DemoServerProcess.h"
-#include "Walk.h"
+#include "Steps.h"
 
 #include "support/ScopedEnvironment.h"
 #include "support/TempFolder.h"
 
+#include <map>
 #include <string>
 
 namespace tessaro::test {
@@ -22,17 +22,20 @@ protected:
     WalkTest();
     ~WalkTest() override;
 
+    /// Where the demo server says that it listens.
+    std::string readOrigin() const;
+    /// Lets the program start with these settings besides the addresses of the demo server.
+    void writeSettings(std::map<std::string, std::string> settings = {}) const;
     /// Starts the program and puts off the update that it is offered.
     void startProgram();
-    /// Opens the sheet for a new account and gives it the name.
-    void beginAccount(const std::string& name);
-    /// Adds the account of the sheet, which is gone after it.
-    void finishAccount();
+    /// Everything that the program has logged so far.
+    std::string logs() const;
 
     TempFolder home_;
     std::filesystem::path data_ = home_ / "data" / "Tessaro";
     std::filesystem::path settings_ = home_ / "config" / "Tessaro" / "settings.ini";
-    DemoServerProcess server_{TESSARO_DEMO_SERVER};
+    demo::Program server_{TESSARO_DEMO_SERVER, home_ / "server.txt", {"--port", "0"}};
+    const std::string origin_ = readOrigin();
     ScopedEnvironment environment_;
     demo::Walk walk_{
         {.program = TESSARO_PROGRAM,
@@ -40,7 +43,7 @@ protected:
          .settings = settings_,
          .pictures = home_.path(),
          .opened = home_ / "opened.txt",
-         .origin = server_.origin()}};
+         .origin = origin_}};
 };
 
 } // namespace tessaro::test

@@ -1,9 +1,5 @@
 #include "WalkTest.h"
 
-#include "Models/Account.h"
-#include "Models/RecordList.h"
-#include "Platform/FileStore.h"
-
 #include <sys/resource.h>
 
 #include <csignal>
@@ -27,16 +23,14 @@ protected:
     /// The names in the file of accounts.
     std::vector<std::string> saved() {
         std::vector<std::string> names;
-        const auto bytes = readFile(data_ / "accounts.json");
-        const auto accounts = decodeList(bytes.value_or("[]"), decodeAccount);
-        for (const auto& account : accounts.value())
-            names.push_back(account.name);
+        for (const auto& account : readRecords(walk_, "accounts.json"))
+            names.push_back(account["name"]);
         return names;
     }
 
     void addAccount(const std::string& name) {
-        beginAccount(name);
-        finishAccount();
+        beginAccount(walk_, name);
+        finishAccount(walk_);
         walk_.see(button(name));
     }
 
