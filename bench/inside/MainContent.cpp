@@ -7,7 +7,7 @@
 #include "inside/MainLoopTime.h"
 
 #include "Views/AccountButton.h"
-#include "support/Gtk/WidgetTree.h"
+#include "support/Gtk/Widgets.h"
 #include "support/MainLoop.h"
 
 #include <gdkmm/frameclock.h>

@@ -5,8 +5,6 @@
 #include "Views/Resources.h"
 #include "Views/SheetPresenter.h"
 #include "support/Gtk/TestScreen.h"
-#include "support/Gtk/Widgets.h"
-#include "support/MainLoop.h"
 
 #include <adwaita.h>
 #include <gtkmm/init.h>

@@ -1,16 +1,15 @@
 #include "Views/GtkModals.h"
 
 #include "support/Gtk/TestScreen.h"
-#include "support/Gtk/Widgets.h"
-#include "support/MainLoop.h"
 
 #include <adwaita.h>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <optional>
 
 using namespace tessaro;
 using namespace tessaro::test;
+using testing::ElementsAre;
 
 namespace {
 
@@ -21,12 +20,11 @@ protected:
         TestScreen::settle(window_);
     }
 
-    void show(const std::string& title, std::vector<ModalAlert::Button> buttons = {{"OK"}}) {
-        modals_.show({title, "<b>" + title + "</b>", std::move(buttons)}, [this](auto button) {
-            answers_.push_back(button);
-        });
+    void show(const std::string& title) {
+        modals_->show(
+            {title, "<b>" + title + "</b>", {{"Xóa"}, {"Hủy", true}}},
+            [this](auto button) { answers_.push_back(button); });
     }
-
     /// The one alert on screen; a failure when there are several.
     static Gtk::Window* alert() {
         Gtk::Window* found = nullptr;
@@ -37,65 +35,44 @@ protected:
             }
         return found;
     }
-    static std::string titleOf(Gtk::Window* dialog) {
-        return dialog ? adw_message_dialog_get_heading(ADW_MESSAGE_DIALOG(dialog->gobj())) : "";
+    bool isInFront(const std::string& title, const Gtk::Window& over) {
+        return alert() && alert()->get_transient_for() == &over && alert()->get_modal() &&
+               adw_message_dialog_get_heading(ADW_MESSAGE_DIALOG(alert()->gobj())) == title;
     }
 
     Gtk::Window window_;
     std::vector<std::size_t> answers_;
-    std::optional<GtkModals> owned_{std::in_place, window_};
-    GtkModals& modals_ = *owned_;
+    std::optional<GtkModals> modals_{std::in_place, window_};
 };
 
-TEST_F(AlertsInFrontOfTheWindow, FollowOneAnotherAndAreAnsweredOnceEach) {
-    show("một", {{"Để sau", true}, {"Cập nhật ngay"}});
+TEST_F(AlertsInFrontOfTheWindow, FollowOneAnotherAndAreAnsweredOnceEachByPressOrByClosing) {
+    show("một");
     show("hai");
-    ASSERT_EQ(titleOf(alert()), "một");
+    ASSERT_TRUE(isInFront("một", window_));
     TestScreen::settle(*alert());
-    EXPECT_EQ(alert()->get_transient_for(), &window_);
-    EXPECT_TRUE(alert()->get_modal());
-    const auto texts = textsOnScreen(*alert());
-    EXPECT_TRUE(std::ranges::count(texts, "<b>một</b>")) << "markup in a message is text";
-    EXPECT_TRUE(answers_.empty());
-
-    press(*alert(), "Cập nhật ngay");
+    EXPECT_TRUE(showsText(*alert(), "<b>một</b>")) << "markup in a message is text";
+    press(*alert(), "Xóa");
     ASSERT_TRUE(runUntil([&] { return answers_.size() == 1; }));
-    EXPECT_EQ(answers_[0], 1);
-    ASSERT_EQ(titleOf(alert()), "hai");
-    TestScreen::settle(*alert());
-    press(*alert(), "OK");
+    ASSERT_TRUE(isInFront("hai", window_));
+    alert()->close();
     ASSERT_TRUE(runUntil([&] { return answers_.size() == 2; }));
-    EXPECT_EQ(answers_[1], 0);
+    EXPECT_THAT(answers_, ElementsAre(0, 1));
     EXPECT_FALSE(alert());
 }
 
-TEST_F(AlertsInFrontOfTheWindow, ChooseTheCancelButtonWhenClosed) {
-    show("một", {{"Xóa"}, {"Hủy", true}});
-    alert()->close();
-    ASSERT_TRUE(runUntil([&] { return !answers_.empty(); }));
-    EXPECT_EQ(answers_, (std::vector<std::size_t>{1}));
-}
-
-TEST_F(AlertsInFrontOfTheWindow, StandInFrontOfASheetAndAreCancelledWithIt) {
+TEST_F(AlertsInFrontOfTheWindow, StandInFrontOfASheetAreCancelledWithItAndLeaveWithTheirOwner) {
     Gtk::Window sheet;
     sheet.set_transient_for(window_);
     sheet.set_modal(true);
     sheet.present();
-    show("một", {{"Xóa"}, {"Hủy", true}});
-    show("hai");
-    EXPECT_EQ(alert()->get_transient_for(), &sheet);
-
-    gtk_window_destroy(alert()->gobj());
-    EXPECT_EQ(answers_, (std::vector<std::size_t>{1}));
-    EXPECT_EQ(titleOf(alert()), "hai");
-}
-
-TEST_F(AlertsInFrontOfTheWindow, LeaveWithTheirOwner) {
     show("một");
     show("hai");
-    owned_.reset();
+    EXPECT_TRUE(isInFront("một", sheet));
+    gtk_window_destroy(alert()->gobj());
+    EXPECT_TRUE(isInFront("hai", sheet));
+    modals_.reset();
     EXPECT_FALSE(alert());
-    EXPECT_TRUE(answers_.empty());
+    EXPECT_THAT(answers_, ElementsAre(1));
 }
 
 } // namespace

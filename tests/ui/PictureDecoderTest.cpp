@@ -4,49 +4,43 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 using namespace tessaro;
 
 namespace {
 
-constexpr std::uint32_t red = 0xFF0000FF;
-
-std::pair<int, int> decodedSize(const std::string& bytes, int pixels) {
-    const auto texture = decodePicture(bytes, pixels, Cancellation());
-    if (!texture)
-        return {0, 0};
-    return {gdk_texture_get_width(texture.get()), gdk_texture_get_height(texture.get())};
+std::string picture(int width, int height) {
+    return test::pngPicture(width, height, 0xFF0000FF);
 }
 
 } // namespace
 
-TEST(PictureDecoder, KeepsNoMorePixelsThanAreDrawn) {
-    EXPECT_EQ(decodedSize(test::pngPicture(400, 200, red), 40), std::pair(80, 40));
-    EXPECT_EQ(decodedSize(test::pngPicture(20, 30, red), 40), std::pair(20, 30)) << "as it is";
-}
-
-TEST(PictureDecoder, RefusesWhatClaimsMoreThan4096PixelsBeforeDecodingIt) {
-    EXPECT_NE(decodedSize(test::pngPicture(4096, 2, red), 2), std::pair(0, 0));
-    EXPECT_EQ(decodedSize(test::pngPicture(4097, 2, red), 2), std::pair(0, 0));
-    EXPECT_EQ(decodedSize(test::pngPicture(2, 4097, red), 2), std::pair(0, 0));
-
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(decodedSize(test::pngHeader(30'000, 30'000), 40), std::pair(0, 0));
-    EXPECT_EQ(
-        decodedSize("<svg xmlns='http://www.w3.org/2000/svg' width='30000' height='30000'/>", 40),
-        std::pair(0, 0));
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
-}
-
-TEST(PictureDecoder, RefusesWhatIsNoPicture) {
-    EXPECT_EQ(decodedSize("", 40), std::pair(0, 0));
-    EXPECT_EQ(decodedSize(test::pngPicture(100, 100, red).substr(0, 20), 40), std::pair(0, 0));
-    EXPECT_EQ(decodedSize("<html>Not found</html>", 40), std::pair(0, 0));
+TEST(PictureDecoder, KeepsNoMorePixelsThanAreDrawnAndRefusesWhatClaimsMoreThan4096) {
+    using Size = std::pair<int, int>;
+    const Size none{0, 0};
+    const std::string svg = "<svg xmlns='http://www.w3.org/2000/svg' width='9999' height='9'/>";
+    const std::pair<std::string, Size> pictures[] = {
+        {picture(400, 200), {80, 40}},
+        {picture(20, 30), {20, 30}},
+        {picture(4096, 40), {4096, 40}},
+        {picture(4097, 40), none},
+        {picture(40, 4097), none},
+        {svg, none},
+        {picture(100, 100).substr(0, 20), none},
+        {"<html>Not found</html>", none},
+        {"", none},
+    };
+    for (const auto& [bytes, size] : pictures) {
+        const auto texture = decodePicture(bytes, 40, Cancellation());
+        EXPECT_EQ(
+            texture
+                ? Size(gdk_texture_get_width(texture.get()), gdk_texture_get_height(texture.get()))
+                : none,
+            size);
+    }
 }
 
 TEST(PictureDecoder, StopsWhenItIsCancelled) {
     const Cancellation cancellation;
     cancellation.cancel();
-    EXPECT_FALSE(decodePicture(test::pngPicture(100, 100, red), 40, cancellation));
+    EXPECT_FALSE(decodePicture(picture(100, 100), 40, cancellation));
 }

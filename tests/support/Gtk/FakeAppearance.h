@@ -4,6 +4,7 @@
 
 #include <sigc++/signal.h>
 
+#include <optional>
 #include <utility>
 
 namespace tessaro::test {
@@ -13,11 +14,10 @@ class FakeAppearance final : public Appearance {
 public:
     bool ready = true;
     bool desktopIsDark = false;
-    int windowCount = 0;
+    std::vector<Window> windows;
 
-    int applications = 0; ///< How often a scheme was set for the application.
-    ColorScheme applicationScheme = ColorScheme::system;
-    std::vector<ColorScheme> windowSchemes; ///< In the order in which they were set.
+    std::optional<ColorScheme> applicationScheme; ///< Nothing before one was set.
+    std::vector<ColorScheme> windowSchemes;       ///< In the order in which they were set.
 
     void becomeReady() {
         ready = true;
@@ -31,17 +31,12 @@ public:
 
     bool isReady() const override { return ready; }
     void whenReady(std::function<void()> action) override { waiting_.push_back(std::move(action)); }
-    void setApplicationScheme(ColorScheme scheme) override {
-        ++applications;
-        applicationScheme = scheme;
-    }
+    void setApplicationScheme(ColorScheme scheme) override { applicationScheme = scheme; }
     void setWindowScheme(Window, ColorScheme scheme) override { windowSchemes.push_back(scheme); }
-    std::vector<Window> openWindows() const override {
-        return std::vector<Window>(static_cast<std::size_t>(windowCount), nullptr);
-    }
+    std::vector<Window> openWindows() const override { return windows; }
     bool isEffectivelyDark() const override {
-        return applicationScheme == ColorScheme::system ? desktopIsDark
-                                                        : applicationScheme == ColorScheme::dark;
+        const bool isForced = applicationScheme && applicationScheme != ColorScheme::system;
+        return isForced ? applicationScheme == ColorScheme::dark : desktopIsDark;
     }
     ScopedConnection observeEffective(std::function<void()> observer) override {
         return ScopedConnection(changed_.connect(std::move(observer)));

@@ -53,8 +53,13 @@ struct ScreenWorld : StoreWorld {
     RecordingDesktop desktop;
     ImageLoader images;
     Endpoints endpoints = Endpoints::fromSettings(settings);
-    ScreenContext context{theme, notifications, settings, clock,     desktop, modals,
-                          store, device,        images,   endpoints, {}};
+    ScreenContext context = contextOn(clock);
+
+    /// The same with another clock.
+    ScreenContext contextOn(Clock& itsClock) {
+        return {theme, notifications, settings, itsClock,  desktop, modals,
+                store, device,        images,   endpoints, {}};
+    }
 };
 
 } // namespace tessaro::test

@@ -3,8 +3,8 @@
 #include "Views/ThemeStyle.h"
 #include "support/FakeGraph.h"
 #include "support/Gtk/ScreenWorld.h"
-
-#include <gtkmm/window.h>
+#include "support/Gtk/Widgets.h"
+#include "support/MainLoop.h"
 
 namespace tessaro::test {
 

@@ -44,10 +44,6 @@ Rgba WidgetPicture::at(double x, double y) const {
     return {component(16), component(8), component(0), alpha};
 }
 
-void WidgetPicture::save(const std::string& pngFile) const {
-    surface_->write_to_png(pngFile);
-}
-
 bool nearlyEqual(const Rgba& one, const Rgba& other) {
     const auto near = [](double a, double b) { return std::abs(a - b) <= 2.5 / 255; };
     return near(one.alpha, other.alpha) && near(one.red * one.alpha, other.red * other.alpha) &&

@@ -5,8 +5,6 @@
 #include <cairomm/surface.h>
 #include <gtkmm/widget.h>
 
-#include <string>
-
 namespace tessaro::test {
 
 /// What a widget in a shown window drew last.
@@ -16,7 +14,6 @@ public:
 
     /// The pixel at that point of the widget; transparent outside of it.
     Rgba at(double x, double y) const;
-    void save(const std::string& pngFile) const;
 
 private:
     Cairo::RefPtr<Cairo::ImageSurface> surface_;

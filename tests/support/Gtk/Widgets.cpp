@@ -4,7 +4,7 @@
 
 #include <gtkmm/label.h>
 
-#include <stdexcept>
+#include <algorithm>
 
 namespace tessaro::test {
 
@@ -27,17 +27,16 @@ void click(Gtk::Button& button) {
 }
 
 void press(Gtk::Widget& root, const std::string& name) {
-    auto* button = find<Gtk::Button>(root, name);
-    if (!button || !button->is_sensitive())
-        throw std::out_of_range("No button to press: " + name);
-    click(*button);
+    auto& button = the<Gtk::Button>(root, name);
+    if (!button.is_sensitive())
+        throw std::out_of_range("cannot be pressed: " + name);
+    click(button);
 }
 
-std::vector<std::string> textsOnScreen(Gtk::Widget& root) {
-    std::vector<std::string> texts;
-    for (Gtk::Label* label : widgetsOf<Gtk::Label>(root))
-        texts.push_back(label->get_text().raw());
-    return texts;
+bool showsText(Gtk::Widget& root, const std::string& text) {
+    return std::ranges::any_of(widgetsOf<Gtk::Label>(root), [&](const Gtk::Label* label) {
+        return label->get_text().raw().find(text) != std::string::npos;
+    });
 }
 
 } // namespace tessaro::test

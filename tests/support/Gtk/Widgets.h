@@ -1,25 +1,38 @@
 #pragma once
 
-#include "support/Gtk/WidgetTree.h"
-
 #include <gtkmm/button.h>
+#include <gtkmm/window.h>
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 /// Finds the widgets of a screen as a person does: by what they are called.
 namespace tessaro::test {
 
-/// Whether assistive technology calls the widget by that name, its tooltip or its text.
-bool isCalled(Gtk::Widget& widget, const std::string& name);
+/// Every widget of that type below `root`, in the order of the tree.
+template <typename Class>
+std::vector<Class*> descendants(Gtk::Widget& root) {
+    std::vector<Class*> found;
+    for (auto* child = root.get_first_child(); child; child = child->get_next_sibling()) {
+        if (auto* match = dynamic_cast<Class*>(child))
+            found.push_back(match);
+        const auto below = descendants<Class>(*child);
+        found.insert(found.end(), below.begin(), below.end());
+    }
+    return found;
+}
 
-/// The widgets of that class on screen.
+/// Those that are on screen.
 template <typename Class>
 std::vector<Class*> widgetsOf(Gtk::Widget& root) {
     auto found = descendants<Class>(root);
     std::erase_if(found, [](Class* widget) { return !widget->get_mapped(); });
     return found;
 }
+
+/// Whether assistive technology calls the widget by that name, its tooltip or its text.
+bool isCalled(Gtk::Widget& widget, const std::string& name);
 
 /// The first widget of that class and name on screen; null when there is none.
 template <typename Class = Gtk::Widget>
@@ -30,11 +43,28 @@ Class* find(Gtk::Widget& root, const std::string& name) {
     return nullptr;
 }
 
+/// The same, where there must be one.
+template <typename Class>
+Class& the(Gtk::Widget& root, const std::string& name) {
+    if (auto* widget = find<Class>(root, name))
+        return *widget;
+    throw std::out_of_range("not on screen: " + name);
+}
+
+/// The visible window of that class; null when there is none.
+template <typename Class>
+Class* shownWindow() {
+    for (Gtk::Window* window : Gtk::Window::list_toplevels())
+        if (auto* found = dynamic_cast<Class*>(window); found && found->get_visible())
+            return found;
+    return nullptr;
+}
+
 void click(Gtk::Button& button);
 /// Clicks the button of that name; throws when there is none that can be pressed.
 void press(Gtk::Widget& root, const std::string& name);
 
-/// The text of every label on screen below `root`.
-std::vector<std::string> textsOnScreen(Gtk::Widget& root);
+/// Whether a label on screen holds that text.
+bool showsText(Gtk::Widget& root, const std::string& text);
 
 } // namespace tessaro::test

@@ -2,23 +2,33 @@
 
 #include "Services/SupportClient.h"
 #include "Views/FindBar.h"
+#include "Views/InfoWindow.h"
 #include "Views/MainSplitView.h"
 #include "Views/MainWindow.h"
 #include "support/FakeGraph.h"
 #include "support/Gtk/Keyboard.h"
-#include "support/Gtk/TestApplication.h"
 #include "support/Gtk/TestScreen.h"
-#include "support/Gtk/Widgets.h"
 
 #include <gtest/gtest.h>
 
 namespace tessaro::test {
 namespace {
 
+/// One for all tests: it stays on the bus until the process ends.
+const Glib::RefPtr<Gtk::Application>& application() {
+    static const auto registered = [] {
+        auto result = Gtk::Application::create(
+            "com.vandel.Tessaro.Test", Gio::Application::Flags::NON_UNIQUE);
+        result->register_application();
+        return result;
+    }();
+    return registered;
+}
+
 /// The main window with three Pages, the first of which shows its inbox and has the keyboard.
 class InboxKeys : public testing::Test {
 protected:
-    InboxKeys() {
+    void SetUp() override {
         world.browserContext.makeGraphClient = graph.factory();
         world.store.saveAccounts({account});
         world.store.savePages(
@@ -26,18 +36,14 @@ protected:
              makePage(account, DemoWorld::books)});
         content.emplace(world.browserContext, world.logger, support);
         window.set_child(*content);
-        window.set_default_size(1000, 700);
         window.present();
         content->accountsVM().selectAccount(account);
         content->pagesVM().selectPage(content->pagesVM().pages->front());
-    }
-    ~InboxKeys() override { window.unset_child(); }
-
-    void SetUp() override {
         ASSERT_TRUE(runUntil([&] { return window.is_active(); }));
         ASSERT_TRUE(waitForInbox(DemoWorld::flowers));
         webView().widget().grab_focus();
     }
+    ~InboxKeys() override { window.unset_child(); }
 
     template <typename Class>
     Class& only() {
@@ -45,24 +51,13 @@ protected:
     }
     WebView& webView() { return *only<ClippedWebViewContainer>().webView(); }
     FindBar& bar() { return only<FindBar>(); }
-    Gtk::SearchEntry& entry() { return only<Gtk::SearchEntry>(); }
-    std::string askPage(const std::string& expression) { return ask(webView(), expression); }
-    bool waitUntil(const std::string& expression) {
-        return runUntil([&] { return askPage(expression) == "true"; });
-    }
+    bool waitUntil(const std::string& expression) { return test::waitUntil(webView(), expression); }
     bool waitForInbox(const std::string& pageId) {
         return waitUntil(
                    "!!document.querySelector('.conversations button') && "
                    "location.search === '?asset_id=" +
                    pageId + "'") &&
                runUntil([&] { return !find(*content, "Đang tải hộp thư..."); });
-    }
-    /// Whether the place that was found last is in an element of that class.
-    bool waitForPlaceIn(const std::string& name) {
-        return waitUntil("getSelection().anchorNode?.parentNode.className === '" + name + "'");
-    }
-    bool waitForText(const std::string& text) {
-        return runUntil([&] { return find<Gtk::Label>(bar(), text) != nullptr; });
     }
     static void type(const std::string& letters) {
         for (const char letter : letters)
@@ -79,37 +74,35 @@ protected:
 };
 
 TEST_F(InboxKeys, FindInThePage) {
-    const int pageHeight = webView().widget().get_height();
+    const auto waitForText = [this](const std::string& text) {
+        return runUntil([&] { return showsText(bar(), text); });
+    };
     Keyboard::press(GDK_KEY_f, GDK_KEY_Control_L);
     ASSERT_TRUE(runUntil([&] { return bar().get_mapped(); }));
     type("thu"); // As a person writes it in a hurry.
     EXPECT_TRUE(waitForText("4 kết quả"));
-    EXPECT_TRUE(waitForPlaceIn("name"));
-    TestScreen::settle(window);
-    EXPECT_EQ(
-        webView().widget().get_height() + bar().get_allocated_height(),
-        pageHeight); // Nothing is covered.
-
-    Keyboard::press(GDK_KEY_Return);
-    EXPECT_TRUE(waitForPlaceIn("last"));
-    press(bar(), "Kết quả trước");
-    EXPECT_TRUE(waitForPlaceIn("name"));
-    Keyboard::press(GDK_KEY_Return, GDK_KEY_Shift_L);
-    EXPECT_TRUE(waitForPlaceIn("customer"));
-    press(bar(), "Kết quả tiếp theo");
-    EXPECT_TRUE(waitForPlaceIn("name"));
-    EXPECT_TRUE(waitForText("4 kết quả"));
+    // Each leads to a place in an element of that class.
+    const std::pair<std::function<void()>, const char*> steps[] = {
+        {[] {}, "name"},
+        {[] { Keyboard::press(GDK_KEY_Return); }, "last"},
+        {[this] { press(bar(), "Kết quả trước"); }, "name"},
+        {[] { Keyboard::press(GDK_KEY_Return, GDK_KEY_Shift_L); }, "customer"},
+        {[this] { press(bar(), "Kết quả tiếp theo"); }, "name"},
+    };
+    for (const auto& [step, place] : steps) {
+        step();
+        EXPECT_TRUE(waitUntil(
+            std::string("getSelection().anchorNode?.parentNode.className === '") + place + "'"));
+    }
     type("x");
     EXPECT_TRUE(waitForText("Không tìm thấy"));
-
     Keyboard::press(GDK_KEY_Escape);
     EXPECT_FALSE(bar().get_visible());
     EXPECT_TRUE(pageHasKeyboard());
+
     Keyboard::press(GDK_KEY_f, GDK_KEY_Control_L);
-    EXPECT_TRUE(waitForText("Không tìm thấy"));
     type("kraft"); // In place of the former text.
     EXPECT_TRUE(waitForText("1 kết quả"));
-
     Keyboard::press(GDK_KEY_2, GDK_KEY_Control_L); // Goes with its page.
     EXPECT_TRUE(waitForInbox(DemoWorld::coffee));
     EXPECT_FALSE(bar().get_visible());
@@ -117,15 +110,13 @@ TEST_F(InboxKeys, FindInThePage) {
 }
 
 TEST_F(InboxKeys, ZoomThePageAndGoBackToItsNaturalSize) {
-    const std::string width = askPage("innerWidth");
-    Keyboard::press(GDK_KEY_equal, GDK_KEY_Control_L);
-    EXPECT_TRUE(waitUntil("innerWidth < " + width));
-    Keyboard::press(GDK_KEY_0, GDK_KEY_Control_L);
-    EXPECT_TRUE(waitUntil("innerWidth === " + width));
-    Keyboard::press(GDK_KEY_minus, GDK_KEY_Control_L);
-    EXPECT_TRUE(waitUntil("innerWidth > " + width));
-    Keyboard::press(GDK_KEY_0, GDK_KEY_Control_L);
-    EXPECT_TRUE(waitUntil("innerWidth === " + width));
+    const std::string width = ask(webView(), "innerWidth");
+    for (const auto& [key, relation] :
+         {std::pair(GDK_KEY_equal, "<"), std::pair(GDK_KEY_0, "==="), std::pair(GDK_KEY_minus, ">"),
+          std::pair(GDK_KEY_0, "===")}) {
+        Keyboard::press(key, GDK_KEY_Control_L);
+        EXPECT_TRUE(waitUntil("innerWidth " + (relation + width)));
+    }
 }
 
 TEST_F(InboxKeys, ChooseAPageByItsPlaceInTheList) {
@@ -156,16 +147,37 @@ TEST_F(InboxKeys, LoadThePageAgainGoHomeAndGoToTheSitesSearch) {
     Keyboard::press(GDK_KEY_k, GDK_KEY_Control_L);
     EXPECT_TRUE(waitUntil("document.activeElement.className === 'search'"));
 
-    webView().evaluateScript("location.href = '/latest/inbox/help'");
-    ASSERT_TRUE(waitUntil("document.title.startsWith('Trợ giúp')"));
-    for (const auto& [key, modifier] :
-         {std::pair(GDK_KEY_F5, 0), std::pair(GDK_KEY_r, GDK_KEY_Control_L)}) {
-        askPage("window.isOld = true");
-        Keyboard::press(key, modifier);
-        EXPECT_TRUE(waitUntil("document.title.startsWith('Trợ giúp') && !window.isOld"));
+    const std::string isHelp = "document.title.startsWith('Trợ giúp')";
+    const std::function<void()> waysHome[] = {
+        [] { Keyboard::press(GDK_KEY_Home, GDK_KEY_Alt_L); },
+        [this] { press(*content, "Quay về Hộp thư"); }};
+    for (const auto& goHome : waysHome) {
+        webView().evaluateScript("location.href = '/latest/inbox/help'");
+        ASSERT_TRUE(waitUntil(isHelp));
+        for (const auto& [key, modifier] :
+             {std::pair(GDK_KEY_F5, 0), std::pair(GDK_KEY_r, GDK_KEY_Control_L)}) {
+            ask(webView(), "window.isOld = true");
+            Keyboard::press(key, modifier);
+            EXPECT_TRUE(waitUntil(isHelp + " && !window.isOld"));
+        }
+        goHome();
+        EXPECT_TRUE(waitForInbox(DemoWorld::flowers));
     }
-    Keyboard::press(GDK_KEY_Home, GDK_KEY_Alt_L);
-    EXPECT_TRUE(waitForInbox(DemoWorld::flowers));
+}
+
+TEST_F(InboxKeys, AreListedByAWindowAndAnotherTellsAboutTheProgram) {
+    for (const auto& [action, text] :
+         {std::pair("win.shortcuts", "Tìm kiếm cuộc trò chuyện"),
+          std::pair("win.about", "Phiên bản 1.2.0")}) {
+        window.activate_action(action);
+        auto* const shown = shownWindow<InfoWindow>();
+        ASSERT_TRUE(shown) << action;
+        TestScreen::settle(*shown);
+        EXPECT_TRUE(showsText(*shown, text));
+        ASSERT_TRUE(runUntil([&] { return shown->is_active(); }));
+        Keyboard::press(GDK_KEY_Escape);
+        EXPECT_TRUE(runUntil([] { return !shownWindow<InfoWindow>(); }));
+    }
 }
 
 } // namespace

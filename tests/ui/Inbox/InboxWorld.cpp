@@ -1,5 +1,6 @@
 #include "ui/Inbox/InboxWorld.h"
 
+#include <gtest/gtest.h>
 #include <webkit/webkit.h>
 
 #include <optional>
@@ -8,9 +9,9 @@
 
 namespace tessaro::test {
 
-InboxWorld::InboxWorld(Clock& browserClock)
-    : browserContext{theme, notifications, settings, browserClock, desktop, modals,
-                     store, device,        images,   endpoints,    {}} {
+InboxWorld::InboxWorld(Time time)
+    : browserContext(
+          contextOn(time == Time::passes ? static_cast<Clock&>(SystemClock::shared()) : clock)) {
     endpoints.inboxOrigin = server.origin();
     server.answer(inboxPath, page("<title>inbox</title><p>inbox"));
     for (LoopbackServer* each : {&server, &otherServer})
@@ -24,13 +25,10 @@ std::unique_ptr<WebSession> InboxWorld::newSession() {
     return std::make_unique<WebSession>(kept.emplace_back(folder / "web", folder / "web-cache"));
 }
 
-LoopbackServer::Answer InboxWorld::page(const std::string& body, const std::string& cookie) {
-    LoopbackServer::Answer answer{
+LoopbackServer::Answer InboxWorld::page(const std::string& body) {
+    return {
         .body = "<!DOCTYPE html>" + body,
         .headers = {{"Content-Type", "text/html; charset=utf-8"}}};
-    if (!cookie.empty())
-        answer.headers["Set-Cookie"] = cookie;
-    return answer;
 }
 
 DemoWorld::DemoWorld() {
@@ -39,28 +37,25 @@ DemoWorld::DemoWorld() {
     endpoints.inboxOrigin = site.origin();
 }
 
-InboxBrowser::InboxBrowser(InboxWorld& world, const std::string& pageId)
-    : InboxBrowser(world.browserContext, *world.session, pageId) {}
-
-InboxBrowser::InboxBrowser(
-    const ScreenContext& context, const WebSession& session, const std::string& pageId)
-    : context_(context) {
+InboxBrowser::InboxBrowser(InboxWorld& world, const std::string& pageId) : world_(world) {
     loadingChanged_ =
         isLoading->observe([this] { ++(isLoading->get() ? startedLoads : endedLoads); });
     coordinator = host(pageId).makeCoordinator();
+    const auto& context = world.browserContext;
     container = host(pageId).makeView(
-        *coordinator, std::make_shared<WebView>(session, context.clock, [&context] {
+        *coordinator, std::make_shared<WebView>(*world.session, context.clock, [&context] {
             return SiteNotifications::permittedOrigin(context);
         }));
     window.set_default_size(800, 600);
     window.set_child(*container);
     window.present();
+    EXPECT_TRUE(waitForLoads(1));
 }
 
 InboxBrowser::~InboxBrowser() = default;
 
 PageInboxWebView InboxBrowser::host(const std::string& pageId) const {
-    return {context_, pageId, isLoading};
+    return {world_.browserContext, pageId, isLoading};
 }
 
 void InboxBrowser::show(const std::string& pageId) {
@@ -68,7 +63,10 @@ void InboxBrowser::show(const std::string& pageId) {
 }
 
 bool InboxBrowser::waitForLoads(int count) {
-    return runUntil([&] { return endedLoads >= count; });
+    return runUntil([&] {
+        world_.clock.advance(Clock::Delay::zero()); // The flag changes in the turn after the event.
+        return endedLoads >= count;
+    });
 }
 
 std::string ask(WebView& webView, const std::string& expression) {
@@ -87,20 +85,22 @@ std::string ask(WebView& webView, const std::string& expression) {
     return answer.value_or("no answer in time");
 }
 
-std::string InboxBrowser::ask(const std::string& expression) {
-    return test::ask(webView(), expression);
-}
-
-bool InboxBrowser::waitUntil(const std::string& expression) {
-    return runUntil([&] { return ask(expression) == "true"; });
+bool waitUntil(WebView& webView, const std::string& expression) {
+    return runUntil([&] { return ask(webView, expression) == "true"; });
 }
 
 bool InboxBrowser::waitForConversations() {
     return waitUntil("!!document.querySelector('.conversations button')");
 }
 
-void InboxBrowser::follow(const std::string& address) {
+void InboxBrowser::leaveFor(const std::string& address) {
     webView().evaluateScript("location.href = '" + address + "'");
+}
+
+bool InboxBrowser::follow(const std::string& address) {
+    const int before = endedLoads;
+    leaveFor(address);
+    return waitForLoads(before + 1);
 }
 
 } // namespace tessaro::test

@@ -6,7 +6,6 @@
 #include "Views/ClippedWebViewContainer.h"
 #include "Views/Coordinator.h"
 #include "Views/PageInboxWebView.h"
-#include "Views/ScreenContext.h"
 #include "support/Gtk/ScreenWorld.h"
 #include "support/LoopbackServer.h"
 #include "support/MainLoop.h"
@@ -20,9 +19,10 @@ namespace tessaro::test {
 
 /// What an inbox browser needs, on a loopback server that stands in for the inbox site.
 struct InboxWorld : ScreenWorld {
-    /// With a ManualClock in place of the computer's, nothing that is meant for later happens by
-    /// itself in the browser.
-    explicit InboxWorld(Clock& browserClock = SystemClock::shared());
+    /// Where time stands still, nothing that is meant for later happens in the browser before the
+    /// test moves `clock`.
+    enum class Time { passes, standsStill };
+    explicit InboxWorld(Time time = Time::passes);
 
     LoopbackServer server;
     LoopbackServer otherServer; ///< Another host, as the injection sees it.
@@ -31,7 +31,7 @@ struct InboxWorld : ScreenWorld {
 
     /// Another one over the same files, as after a new start of the program.
     std::unique_ptr<WebSession> newSession();
-    static LoopbackServer::Answer page(const std::string& body, const std::string& cookie = "");
+    static LoopbackServer::Answer page(const std::string& body);
 
     static constexpr const char* inboxPath = "/latest/inbox/all";
 };
@@ -50,13 +50,14 @@ struct DemoWorld : InboxWorld {
 
 /// The value of a script expression in the browser's page, as text.
 std::string ask(WebView& webView, const std::string& expression);
+/// Turns the main loop until the expression is true there.
+bool waitUntil(WebView& webView, const std::string& expression);
 
 /// One inbox browser in a window of its own.
 class InboxBrowser {
 public:
+    /// Returns when the Page's inbox has loaded.
     explicit InboxBrowser(InboxWorld& world, const std::string& pageId = "1001");
-    InboxBrowser(
-        const ScreenContext& context, const WebSession& session, const std::string& pageId);
     ~InboxBrowser();
 
     /// As after the selection of another Page.
@@ -64,15 +65,16 @@ public:
     WebView& webView() { return *container->webView(); }
     /// Turns the main loop until so many loads have ended since the start.
     bool waitForLoads(int count);
-    std::string ask(const std::string& expression);
-    bool waitUntil(const std::string& expression);
+    std::string ask(const std::string& expression) { return test::ask(webView(), expression); }
+    bool waitUntil(const std::string& expression) { return test::waitUntil(webView(), expression); }
     /// Turns the main loop until the demo site has its conversations.
     bool waitForConversations();
-    /// Leaves for another page by following a link.
-    void follow(const std::string& address);
+    /// Leaves for another page, as by following a link.
+    void leaveFor(const std::string& address);
+    /// The same, and turns the main loop until that load has ended.
+    bool follow(const std::string& address);
 
-    std::shared_ptr<tessaro::Property<bool>> isLoading =
-        std::make_shared<tessaro::Property<bool>>(false);
+    std::shared_ptr<Property<bool>> isLoading = std::make_shared<Property<bool>>(false);
     int startedLoads = 0; ///< How often the loading flag went up.
     int endedLoads = 0;   ///< How often it went down.
     std::unique_ptr<Coordinator> coordinator;
@@ -82,7 +84,7 @@ public:
 private:
     PageInboxWebView host(const std::string& pageId) const;
 
-    const ScreenContext& context_;
+    InboxWorld& world_;
     ScopedConnection loadingChanged_;
 };
 

@@ -9,23 +9,16 @@ namespace {
 
 class TheSitesNotifications : public testing::Test {
 protected:
-    TheSitesNotifications() {
-        observed = world.notifications.observe(
-            inboxRequested, [this](const Notification& posted) { requested = posted.userInfo; });
-    }
-    /// Lets the page ask, and the person answer when they are asked.
+    /// Lets the page ask, and the person answer if they are asked.
     std::string permission(InboxBrowser& browser, std::size_t button) {
-        const auto asked = world.modals.answers.size();
+        const auto before = world.modals.answers.size();
         browser.ask("(window.answer = undefined, Notification.requestPermission()"
                     ".then(answer => window.answer = answer))");
         EXPECT_TRUE(runUntil([&] {
-            if (world.modals.answers.size() > asked && !isAnswered) {
-                isAnswered = true;
+            if (world.modals.answers.size() > before)
                 world.modals.answers.back()(button);
-            }
             return browser.ask("window.answer") != "undefined";
         }));
-        isAnswered = false;
         return browser.ask("window.answer");
     }
     /// Answers a customer, who writes back.
@@ -39,22 +32,17 @@ protected:
 
     DemoWorld world;
     std::map<std::string, std::string> requested;
-    ScopedConnection observed;
-    bool isAnswered = false;
+    ScopedConnection observed = world.notifications.observe(
+        inboxRequested, [this](const Notification& posted) { requested = posted.userInfo; });
 };
 
 TEST_F(TheSitesNotifications, AreShownByTheDesktopAndLeadBackToTheirPage) {
     {
         InboxBrowser browser(world, DemoWorld::flowers);
-        ASSERT_TRUE(browser.waitForLoads(1));
         EXPECT_EQ(permission(browser, 1), "granted");
-        ASSERT_EQ(world.modals.alerts.size(), 1u);
-        EXPECT_TRUE(world.modals.alerts[0].message.starts_with(world.endpoints.inboxHost() + " "));
-        EXPECT_TRUE(world.modals.alerts[0].buttons[0].isCancel);
     }
     // As after a new start: the page has its permission at once, and nobody is asked.
     InboxBrowser browser(world, DemoWorld::flowers);
-    ASSERT_TRUE(browser.waitForLoads(1));
     EXPECT_EQ(browser.ask("Notification.permission"), "granted");
     ASSERT_TRUE(receive(browser));
     const auto shown = world.desktop.notifications.back();
@@ -71,6 +59,7 @@ TEST_F(TheSitesNotifications, AreShownByTheDesktopAndLeadBackToTheirPage) {
     browser.show(DemoWorld::coffee);
     ASSERT_TRUE(browser.waitForLoads(2));
     EXPECT_EQ(world.desktop.withdrawn.size(), 1u) << "It is still of use.";
+    requested.clear();
     world.desktop.clicks.back()("");
     EXPECT_EQ(requested["pageId"], DemoWorld::flowers);
     EXPECT_EQ(world.modals.alerts.size(), 1u);
@@ -78,20 +67,14 @@ TEST_F(TheSitesNotifications, AreShownByTheDesktopAndLeadBackToTheirPage) {
 
 TEST_F(TheSitesNotifications, StayRefusedOnceThePersonSaidNo) {
     InboxBrowser browser(world);
-    ASSERT_TRUE(browser.waitForLoads(1));
     EXPECT_EQ(permission(browser, 0), "denied");
-    browser.follow("/latest/inbox/all?again");
-    ASSERT_TRUE(browser.waitForLoads(2));
+    ASSERT_TRUE(browser.follow("/latest/inbox/all?again"));
     EXPECT_EQ(permission(browser, 1), "denied");
     EXPECT_EQ(world.modals.alerts.size(), 1u);
-    EXPECT_EQ(
-        SettingsStore(world.folder / "config" / "settings.ini").text("site_notifications"),
-        "refused " + world.site.origin());
 }
 
 TEST_F(TheSitesNotifications, AreNothingForOtherSites) {
     InboxBrowser browser(world);
-    ASSERT_TRUE(browser.waitForLoads(1));
     EXPECT_EQ(permission(browser, 1), "granted");
     // Neither within the inbox, nor in its place, nor while the inbox is on its way back.
     const std::string other = "http://localhost:" + std::to_string(world.otherServer.port());
@@ -103,29 +86,15 @@ TEST_F(TheSitesNotifications, AreNothingForOtherSites) {
         "document.body.appendChild(document.createElement('iframe')).src = '" +
         other + "/frame')");
     EXPECT_TRUE(browser.waitUntil("window.framed === 'denied' || window.framed === 'default'"));
-    browser.follow(other + "/elsewhere");
-    ASSERT_TRUE(browser.waitForLoads(2));
+    ASSERT_TRUE(browser.follow(other + "/elsewhere"));
     EXPECT_EQ(permission(browser, 1), "denied");
 
     world.site.hold("inbox");
-    browser.follow(world.site.origin() + InboxWorld::inboxPath);
+    browser.leaveFor(world.site.origin() + InboxWorld::inboxPath);
     ASSERT_TRUE(runUntil([&] { return browser.startedLoads == 3; }));
     EXPECT_EQ(permission(browser, 1), "denied");
     EXPECT_EQ(world.modals.alerts.size(), 1u);
     EXPECT_TRUE(world.desktop.notifications.empty());
-}
-
-TEST_F(TheSitesNotifications, KeepAnAnswerThatComesAfterThePage) {
-    {
-        InboxBrowser browser(world);
-        ASSERT_TRUE(browser.waitForLoads(1));
-        browser.ask("void Notification.requestPermission()");
-        ASSERT_TRUE(runUntil([&] { return world.modals.answers.size() == 1; }));
-    }
-    world.modals.answers[0](1);
-    InboxBrowser browser(world);
-    ASSERT_TRUE(browser.waitForLoads(1));
-    EXPECT_EQ(browser.ask("Notification.permission"), "granted");
 }
 
 } // namespace

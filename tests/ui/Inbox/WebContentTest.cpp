@@ -1,37 +1,41 @@
 #include "ui/Inbox/InboxWorld.h"
 #include "ui/Inbox/WebProcesses.h"
 
+#include "Platform/FileStore.h"
 #include "Platform/Gtk/WebSandbox.h"
 #include "Views/InboxCommands.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 
 namespace tessaro::test {
 namespace {
 
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
 TEST(WebContent, RunsInTheSandboxOutOfSightOfTheRecords) {
     ASSERT_TRUE(webSandboxWorks());
     InboxWorld world;
-    std::filesystem::create_directories(world.records);
-    std::ofstream(world.records / "accounts.json") << "[]";
+    world.store.saveAccounts({makeAccount()});
+    const fs::path accounts = world.records / "accounts.json";
+    ASSERT_TRUE(fs::exists(accounts));
     InboxBrowser browser(world);
-    ASSERT_TRUE(browser.waitForLoads(1));
 
-    const auto processes = webProcesses();
-    ASSERT_FALSE(processes.empty());
-    for (const pid_t process : processes) {
-        for (const char* kind : {"pid", "mnt", "net"})
-            EXPECT_NE(namespaceOf(process, kind), namespaceOf(getpid(), kind)) << kind;
-        EXPECT_EQ(statusOf(process, "Seccomp"), "2"); // A filter is on.
-        EXPECT_EQ(statusOf(process, "NoNewPrivs"), "1");
-        const std::filesystem::path root = "/proc/" + std::to_string(process) + "/root";
-        ASSERT_TRUE(std::filesystem::exists(root / "usr"));
-        EXPECT_FALSE(
-            std::filesystem::exists(root / (world.records / "accounts.json").relative_path()));
+    ASSERT_FALSE(webProcesses().empty());
+    for (const pid_t id : webProcesses()) {
+        const fs::path process = "/proc/" + std::to_string(id);
+        for (const char* kind : {"ns/pid", "ns/mnt", "ns/net"})
+            EXPECT_NE(
+                fs::read_symlink(process / kind), fs::read_symlink(fs::path("/proc/self") / kind))
+                << kind;
+        const std::string status = readFile(process / "status").value_or("");
+        EXPECT_THAT(status, HasSubstr("\nSeccomp:\t2\n")) << "A filter is on.";
+        EXPECT_THAT(status, HasSubstr("\nNoNewPrivs:\t1\n"));
+        ASSERT_TRUE(fs::exists(process / "root/usr"));
+        EXPECT_FALSE(fs::exists(process / "root" / accounts.relative_path()));
     }
 }
 
@@ -40,38 +44,32 @@ TEST(WebContent, ReachesNoLocalFileAndNoOtherProgram) {
     world.server.answer(
         "/to-file", {.status = 302, .headers = {{"Location", "file:///etc/hostname"}}});
     InboxBrowser browser(world);
-    ASSERT_TRUE(browser.waitForLoads(1));
-
     browser.ask("document.body.appendChild(document.createElement('iframe')).src = "
                 "'file:///etc/hostname'");
-    browser.follow("file:///etc/hostname");
+    browser.leaveFor("file:///etc/hostname");
     browser.ask("fetch('file:///etc/hostname').then(() => window.fetched = 'yes', "
                 "() => window.fetched = 'no')");
-    ASSERT_TRUE(browser.waitUntil("window.fetched !== undefined"));
-    EXPECT_EQ(browser.ask("window.fetched"), "no");
+    EXPECT_TRUE(browser.waitUntil("window.fetched === 'no'"));
     EXPECT_EQ(browser.ask("document.title"), "inbox");
     EXPECT_EQ(browser.ask("frames[0].location.href"), "about:blank");
 
     // The engine ends a page that was redirected to a file.
     bool wasEnded = false;
     browser.coordinator->signalProcessTerminated().connect([&] { wasEnded = true; });
-    browser.follow("/to-file");
-    ASSERT_TRUE(browser.waitForLoads(2));
+    ASSERT_TRUE(browser.follow("/to-file"));
     EXPECT_TRUE(wasEnded);
     world.notifications.post(webViewGoHome);
     ASSERT_TRUE(browser.waitForLoads(3));
     EXPECT_EQ(browser.ask("document.title"), "inbox");
 
     // An address of another program's ends in the engine's own words about it.
-    browser.follow("tessaro-other-program:start");
-    ASSERT_TRUE(browser.waitForLoads(4));
+    ASSERT_TRUE(browser.follow("tessaro-other-program:start"));
     EXPECT_TRUE(world.desktop.opened.empty());
 }
 
 TEST(WebContent, GetsNoCameraMicrophoneOrLocation) {
     InboxWorld world;
     InboxBrowser browser(world);
-    ASSERT_TRUE(browser.waitForLoads(1));
     browser.ask("((navigator.mediaDevices ? navigator.mediaDevices.getUserMedia({audio: true, "
                 "video: true}) : Promise.reject()).then(() => window.media = 'yes', "
                 "() => window.media = 'no'), "
@@ -81,43 +79,28 @@ TEST(WebContent, GetsNoCameraMicrophoneOrLocation) {
 }
 
 TEST(WebContent, DoesNotSurviveItsBrowser) {
-    ManualClock clock;
-    InboxWorld world(clock);
+    InboxWorld world(InboxWorld::Time::standsStill);
     {
         InboxBrowser browser(world);
-        const auto waitForLoads = [&](int count) {
-            return runUntil([&] {
-                clock.advance(std::chrono::milliseconds(0));
-                return browser.endedLoads == count;
-            });
-        };
-        ASSERT_TRUE(waitForLoads(1));
         // Another site gets another process, and the first is kept for going back.
         const std::string port = std::to_string(world.otherServer.port());
-        browser.follow("http://localhost:" + port + "/elsewhere");
-        ASSERT_TRUE(waitForLoads(2));
+        ASSERT_TRUE(browser.follow("http://localhost:" + port + "/elsewhere"));
         EXPECT_FALSE(webProcesses().empty());
     }
-    clock.advance(std::chrono::seconds(10)); // The last run of a script that holds the page.
+    world.clock.advance(std::chrono::seconds(10)); // The last run of a script that holds the page.
     EXPECT_TRUE(runUntil([] { return webProcesses().empty(); }));
 }
 
 TEST(WebContent, CookiesOutliveTheProgramInAFolderOfTheUsersOwn) {
     InboxWorld world;
-    world.server.answer(InboxWorld::inboxPath, InboxWorld::page("<p>", "login=kept; Max-Age=3600"));
-    {
-        InboxBrowser browser(world);
-        ASSERT_TRUE(browser.waitForLoads(1));
-    }
+    auto page = InboxWorld::page("<p>");
+    page.headers["Set-Cookie"] = "login=kept; Max-Age=3600";
+    world.server.answer(InboxWorld::inboxPath, page);
+    InboxBrowser(world, "1001");
     world.session = world.newSession();
-    {
-        InboxBrowser browser(world);
-        ASSERT_TRUE(browser.waitForLoads(1));
-    }
+    InboxBrowser(world, "1001");
     EXPECT_EQ(world.server.requests().back().headers["cookie"], "login=kept");
-    EXPECT_EQ(
-        std::filesystem::status(world.folder / "web").permissions(),
-        std::filesystem::perms::owner_all);
+    EXPECT_EQ(fs::status(world.folder / "web").permissions(), fs::perms::owner_all);
 }
 
 } // namespace
