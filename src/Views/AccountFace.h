@@ -16,7 +16,6 @@ public:
     void setSelected(bool selected);
     /// What stands on the disc.
     const std::string& initial() const { return initial_; }
-    bool hasDot() const { return hasDot_; }
 
 protected:
     void snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot) override;

@@ -19,8 +19,6 @@ public:
     /// @param context, pagesVM  outlive this
     AddPageSheet(const ScreenContext& context, PagesViewModel& pagesVM, Account account);
 
-    AddPageFlow& flow() { return flow_; }
-
 private:
     /// The Page that would be added, as the preview shows it.
     struct Preview {

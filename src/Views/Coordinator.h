@@ -28,10 +28,8 @@ public:
     /// Makes this the Page whose inbox is home, and loads it.
     void openInbox(const std::string& pageId, const std::string& address);
 
-    const std::weak_ptr<WebView>& mainWebView() const { return mainWebView_; }
     const std::string& currentPageId() const { return currentPageId_; }
     const std::optional<std::string>& homeURL() const { return homeURL_; }
-    double currentZoom() const { return currentZoom_; }
 
     void handleZoomIn();
     void handleZoomOut();

@@ -12,7 +12,6 @@ public:
 
     void setConnected(bool connected);
     void setSelected(bool selected);
-    bool isConnected() const { return connected_; }
     bool isSelected() const { return selected_; }
 
 protected:

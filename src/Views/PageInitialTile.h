@@ -13,7 +13,6 @@ public:
     /// @param size  of the square, in points
     PageInitialTile(const std::string& name, int size);
 
-    const std::string& initial() const { return initial_; }
     /// How round the corners of a square of that size are.
     static double cornerRadius(int size) { return size > 40 ? 8 : 6; }
 

@@ -20,8 +20,6 @@ public:
     virtual void show(const Record& record) = 0;
     virtual void setSelected(bool selected) = 0;
 
-    const std::string& tooltip() const { return tooltip_; }
-
 protected:
     RecordButton() {
         this->set_has_tooltip();
@@ -82,9 +80,6 @@ public:
     void showFirst() {
         view().activate_action("list.scroll-to-item", Glib::Variant<guint>::create(0));
     }
-
-    /// How many records have a button at present.
-    std::size_t buttonCount() const { return shown_.size(); }
 
 protected:
     Commands menuOf(Gtk::Widget& widget) override {

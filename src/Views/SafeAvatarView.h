@@ -32,9 +32,8 @@ public:
     /// changes and when a picture of that id was written.
     void loadLocalImage();
 
-    /// The cached picture that is shown, and the one from the web; empty when there is none.
+    /// The cached picture that is shown; empty when there is none.
     const Glib::RefPtr<Gdk::Texture>& localImage() const { return localImage_; }
-    const Glib::RefPtr<Gdk::Texture>& remoteImage() const { return remoteImage_; }
     /// What is drawn without a picture.
     std::string initial() const;
 
