@@ -15,7 +15,7 @@ void addChildrenOf(const std::filesystem::path& process, std::vector<ProcessView
         for (std::string id; children >> id;) {
             const auto child = std::filesystem::path("/proc") / id;
             tree.push_back(
-                {readFile(child / "cmdline").value_or(""),
+                {std::stoi(id), readFile(child / "cmdline").value_or(""),
                  readFile(child / "environ").value_or("")});
             addChildrenOf(child, tree);
         }

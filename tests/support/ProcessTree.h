@@ -7,6 +7,7 @@ namespace tessaro::test {
 
 /// A process as everyone who may look sees it (proc(5)).
 struct ProcessView {
+    int id;
     std::string commandLine;
     std::string environment;
 };
