@@ -46,7 +46,7 @@ TEST(SecretStore, GivesUpAServiceThatNeverAnswersAndLeavesItInPeaceForAWhile) {
     const auto start = std::chrono::steady_clock::now();
     for (int i = 0; i < 50; ++i)
         failuresOf(store);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 200ms);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 5s) << "or 75 without the pause";
     EXPECT_EQ(service.calls().size(), calls);
 
     SecretStore impatient(200ms, 0ms);
