@@ -45,15 +45,4 @@ GraphClientFactory FakeGraph::factory() {
     };
 }
 
-void FakeGraph::addUserToken(const std::string& token, std::vector<ResolvedPage> pages) {
-    for (const ResolvedPage& page : pages)
-        objects[page.accessToken.reveal()] = PageInfo{page.id, page.name, std::nullopt};
-    managed[token] = std::move(pages);
-}
-
-FakeGraph::ResolvedPage
-FakeGraph::page(const std::string& id, const std::string& name, std::optional<std::string> url) {
-    return {PageId{id}, name, SecretText("page-token-" + id), std::move(url)};
-}
-
 } // namespace tessaro::test

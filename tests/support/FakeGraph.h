@@ -25,11 +25,6 @@ public:
 
     /// Outlived by this.
     GraphClientFactory factory();
-
-    /// A user token that manages these Pages, each with a token "page-token-" and its id.
-    void addUserToken(const std::string& token, std::vector<ResolvedPage> pages);
-    static ResolvedPage
-    page(const std::string& id, const std::string& name, std::optional<std::string> url = {});
 };
 
 } // namespace tessaro::test
