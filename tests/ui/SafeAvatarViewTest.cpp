@@ -87,7 +87,9 @@ TEST_F(SafeAvatarViewTest, NeverShowsThePictureOfTheRowBefore) {
     avatar_.setAvatar("1", "Trang", server_.origin() + "/slow");
     ASSERT_TRUE(runUntil([&] { return server_.requestCount("/slow") == 1; }));
     avatar_.setAvatar("2", "Khác", blueAddress_);
+    EXPECT_TRUE(shows(blue));
     released = true;
+    ASSERT_TRUE(runUntil([&] { return server_.openConnections() == 0; }));
     EXPECT_TRUE(shows(blue));
     avatar_.setAvatar("3", "Không ảnh", {});
     EXPECT_TRUE(showsTint());

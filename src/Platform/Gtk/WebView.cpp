@@ -208,7 +208,6 @@ void WebView::onLoadChanged(int event) {
     } else if (event == WEBKIT_LOAD_COMMITTED) {
         isAwaitingPage_ = false;
         onTitleChanged();
-    } else if (event == WEBKIT_LOAD_COMMITTED) {
         setSwipeGestures(widget_->get_mapped());
     } else if (event == WEBKIT_LOAD_FINISHED) {
         isAwaitingPage_ = false;

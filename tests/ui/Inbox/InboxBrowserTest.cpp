@@ -4,6 +4,7 @@
 #include "support/Gtk/WidgetPicture.h"
 
 #include <gtest/gtest.h>
+#include <webkit/webkit.h>
 
 namespace tessaro::test {
 namespace {
@@ -30,6 +31,14 @@ TEST(InboxBrowser, ShowsAnotherPageOnceAndKeepsTheZoom) {
     EXPECT_EQ(world.server.requestCount(InboxWorld::inboxPath), 2U);
     EXPECT_EQ(browser.ask("location.search"), "?asset_id=1002");
     EXPECT_DOUBLE_EQ(browser.webView().pageZoom(), 1.1);
+}
+
+TEST(InboxBrowser, GoesBackBySwipesOnceAPageIsThere) {
+    InboxWorld world;
+    InboxBrowser browser(world);
+    auto* const settings =
+        webkit_web_view_get_settings(WEBKIT_WEB_VIEW(browser.webView().widget().gobj()));
+    EXPECT_TRUE(webkit_settings_get_enable_back_forward_navigation_gestures(settings));
 }
 
 TEST(InboxBrowser, ZoomsInTenthsBetweenHalfAndDouble) {
