@@ -14,6 +14,7 @@ namespace {
 
 void key(guint keysym, bool isDown) {
     Display* display = gdk_x11_display_get_xdisplay(gdk_display_get_default());
+    XAutoRepeatOff(display); // A busy machine may take long from a key's press to its release.
     XTestFakeKeyEvent(display, XKeysymToKeycode(display, keysym), isDown, CurrentTime);
     XSync(display, False);
     runPending();
