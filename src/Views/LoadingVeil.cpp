@@ -55,8 +55,8 @@ LoadingVeil::LoadingVeil(Clock& clock) : clock_(clock) {
 
 void LoadingVeil::cover(Gtk::Widget* page) {
     if (page && page->get_mapped() && !get_visible()) {
-        backdrop_.set_visible(
-            false); // The page itself is the ground until there is a picture of it.
+        // The page itself is the ground until there is a picture of it.
+        backdrop_.set_visible(false);
         pictureTimer_ = clock_.timer(pictureDelay, [this, page] {
             if (page->get_mapped()) // The window may have been closed meanwhile.
                 gtk_picture_set_paintable(
