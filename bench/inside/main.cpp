@@ -103,6 +103,16 @@ double save(int pageCount) {
     });
 }
 
+double load(int pageCount) {
+    test::StoreWorld world;
+    world.store.savePages(makePages(makeAccounts(1), pageCount));
+    auto fresh = world.newStore();
+    return milliseconds([&] {
+        const Instructions counted;
+        fresh.loadPages();
+    });
+}
+
 double log(int lines) {
     test::StoreWorld world;
     const std::string message = "Graph API answered 200 for the Pages of one account after 184 ms";
@@ -117,7 +127,7 @@ double log(int lines) {
 
 const std::map<std::string, double (*)(int)> tasks{
     {"select", select}, {"scroll", scroll}, {"rows", rows}, {"switch", switchPages},
-    {"start", start},   {"save", save},     {"log", log},
+    {"start", start},   {"load", load},     {"save", save}, {"log", log},
 };
 
 } // namespace

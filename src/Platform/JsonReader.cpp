@@ -1,6 +1,7 @@
 #include "Platform/JsonReader.h"
 
 #include <limits>
+#include <vector>
 
 namespace tessaro {
 
@@ -24,30 +25,78 @@ Error wrongMember(const char* key) {
 const nlohmann::json nothing;
 
 /// Well beyond anything that the program reads. Each level costs dozens of times its one byte.
-constexpr int deepestNesting = 512;
+constexpr std::size_t deepestNesting = 512;
 
-/// Counts brackets outside of texts; what is no JSON at all is left to the parser.
-bool isNestedTooDeep(std::string_view text) {
-    int depth = 0;
-    bool inText = false;
-    for (std::size_t i = 0; i < text.size() && depth <= deepestNesting; ++i) {
-        const char c = text[i];
-        if (inText && c == '\\')
-            ++i;
-        else if (c == '"')
-            inText = !inText;
-        else if (!inText && (c == '[' || c == '{'))
-            ++depth;
-        else if (!inText && (c == ']' || c == '}'))
-            --depth;
+using ElementHandler = std::function<std::optional<Error>(const nlohmann::json&)>;
+
+/// Builds the tree that the parser's events tell of. With a handler the document must be an array,
+/// whose elements are handed over and dropped as soon as each is complete.
+class TreeBuilder : public nlohmann::json_sax<nlohmann::json> {
+public:
+    explicit TreeBuilder(const ElementHandler* handler = nullptr) : handler_(handler) {}
+
+    bool parse(std::string_view text) {
+        // The library would take a zero byte for the end and not look at what is behind it.
+        return text.find('\0') == std::string_view::npos &&
+               nlohmann::json::sax_parse(text.begin(), text.end(), this);
     }
-    return depth > deepestNesting;
-}
+    nlohmann::json& root() { return root_; }
+    const std::optional<Error>& handlerError() const { return handlerError_; }
 
-bool mayBeParsed(std::string_view text) {
-    // The library would take a zero byte for the end and not look at what is behind it.
-    return text.find('\0') == std::string_view::npos && !isNestedTooDeep(text);
-}
+    bool null() override { return add(nullptr) && complete(); }
+    bool boolean(bool value) override { return add(value) && complete(); }
+    bool number_integer(std::int64_t value) override { return add(value) && complete(); }
+    bool number_unsigned(std::uint64_t value) override { return add(value) && complete(); }
+    bool number_float(double value, const std::string&) override {
+        return add(value) && complete();
+    }
+    bool string(std::string& value) override { return add(value) && complete(); }
+    bool binary(nlohmann::json::binary_t&) override { return false; } // JSON has none.
+    bool start_object(std::size_t) override { return open(nlohmann::json::value_t::object); }
+    bool start_array(std::size_t) override { return open(nlohmann::json::value_t::array); }
+    bool end_object() override { return close(); }
+    bool end_array() override { return close(); }
+    bool key(std::string& name) override {
+        key_ = name;
+        return true;
+    }
+    bool parse_error(std::size_t, const std::string&, const nlohmann::json::exception&) override {
+        return false;
+    }
+
+private:
+    /// Where the value now lies; it stays there while it is open.
+    nlohmann::json* add(nlohmann::json value) {
+        if (open_.empty())
+            return &(root_ = std::move(value));
+        if (open_.back()->is_array())
+            return &open_.back()->emplace_back(std::move(value));
+        return &((*open_.back())[key_] = std::move(value));
+    }
+    bool open(nlohmann::json::value_t type) {
+        if (open_.size() == deepestNesting)
+            return false;
+        open_.push_back(add(type));
+        return !handler_ || root_.is_array();
+    }
+    bool close() {
+        open_.pop_back();
+        return complete();
+    }
+    bool complete() {
+        if (handler_ && open_.size() == 1) {
+            handlerError_ = (*handler_)(root_.back());
+            root_.clear();
+        }
+        return !handlerError_;
+    }
+
+    nlohmann::json root_;
+    std::vector<nlohmann::json*> open_; ///< The arrays and objects around the next value.
+    std::string key_;                   ///< The name of the next value, if it is in an object.
+    const ElementHandler* handler_;
+    std::optional<Error> handlerError_;
+};
 
 /// Whether the value is an integer of 64 bits with a sign.
 bool isInteger(const nlohmann::json& value) {
@@ -59,32 +108,19 @@ bool isInteger(const nlohmann::json& value) {
 } // namespace
 
 Result<nlohmann::json> parseJson(std::string_view text) {
-    if (!mayBeParsed(text))
+    TreeBuilder tree;
+    if (!tree.parse(text))
         return tl::unexpected<Error>(malformedDocument());
-    auto value = nlohmann::json::parse(text.begin(), text.end(), nullptr, false);
-    if (value.is_discarded())
-        return tl::unexpected<Error>(malformedDocument());
-    return value;
+    return std::move(tree.root());
 }
 
 std::optional<Error> forEachInJsonArray(
     std::string_view text,
     const std::function<std::optional<Error>(const nlohmann::json& element)>& handle) {
-    if (!mayBeParsed(text))
-        return malformedDocument();
-    std::optional<Error> failed;
-    const auto take = [&](int depth, auto event, nlohmann::json& value) {
-        using Event = nlohmann::json::parse_event_t;
-        const bool isElement = depth == 1 && (event == Event::value || event == Event::object_end ||
-                                              event == Event::array_end);
-        if (isElement && !failed)
-            failed = handle(value);
-        return !isElement; // What is not kept is freed at once.
-    };
-    const auto rest = nlohmann::json::parse(text.begin(), text.end(), take, false);
-    if (failed)
-        return failed;
-    return rest.is_array() ? std::nullopt : std::optional(malformedDocument());
+    TreeBuilder elements(&handle);
+    if (elements.parse(text) && elements.root().is_array())
+        return std::nullopt;
+    return elements.handlerError() ? elements.handlerError() : malformedDocument();
 }
 
 JsonReader::JsonReader(const nlohmann::json& value) {
