@@ -4,8 +4,7 @@
 
 namespace tessaro {
 
-nlohmann::json encode(const Account& account) {
-    nlohmann::json object;
+void to_json(nlohmann::json& object, const Account& account) {
     object["id"] = account.id.text();
     object["name"] = account.name;
     object["proxyHost"] = account.proxyHost;
@@ -16,7 +15,6 @@ nlohmann::json encode(const Account& account) {
     object["deviceId"] = account.deviceId;
     object["deviceName"] = account.deviceName;
     object["createdAt"] = formatDateTime(account.createdAt);
-    return object;
 }
 
 Result<Account> decodeAccount(const nlohmann::json& value) {

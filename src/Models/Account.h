@@ -31,7 +31,8 @@ struct Account {
     bool operator==(const Account& other) const { return id == other.id; }
 };
 
-nlohmann::json encode(const Account& account);
+/// Sets every member, so that one object can serve record after record.
+void to_json(nlohmann::json& object, const Account& account);
 /// Every member is required and strictly typed; unknown members are ignored.
 Result<Account> decodeAccount(const nlohmann::json& value);
 

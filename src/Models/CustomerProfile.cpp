@@ -24,8 +24,8 @@ std::optional<std::vector<std::string>> readTags(JsonReader& reader) {
 
 } // namespace
 
-nlohmann::json encode(const CustomerProfile& profile) {
-    nlohmann::json object{{"id", profile.id}};
+void to_json(nlohmann::json& object, const CustomerProfile& profile) {
+    object = {{"id", profile.id}};
     const auto write = [&](const char* key, const auto& value) {
         if (value)
             object[key] = *value;
@@ -37,7 +37,6 @@ nlohmann::json encode(const CustomerProfile& profile) {
     write("address", profile.address);
     write("notes", profile.notes);
     write("tags", profile.tags);
-    return object;
 }
 
 Result<CustomerProfile> decodeCustomerProfile(const nlohmann::json& value) {

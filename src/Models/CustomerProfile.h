@@ -26,7 +26,7 @@ struct CustomerProfile {
 };
 
 /// An absent field has no member.
-nlohmann::json encode(const CustomerProfile& profile);
+void to_json(nlohmann::json& object, const CustomerProfile& profile);
 /// Only "id" is required; every other member may be missing or null.
 Result<CustomerProfile> decodeCustomerProfile(const nlohmann::json& value);
 

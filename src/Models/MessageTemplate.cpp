@@ -5,8 +5,8 @@
 
 namespace tessaro {
 
-nlohmann::json encode(const MessageTemplate& message) {
-    return {{"title", message.title}, {"content", message.content}};
+void to_json(nlohmann::json& object, const MessageTemplate& message) {
+    object = {{"title", message.title}, {"content", message.content}};
 }
 
 Result<MessageTemplate> decodeMessageTemplate(const nlohmann::json& value) {

@@ -17,7 +17,7 @@ struct MessageTemplate {
     bool operator==(const MessageTemplate&) const = default;
 };
 
-nlohmann::json encode(const MessageTemplate& message);
+void to_json(nlohmann::json& object, const MessageTemplate& message);
 /// Both members are required texts; unknown members are ignored.
 Result<MessageTemplate> decodeMessageTemplate(const nlohmann::json& value);
 

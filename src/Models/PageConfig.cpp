@@ -4,8 +4,7 @@
 
 namespace tessaro {
 
-nlohmann::json encode(const PageConfig& page) {
-    nlohmann::json object;
+void to_json(nlohmann::json& object, const PageConfig& page) {
     object["id"] = page.id.text();
     object["accountId"] = page.accountId.text();
     object["pageToken"] = page.pageToken.reveal();
@@ -14,7 +13,6 @@ nlohmann::json encode(const PageConfig& page) {
     object["pageAvatarUrl"] = page.pageAvatarUrl;
     object["isConnected"] = page.isConnected;
     object["createdAt"] = formatDateTime(page.createdAt);
-    return object;
 }
 
 Result<PageConfig> decodePageConfig(const nlohmann::json& value) {

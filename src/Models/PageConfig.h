@@ -21,7 +21,8 @@ struct PageConfig {
     bool operator==(const PageConfig& other) const { return id == other.id; }
 };
 
-nlohmann::json encode(const PageConfig& page);
+/// Sets every member, so that one object can serve record after record.
+void to_json(nlohmann::json& object, const PageConfig& page);
 /// Every member is required and strictly typed; unknown members are ignored.
 Result<PageConfig> decodePageConfig(const nlohmann::json& value);
 

@@ -13,10 +13,16 @@ namespace tessaro {
 /// ascending byte order of their keys. Bytes that are not UTF-8 become U+FFFD.
 class RecordListWriter {
 public:
-    void add(nlohmann::json record);
+    template <typename Record>
+    void add(const Record& record) {
+        to_json(list_[0], record);
+        append();
+    }
     std::string finish() &&;
 
 private:
+    void append();
+
     /// Holds the one record that is being written, so that it is indented as in a list.
     nlohmann::json list_ = nlohmann::json::array({nullptr});
     std::string text_ = "[";
@@ -26,7 +32,7 @@ template <typename Record>
 std::string encodeList(const std::vector<Record>& records) {
     RecordListWriter writer;
     for (const auto& record : records)
-        writer.add(encode(record));
+        writer.add(record);
     return std::move(writer).finish();
 }
 
