@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <fstream>
+#include <stdexcept>
+#include <string>
 
 namespace tessaro::test {
 
@@ -14,12 +17,26 @@ inline constexpr std::size_t memoryFactor = 1;
 /// The most memory that this process held at once since the object was made (proc(5), VmHWM).
 class PeakMemory {
 public:
-    PeakMemory();
+    PeakMemory() {
+        std::ofstream("/proc/self/clear_refs") << "5"; // Forgets the peak so far.
+        atStart_ = statusValue("VmRSS:");
+    }
 
     /// In bytes, beyond what was held at the start.
-    std::size_t growth() const;
+    std::size_t growth() const {
+        const auto peak = statusValue("VmHWM:");
+        return peak > atStart_ ? peak - atStart_ : 0;
+    }
 
 private:
+    static std::size_t statusValue(const std::string& key) {
+        std::ifstream status("/proc/self/status");
+        for (std::string line; std::getline(status, line);)
+            if (line.starts_with(key))
+                return std::stoul(line.substr(key.size())) * 1024;
+        throw std::runtime_error("no " + key + " in /proc/self/status");
+    }
+
     std::size_t atStart_;
 };
 

@@ -3,19 +3,38 @@
 #include "Platform/GHandle.h"
 #include "support/ScopedEnvironment.h"
 
+#include <stdexcept>
 #include <string>
 
 namespace tessaro::test {
 
 /// A connection to the bus at that address that nobody shares.
-GObjectPtr<GDBusConnection> connectToBus(const std::string& address);
+inline GObjectPtr<GDBusConnection> connectToBus(const std::string& address) {
+    GErrorSlot error;
+    auto connection = GObjectPtr<GDBusConnection>::adopt(g_dbus_connection_new_for_address_sync(
+        address.c_str(),
+        static_cast<GDBusConnectionFlags>(
+            G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+            G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
+        nullptr, nullptr, error.out()));
+    if (!connection)
+        throw std::runtime_error("cannot connect to the bus: " + error.message());
+    return connection;
+}
 
 /// A session bus for one test: while it exists it is the session bus of this process. No service is
 /// on it and none is started by it. Everything that uses the bus must be gone before it goes.
 class PrivateSessionBus {
 public:
-    PrivateSessionBus();
-    ~PrivateSessionBus();
+    PrivateSessionBus() {
+        // The daemon's own start and end change these.
+        for (const char* name :
+             {"DISPLAY", "DBUS_STARTER_ADDRESS", "DBUS_STARTER_BUS_TYPE",
+              "DBUS_SESSION_BUS_ADDRESS"})
+            environment_.set(name, std::nullopt);
+        g_test_dbus_up(daemon_.get());
+    }
+    ~PrivateSessionBus() { g_test_dbus_down(daemon_.get()); }
     PrivateSessionBus(const PrivateSessionBus&) = delete;
     PrivateSessionBus& operator=(const PrivateSessionBus&) = delete;
 
@@ -23,7 +42,7 @@ public:
 
 private:
     ScopedEnvironment environment_;
-    GObjectPtr<GTestDBus> daemon_;
+    GObjectPtr<GTestDBus> daemon_ = GObjectPtr<GTestDBus>::adopt(g_test_dbus_new(G_TEST_DBUS_NONE));
 };
 
 } // namespace tessaro::test

@@ -1,15 +1,47 @@
 #include "HttpGet.h"
 
+#include "Platform/FileStore.h"
 #include "support/LoopbackServer.h"
 #include "support/ScopedEnvironment.h"
-#include "support/TestAuthority.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <stdexcept>
 
 using namespace tessaro;
 using namespace tessaro::test;
 
 namespace {
+
+/// A certificate authority made for one test with the openssl command.
+class TestAuthority {
+public:
+    TestAuthority() { request("authority", ""); }
+
+    /// The authority's own certificate, to be trusted.
+    std::filesystem::path file() const { return folder_ / "authority.pem"; }
+
+    /// A certificate for that address ("IP:…" or "DNS:…") with its private key, in PEM form.
+    std::string identity(const std::string& address = "IP:127.0.0.1") const {
+        request(
+            "server", "-CA authority.pem -CAkey authority.key -addext subjectAltName=" + address);
+        return readFile(folder_ / "server.pem").value() + readFile(folder_ / "server.key").value();
+    }
+
+private:
+    void request(const std::string& name, const std::string& options) const {
+        const auto command =
+            "cd " + folder_.path().string() + " && openssl req -x509 -newkey ec -nodes" +
+            " -pkeyopt ec_paramgen_curve:prime256v1 -subj /CN=" + name + " -keyout " + name +
+            ".key -out " + name + ".pem " + options + " 2>/dev/null";
+        if (std::system(command.c_str()) != 0)
+            throw std::runtime_error("failed: " + command);
+    }
+
+    TempFolder folder_;
+};
 
 class HttpClientTls : public testing::Test {
 protected:

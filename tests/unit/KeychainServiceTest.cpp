@@ -1,20 +1,79 @@
 #include "Services/KeychainService.h"
 
-#include "support/GnomeKeyring.h"
+#include "support/MainLoop.h"
+#include "support/PrivateSessionBus.h"
 #include "support/StoreWorld.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <stdexcept>
 
 using namespace tessaro;
 using namespace std::chrono_literals;
 
 namespace {
 
+/// A real gnome-keyring-daemon on a private bus: an unlocked default keyring in a temporary folder.
+class GnomeKeyring {
+public:
+    explicit GnomeKeyring(const test::PrivateSessionBus& bus)
+        : connection_(test::connectToBus(bus.address())) {
+        const auto launcher = GObjectPtr<GSubprocessLauncher>::adopt(
+            g_subprocess_launcher_new(static_cast<GSubprocessFlags>(
+                G_SUBPROCESS_FLAGS_STDIN_PIPE | G_SUBPROCESS_FLAGS_STDOUT_SILENCE |
+                G_SUBPROCESS_FLAGS_STDERR_SILENCE)));
+        for (const char* variable :
+             {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
+            g_subprocess_launcher_setenv(launcher.get(), variable, files_.path().c_str(), TRUE);
+        daemon_ = GObjectPtr<GSubprocess>::adopt(g_subprocess_launcher_spawn(
+            launcher.get(), nullptr, "gnome-keyring-daemon", "--foreground", "--unlock",
+            "--components=secrets", ("--control-directory=" + files_.path().string()).c_str(),
+            nullptr));
+        if (!daemon_)
+            throw std::runtime_error("cannot start gnome-keyring-daemon");
+        auto* const input = g_subprocess_get_stdin_pipe(daemon_.get());
+        g_output_stream_write_all(input, "password", 8, nullptr, nullptr, nullptr);
+        g_output_stream_close(input, nullptr, nullptr);
+        if (!test::runUntil([this] { return !defaultCollection().empty(); }))
+            throw std::runtime_error("gnome-keyring-daemon does not come up");
+    }
+    ~GnomeKeyring() {
+        g_subprocess_force_exit(daemon_.get());
+        g_subprocess_wait(daemon_.get(), nullptr, nullptr);
+    }
+
+    /// Locks the default keyring, so that its entries can be seen but not read.
+    void lock() const {
+        if (!call("Lock", g_variant_new_parsed("([%o],)", defaultCollection().c_str())))
+            throw std::runtime_error("the keyring does not lock");
+    }
+
+private:
+    /// Its path; empty while the daemon does not answer.
+    std::string defaultCollection() const {
+        const auto alias = call("ReadAlias", g_variant_new("(s)", "default"));
+        const char* path = "";
+        if (alias)
+            g_variant_get(alias.get(), "(&o)", &path);
+        return path;
+    }
+    GVariantPtr call(const char* method, GVariant* arguments) const {
+        return GVariantPtr(g_dbus_connection_call_sync(
+            connection_.get(), "org.freedesktop.secrets", "/org/freedesktop/secrets",
+            "org.freedesktop.Secret.Service", method, arguments, nullptr, G_DBUS_CALL_FLAGS_NONE,
+            -1, nullptr, nullptr));
+    }
+
+    test::TempFolder files_;
+    GObjectPtr<GDBusConnection> connection_;
+    GObjectPtr<GSubprocess> daemon_;
+};
+
 class KeychainServiceTest : public testing::Test {
 protected:
     test::PrivateSessionBus bus_;
-    test::GnomeKeyring keyring_{bus_};
+    const GnomeKeyring keyring_{bus_};
     test::StoreWorld world_;
     SecretStore store_{20s};
     KeychainService keychain_{store_, world_.logger};
