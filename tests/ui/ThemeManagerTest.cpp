@@ -61,17 +61,6 @@ TEST_F(ThemeManagerTest, RunsEveryStepAlsoForTheModeItHas) {
     }
 }
 
-TEST_F(ThemeManagerTest, LeavesUnknownTextsAloneAndActsByTheDefaults) {
-    settings_.setText(ThemeManager::appearanceModeKey, "sepia");
-    settings_.setText(ThemeManager::activePresetIdKey, "Gold");
-    const auto theme = make();
-    EXPECT_EQ(theme.activePreset().id, "emerald");
-    EXPECT_EQ(theme.activePresetId(), "Gold");
-    EXPECT_EQ(theme.themePrimary(), rgbaFromHex("#0F5132"));
-    appearance_.setDesktopDark(true);
-    EXPECT_EQ(theme.themePrimary(), rgbaFromHex("#34D399"));
-}
-
 TEST_F(ThemeManagerTest, TogglesToTheOppositeOfWhatIsOnScreenAndTellsTheInboxATenthLater) {
     auto theme = make();
     int announced = 0;
@@ -91,14 +80,25 @@ TEST_F(ThemeManagerTest, TogglesToTheOppositeOfWhatIsOnScreenAndTellsTheInboxATe
     EXPECT_EQ(announced, 0);
 }
 
-TEST_F(ThemeManagerTest, ChoosesTheTextThatReadsOnTheAccent) {
+TEST_F(ThemeManagerTest, GivesTheColoursOfAPresetInLightAndDarkAndEmeraldsForNone) {
+    const Rgba white{1, 1, 1, 1}, black = rgbaFromHex("#1F2937");
+    const std::tuple<const char*, const char*, Rgba, const char*, Rgba> presets[] = {
+        {"olive", "#4F5D2F", white, "#D9F99D", black},
+        {"gold", "#B57A00", white, "#FBBF24", black},
+        {"Gold", "#0F5132", white, "#34D399", white}};
     auto theme = make();
-    theme.setActivePresetId("olive");
-    EXPECT_EQ(theme.themePrimaryContrastText(), (Rgba{1, 1, 1, 1}));
-    theme.setAppearanceMode("dark");
-    EXPECT_EQ(theme.themePrimaryContrastText(), rgbaFromHex("#1F2937"));
-    theme.setActivePresetId("gold");
-    EXPECT_EQ(theme.themePrimaryLight(), rgbaFromHex("#FBBF24").withAlpha(0.16));
+    for (const auto& [id, light, onLight, dark, onDark] : presets) {
+        theme.setActivePresetId(id);
+        EXPECT_EQ(theme.activePresetId(), id);
+        theme.setAppearanceMode("sepia"); // Unknown: as the desktop.
+        EXPECT_EQ(theme.themePrimary(), rgbaFromHex(light)) << id;
+        EXPECT_EQ(theme.themePrimaryContrastText(), onLight) << id;
+        theme.setAppearanceMode("dark");
+        EXPECT_EQ(theme.themePrimary(), rgbaFromHex(dark)) << id;
+        EXPECT_EQ(theme.themePrimaryContrastText(), onDark) << id;
+        EXPECT_EQ(theme.themePrimaryLight(), rgbaFromHex(dark).withAlpha(0.16)) << id;
+    }
+    EXPECT_EQ(black, (Rgba{31 / 255.0, 41 / 255.0, 55 / 255.0, 1}));
 }
 
 TEST_F(ThemeManagerTest, WaitsForTheToolkitAndThenFollowsTheDesktop) {

@@ -49,15 +49,6 @@ protected:
 
 } // namespace
 
-TEST_F(AddPageFlowTest, DoesNothingWithABlankToken) {
-    flow->token.set(" \t\r\n\u2003");
-    EXPECT_FALSE(flow->hasToken());
-    flow->verifyToken();
-    EXPECT_FALSE(*flow->isVerifying);
-    flow->addSelectedPage();
-    EXPECT_EQ(world.clientsMade, 0);
-}
-
 TEST_F(AddPageFlowTest, OffersThePagesOfAUserTokenAndAddsThePickedOneByItsOwnToken) {
     world.answerAccounts({200, twoPages, {}});
     verify();

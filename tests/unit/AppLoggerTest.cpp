@@ -23,7 +23,7 @@ class AppLoggerTest : public testing::Test {
 protected:
     AppLoggerTest() {
         environment_.set("TZ", "TST-7");
-        std::ofstream(world_.folder / "machine-id") << "0123abc\n";
+        std::ofstream(world_.folder / "machine-id") << " 0123abc \r\n";
         clock_.advance(std::chrono::ceil<Clock::Delay>(afternoon - clock_.now()));
     }
 

@@ -12,15 +12,6 @@
 
 using namespace tessaro;
 
-TEST(DeviceIdentity, IsTheMachineIdentifierWithoutItsLineBreakAndStoresNothing) {
-    const test::TempFolder temp;
-    SettingsStore settings(temp / "settings.ini");
-    std::ofstream(temp / "machine-id") << " 0123456789abcdef0123456789abcdef \r\n";
-    const DeviceIdentity device(settings, temp / "machine-id");
-    EXPECT_EQ(device.getDeviceUUID(), "0123456789abcdef0123456789abcdef");
-    EXPECT_FALSE(std::filesystem::exists(temp / "settings.ini"));
-}
-
 TEST(DeviceIdentity, IsARememberedRandomIdentifierWhereTheMachineHasNone) {
     for (const char* content : {"\n", "uninitialized\n", "\xFF\xFE\n"}) {
         const test::TempFolder temp;

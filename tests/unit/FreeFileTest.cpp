@@ -11,7 +11,6 @@ using tessaro::freeFile;
 
 TEST(FreeFile, NumbersANameThatIsTaken) {
     const tessaro::test::TempFolder folder;
-    EXPECT_EQ(freeFile(folder.path(), "Báo giá.pdf"), folder / "Báo giá.pdf");
     std::ofstream(folder / "Báo giá.pdf") << "first";
     std::filesystem::create_symlink("/nowhere/at/all", folder / "Báo giá (1).pdf");
     EXPECT_EQ(freeFile(folder.path(), "Báo giá.pdf"), folder / "Báo giá (2).pdf");

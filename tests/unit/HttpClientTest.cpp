@@ -84,28 +84,6 @@ TEST_F(HttpClientTest, TellsItsCallersCancellationFromALimit) {
     EXPECT_EQ(codeOf(await(client.send({.url = origin}, cancellation))), HttpClient::cancelled);
 }
 
-TEST_F(HttpClientTest, EndsItsRequestAndClosesItsConnectionsThoughItWasDropped) {
-    server.answer("/", "whole");
-    std::optional<HttpClient> client(std::in_place, HttpOptions{});
-    auto task = client->send({.url = origin + "/"});
-    client.reset();
-    EXPECT_EQ(await(std::move(task)).value().body, "whole");
-    EXPECT_TRUE(runUntil([&] { return server.openConnections() == 0; }));
-}
-
-TEST_F(HttpClientTest, RefusesABodyBeyondItsLimitHoweverItIsFramed) {
-    for (const std::string head :
-         {"Content-Length: 4\r\n\r\n", "\r\n", "Transfer-Encoding: chunked\r\n\r\n4\r\n"}) {
-        server.handle("*", [head](ServerConnection& connection, const ReceivedRequest&) {
-            const bool chunked = head.ends_with("4\r\n");
-            connection.write(
-                "HTTP/1.1 200 OK\r\n" + head + "four" + (chunked ? "\r\n0\r\n\r\n" : ""));
-        });
-        EXPECT_EQ(get(origin, {.bodyLimit = 4}).value().body, "four");
-        EXPECT_EQ(codeOf(get(origin, {.bodyLimit = 3})), HttpClient::bodyTooLong) << head;
-    }
-}
-
 TEST_F(HttpClientTest, GoesWhereARedirectSaysWithoutTheFirstQuery) {
     LoopbackServer target("", "127.0.0.2");
     target.answer("/a/start", redirect(301, "../picture.jpg?size=2"));

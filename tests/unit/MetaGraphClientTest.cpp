@@ -63,14 +63,6 @@ TEST_F(MetaGraphClientTest, ListsTheManagedPagesInTheOrderReceived) {
         lastTarget(), "/v25.0/me/accounts?fields=id,name,access_token,picture&access_token=EAAB");
 }
 
-TEST_F(MetaGraphClientTest, YieldsThePicturesBytesUnchanged) {
-    for (const std::string& bytes : {std::string("\xff\xd8\0\r\n\xff", 6), std::string("{}")}) {
-        world.answerPicture("123", {200, bytes, {}});
-        EXPECT_EQ(await(clientFor()->fetchCustomerAvatarData(PageId{"123"})).value(), bytes);
-        EXPECT_EQ(lastTarget(), "/v25.0/123/picture?type=normal&access_token=EAAB");
-    }
-}
-
 TEST_F(MetaGraphClientTest, TellsFailuresAsTheGraphApiPutsThem) {
     const struct {
         int status;
