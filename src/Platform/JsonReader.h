@@ -14,8 +14,8 @@
 /// its value: values may be secrets.
 namespace tessaro {
 
-/// Parses one document. One that is nested more than 512 levels deep is refused before it is
-/// parsed: it would take many times its own size in memory.
+/// Parses one document. One that is nested more than 512 levels deep is refused: it would take many
+/// times its own size in memory.
 Result<nlohmann::json> parseJson(std::string_view text);
 
 /// Parses a document that must be an array and hands out its elements one by one, none of which

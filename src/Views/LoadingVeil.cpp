@@ -9,8 +9,9 @@ namespace tessaro {
 namespace {
 
 constexpr double blurRadius = 12.0; ///< In points.
-/// The engine waits for this thread while a page begins to load. Most have loaded before this.
-constexpr Clock::Delay pictureDelay(100);
+/// The engine waits for this thread while a page begins to load, so that drawing slows it down.
+/// What is done within this time seems to be done at once.
+constexpr Clock::Delay unseenTime(100);
 constexpr float reduction = 4; ///< Nobody sees on what is out of focus how coarse it is.
 
 /// What the widget shows, out of focus and reduced in size, since blurring every pixel takes long.
@@ -54,26 +55,32 @@ LoadingVeil::LoadingVeil(Clock& clock) : clock_(clock) {
 }
 
 void LoadingVeil::cover(Gtk::Widget* page) {
-    if (page && page->get_mapped() && !get_visible()) {
-        // The page itself is the ground until there is a picture of it.
-        backdrop_.set_visible(false);
-        pictureTimer_ = clock_.timer(pictureDelay, [this, page] {
-            if (page->get_mapped()) // The window may have been closed meanwhile.
-                gtk_picture_set_paintable(
-                    backdrop_.gobj(), GDK_PAINTABLE(pictureOutOfFocus(*page).get()));
-            backdrop_.set_visible();
-        });
+    if (get_visible())
+        return;
+    set_visible();
+    if (!page || !page->get_mapped()) {
+        show();
+        return;
     }
-    set_visible(true);
-    spinner_.set_spinning(true);
+    set_opacity(0);
+    delay_ = clock_.timer(unseenTime, [this, page] {
+        if (page->get_mapped()) // The window may have been closed meanwhile.
+            gtk_picture_set_paintable(
+                backdrop_.gobj(), GDK_PAINTABLE(pictureOutOfFocus(*page).get()));
+        show();
+    });
+}
+
+void LoadingVeil::show() {
+    spinner_.set_spinning();
+    set_opacity(1);
 }
 
 void LoadingVeil::lift() {
+    delay_.disconnect();
     set_visible(false);
     spinner_.set_spinning(false);
-    pictureTimer_.disconnect();
     backdrop_.set_paintable({});
-    backdrop_.set_visible();
 }
 
 } // namespace tessaro

@@ -17,14 +17,16 @@ public:
     explicit LoadingVeil(Clock& clock);
 
     /// Covers everything until lift(). `page` lies below and must stay until then. It shines
-    /// through; after a moment out of focus, as it looks at that time. Without one there is nothing
-    /// to see.
+    /// through out of focus, as it looks a tenth of a second later, when the veil begins to be
+    /// seen. Without a page there is only a plain ground, at once.
     void cover(Gtk::Widget* page);
     void lift();
 
 private:
+    void show();
+
     Clock& clock_;
-    ScopedConnection pictureTimer_;
+    ScopedConnection delay_;
     Gtk::Picture backdrop_;
     Gtk::Box column_{Gtk::Orientation::VERTICAL, 12};
     Gtk::Spinner spinner_;
