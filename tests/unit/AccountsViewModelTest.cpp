@@ -80,14 +80,3 @@ TEST_F(AccountsViewModelTest, MovesALostSelectionToTheFirstAccountLeft) {
     EXPECT_EQ(*model.selectedAccount, std::nullopt);
     EXPECT_THAT(stored(), IsEmpty());
 }
-
-TEST_F(AccountsViewModelTest, FollowsItsSelectionWhenItLoadsAgain) {
-    model.selectAccount(second);
-    world.store.saveAccounts({renamed(second, "mới")});
-    model.loadAccounts();
-    ASSERT_THAT(*model.selectedAccount, Optional(second));
-    EXPECT_EQ((*model.selectedAccount)->name, "mới");
-    world.store.saveAccounts({first});
-    model.loadAccounts();
-    EXPECT_EQ(*model.selectedAccount, std::nullopt);
-}

@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <thread>
 
 using namespace tessaro;
 using test::makeAccount, test::makePage;
@@ -98,22 +97,4 @@ TEST_F(DataStoreTest, SetsAFileAsideThatDidNotDecodeBeforeItIsReplaced) {
     store.savePages({a});
     EXPECT_THAT(names(), testing::Contains("pages.json.unreadable-2025-03-01T09-30-05Z"));
     EXPECT_THAT(world.newStore().loadPages(), ElementsAre(a));
-}
-
-TEST_F(DataStoreTest, LetsListOperationsOfSeveralThreadsFollowOneAnother) {
-    store.saveAccounts({first, second});
-    store.savePages({a, b, c, d});
-    const auto work = [&] {
-        for (int i = 0; i < 20; ++i) {
-            EXPECT_THAT(store.pages(first.id), SizeIs(2));
-            store.savePages(store.loadPages());
-            store.deletePage(PageConfigId::random());
-        }
-    };
-    std::thread one(work), other(work);
-    work();
-    one.join();
-    other.join();
-    EXPECT_THAT(world.newStore().loadPages(), ElementsAre(a, b, c, d));
-    EXPECT_THAT(world.keychain.removed, SizeIs(60));
 }

@@ -1,14 +1,13 @@
 #include "Platform/FileStore.h"
 
 #include "Platform/FileName.h"
-#include "support/StoreWorld.h"
+#include "support/TempFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <fstream>
-#include <map>
 #include <set>
 
 using namespace tessaro;
@@ -51,42 +50,19 @@ TEST(FileStore, MakesFilesAndFoldersForTheOwnerAloneWhateverTheUmaskAndTheModeBe
     }
 }
 
-TEST(FileStore, TheNextStartNarrowsModesAndSweepsOnlyTemporaryFiles) {
-    test::StoreWorld world;
-    const auto avatars = world.records / "avatars", config = world.folder / "config",
-               elsewhere = world.folder / "elsewhere";
-    const std::map<std::filesystem::path, bool> staying{
-        {world.records / "accounts.json", true},
-        {world.records / "pages.json.unreadable-2025", true},
-        {world.records / ".tessaro-notes", true},
-        {world.records / ".tessaro-a1B2c3", false},
-        {avatars / "1.jpg", true},
-        {avatars / ".tessaro-ZZZZZZ", false},
-        {config / "settings.ini", true},
-        {config / ".tessaro-000000", false}};
-    for (const auto& folder : {world.records, avatars, config}) {
-        std::filesystem::create_directories(folder);
-        std::filesystem::permissions(folder, perms::all);
-    }
-    const auto everyones = ownerFile | perms::group_all | perms::others_all;
-    const auto make = [&](const std::filesystem::path& file) {
+TEST(FileStore, TheNextStartSweepsItsTemporaryFilesAndLeavesOtherFilesAndWhatALinkLeadsTo) {
+    const test::TempFolder folder, elsewhere;
+    const auto notes = folder / ".tessaro-notes", stale = folder / ".tessaro-a1B2c3",
+               others = elsewhere / "file";
+    for (const auto& file : {notes, stale, others}) {
         std::ofstream(file) << "x";
-        std::filesystem::permissions(file, everyones);
-    };
-    for (const auto& [file, stays] : staying)
-        make(file);
-    make(elsewhere);
-    std::filesystem::create_symlink(elsewhere, world.records / "link");
-
-    const auto store = world.newStore();
-    const SettingsStore settings(config / "settings.ini");
-    for (const auto& [file, stays] : staying) {
-        EXPECT_EQ(std::filesystem::exists(file), stays) << file;
-        EXPECT_TRUE(!stays || modeOf(file) == ownerFile) << file;
+        std::filesystem::permissions(file, perms::all);
     }
-    for (const auto& folder : {world.records, avatars, config})
-        EXPECT_EQ(modeOf(folder), ownerFolder) << folder;
-    EXPECT_EQ(modeOf(elsewhere), everyones);
+    std::filesystem::create_symlink(others, folder / "link");
+    makePrivate(folder.path());
+    EXPECT_FALSE(std::filesystem::exists(stale));
+    EXPECT_EQ(modeOf(notes), ownerFolder);
+    EXPECT_EQ(modeOf(others), perms::all);
 }
 
 TEST(FileName, StaysInItsFolderAndTellsEveryTextApart) {

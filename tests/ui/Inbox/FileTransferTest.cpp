@@ -6,7 +6,6 @@
 #include "support/ScopedEnvironment.h"
 
 #include <gmock/gmock.h>
-#include <gtk/gtk.h>
 
 #include <atomic>
 #include <fstream>
@@ -135,34 +134,6 @@ TEST_F(FileTransfer, EndsADownloadThatIsCancelled) {
     EXPECT_FALSE(bar.get_visible());
     EXPECT_TRUE(runUntil([&] { return wasGivenUp.load(); }));
     EXPECT_TRUE(runUntil([&] { return files().empty(); }));
-}
-
-TEST_F(FileTransfer, UploadsWhatThePersonChoosesAndGetsItBack) {
-    const fs::path chosen = home / "ảnh.txt";
-    std::ofstream(chosen) << "bytes of a picture";
-    ASSERT_TRUE(browser.waitForConversations());
-    browser.ask("document.querySelector('.attach').click()");
-
-    // The engine asks with the toolkit's own dialog.
-    GtkFileChooser* dialog = nullptr;
-    ASSERT_TRUE(runUntil([&] {
-        for (auto* each : Gtk::Window::list_toplevels())
-            if (GTK_IS_FILE_CHOOSER(each->gobj()) && each->get_mapped())
-                dialog = GTK_FILE_CHOOSER(each->gobj());
-        return dialog != nullptr;
-    }));
-    const auto file = GObjectPtr<GFile>::adopt(g_file_new_for_path(chosen.c_str()));
-    ASSERT_TRUE(gtk_file_chooser_set_file(dialog, file.get(), nullptr));
-    ASSERT_TRUE(runUntil([&] {
-        const auto picked = GObjectPtr<GFile>::adopt(gtk_file_chooser_get_file(dialog));
-        return picked && g_file_equal(picked.get(), file.get());
-    }));
-    gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_ACCEPT);
-
-    ASSERT_TRUE(browser.waitUntil("document.querySelectorAll('.file').length === 2"));
-    browser.ask("document.querySelectorAll('.file')[1].click()");
-    ASSERT_TRUE(waitForText("Đã lưu vào "));
-    EXPECT_EQ(contentOf("ảnh.txt"), "bytes of a picture");
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "Services/SupportClient.h"
 #include "ViewModels/PagesViewModel.h"
 #include "support/GraphWorld.h"
 #include "support/HostileServers.h"
@@ -6,6 +7,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <regex>
 
 using namespace tessaro;
 using namespace tessaro::test;
@@ -22,8 +25,9 @@ constexpr int fittingPages = 350'000;
 
 constexpr const char* marked = "EAAB marked#token/%1";
 
-/// An object that contents every request of the client.
-constexpr const char* goodBody = R"({"id":"7","name":"Trang","data":[]})";
+/// An object that contents every request of both clients.
+constexpr const char* goodBody = R"({"id":"7","name":"Trang","data":[],"success":true,
+    "version":"2.0","url":"javascript:x","notes":"<b>\u202e"})";
 
 /// A handler that sends what is made of the request's target, the token in it.
 LoopbackServer::Handler echoes(std::function<std::string(const std::string& target)> text) {
@@ -45,18 +49,20 @@ std::string errorsOf(GraphWorld& world, const Account& account) {
     return errors;
 }
 
-class HostileGraphServer : public testing::TestWithParam<HostileServer> {};
+class AHostileServer : public testing::TestWithParam<HostileServer> {};
 
 INSTANTIATE_TEST_SUITE_P(
-    That, HostileGraphServer, testing::ValuesIn(hostileServers(goodBody)), hostileName);
+    That, AHostileServer, testing::ValuesIn(hostileServers(goodBody)), hostileName);
 
 } // namespace
 
-TEST_P(HostileGraphServer, IsEndedInBoundedTimeAndMemoryAndToldOfWithoutTheToken) {
+TEST_P(AHostileServer, IsEndedInBoundedTimeAndMemoryAndToldOfWithoutTheToken) {
     GraphWorld world;
     world.options = hostileOptions();
     world.baseUrl = GetParam().start(world.server);
     const auto client = world.makeClient(SecretText(marked), std::nullopt);
+    SupportClient support(
+        world.settings, world.baseUrl, world.device, world.logger, hostileOptions());
     const HostileBounds bounds;
     const auto check = [](const auto& result, bool answers) {
         EXPECT_EQ(result.has_value(), answers);
@@ -68,6 +74,17 @@ TEST_P(HostileGraphServer, IsEndedInBoundedTimeAndMemoryAndToldOfWithoutTheToken
     check(await(client->fetchManagedPages()), GetParam().answers);
     const auto picture = await(client->fetchCustomerAvatarData(PageId{"1"}));
     check(picture, picture.has_value());
+
+    const auto info = await(support.checkUpdate());
+    check(info, GetParam().answers);
+    EXPECT_TRUE(!info || *info == (UpdateInfo{"2.0", "javascript:x", "<b>\u202e"}));
+    check(await(support.uploadLog("a.log", std::string(1 << 20, 'x'))), GetParam().answers);
+    for (const std::string path : {"update/check", "support/upload-log"})
+        EXPECT_EQ(
+            std::regex_search(
+                world.loggedLines(), std::regex("\\[ERROR\\] SupportClient: .*" + path)),
+            !GetParam().answers)
+            << path;
 }
 
 TEST(HostileGraph, ServersThatEchoTheTokenAreToldOfWithoutIt) {
