@@ -4,28 +4,23 @@ namespace tessaro::test {
 
 namespace {
 
-template <typename Answer>
-Task<Result<Answer>>
-answerAfter(FakeGraph& graph, const std::map<std::string, Answer>& answers, std::string token) {
-    co_await graph.gate.pass();
-    const auto answer = answers.find(token);
-    if (answer == answers.end())
-        co_return failure("MetaGraph", 190, FakeGraph::refusal);
-    co_return answer->second;
-}
-
 class FakeClient final : public MetaGraphClient {
 public:
-    FakeClient(FakeGraph& graph, SecretText token)
+    FakeClient(FakeGraph& graph, const SecretText& token)
         : MetaGraphClient("http://127.0.0.1:9/v25.0", token, std::nullopt),
           graph_(graph),
           token_(token.reveal()) {}
 
     Task<Result<PageInfo>> fetchPageInfo() override {
-        return answerAfter(graph_, graph_.objects, token_);
+        co_await graph_.gate.pass();
+        const auto answer = graph_.objects.find(token_);
+        if (answer == graph_.objects.end())
+            co_return failure("MetaGraph", 190, "Token không hợp lệ.");
+        co_return answer->second;
     }
     Task<Result<std::vector<ResolvedPage>>> fetchManagedPages() override {
-        return answerAfter(graph_, graph_.managed, token_);
+        co_await graph_.gate.pass();
+        co_return failure("MetaGraph", 100, "Token của một Page.");
     }
     Task<Result<std::string>> fetchCustomerAvatarData(PageId) override {
         co_return failure("MetaGraph", 404, "Không có ảnh.");
@@ -39,9 +34,9 @@ private:
 } // namespace
 
 GraphClientFactory FakeGraph::factory() {
-    return [this](SecretText token, std::optional<Account>) {
+    return [this](const SecretText& token, const std::optional<Account>&) {
         asked.push_back(token.reveal());
-        return std::make_shared<FakeClient>(*this, std::move(token));
+        return std::make_shared<FakeClient>(*this, token);
     };
 }
 

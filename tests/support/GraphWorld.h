@@ -12,9 +12,7 @@ struct GraphWorld : StoreWorld {
     LoopbackServer server;
     std::string baseUrl = server.origin() + "/v25.0";
     HttpOptions options;
-    int clientsMade = 0;
     GraphClientFactory makeClient = [this](SecretText token, std::optional<Account> account) {
-        ++clientsMade;
         return std::make_shared<MetaGraphClient>(baseUrl, std::move(token), account, options);
     };
 

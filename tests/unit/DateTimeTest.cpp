@@ -5,14 +5,11 @@
 using namespace tessaro;
 using namespace std::chrono_literals;
 
-TEST(DateTime, WritesBackWhatItReadsWithoutTheFractionOfASecond) {
+TEST(DateTime, WritesBackWhatItReadsAndRefusesOtherFormsAndTimesThatDoNotExist) {
     for (const char* text :
          {"2025-03-01T09:30:05Z", "2024-02-29T00:00:00Z", "1969-12-31T23:59:59Z",
           "0001-01-01T00:00:00Z", "9999-12-31T23:59:59Z"})
         EXPECT_EQ(formatDateTime(parseDateTime(text).value() + 999ms), text);
-}
-
-TEST(DateTime, RefusesOtherFormsAndTimesThatDoNotExist) {
     for (const char* text :
          {"2025-03-01T09:30:05.250Z", "2025-03-01T09:30:05", "2025-03-01T09:30:05+00:00",
           "2025-03-01t09:30:05z", "2025-3-01T09:30:05Z", " 2025-03-01T09:30:05Z",
