@@ -9,12 +9,6 @@ namespace {
 using namespace std::chrono_literals;
 using namespace std::string_literals;
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr auto timeLimit = 30s;
-#else
-constexpr auto timeLimit = 6s;
-#endif
-
 const std::string success = "HTTP/1.1 200 OK\r\n";
 const std::string chunked = success + "Transfer-Encoding: chunked\r\n\r\n";
 
@@ -124,26 +118,6 @@ std::vector<HostileServer> hostileServers(const std::string& body) {
         {"SendsEveryKeyTwice", sendsDocument(withEveryKeyTwice(body)), true},
         {"PutsAZeroByteBehindItsAnswer", sendsDocument(body + "\0"s)},
     };
-}
-
-std::string HostileServer::start(LoopbackServer& server) const {
-    if (!behave)
-        return LoopbackServer().origin(); // Nobody is there any more.
-    server.handle("*", behave);
-    return server.origin();
-}
-
-std::string hostileName(const testing::TestParamInfo<HostileServer>& server) {
-    return server.param.name;
-}
-
-HostileBounds::~HostileBounds() {
-    EXPECT_LT(std::chrono::steady_clock::now() - start_, timeLimit);
-    EXPECT_LT(memory_.growth(), (32 << 20) * memoryFactor);
-}
-
-HttpOptions hostileOptions() {
-    return {.silenceLimit = 1s, .totalLimit = 700ms, .bodyLimit = 1 << 20};
 }
 
 } // namespace tessaro::test

@@ -1,12 +1,7 @@
 #pragma once
 
-#include "Platform/HttpClient.h"
 #include "support/LoopbackServer.h"
-#include "support/PeakMemory.h"
 
-#include <gtest/gtest.h>
-
-#include <chrono>
 #include <string>
 #include <vector>
 
@@ -19,29 +14,17 @@ struct HostileServer {
     bool answers = false;           ///< Whether a JSON client still gets its answer whole.
 
     /// Makes the server behave so, and returns the origin for the client.
-    std::string start(LoopbackServer& server) const;
+    std::string start(LoopbackServer& server) const {
+        if (!behave)
+            return LoopbackServer().origin(); // Nobody is there any more.
+        server.handle("*", behave);
+        return server.origin();
+    }
 };
 
-/// Every way that this project knows. Each must end within hostileOptions().
+/// Every way that this project knows. Each must end within the limits of its client.
 ///
 /// @param body  the JSON object that the client under test would be content with
 std::vector<HostileServer> hostileServers(const std::string& body);
-
-/// Its name as a test may be called.
-std::string hostileName(const testing::TestParamInfo<HostileServer>& server);
-
-/// Limits short enough for a test to wait for each of them.
-HttpOptions hostileOptions();
-
-/// Fails the test when what happens during its life takes too much time or memory for a few
-/// requests to one hostile server.
-class HostileBounds {
-public:
-    ~HostileBounds();
-
-private:
-    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
-    PeakMemory memory_;
-};
 
 } // namespace tessaro::test
