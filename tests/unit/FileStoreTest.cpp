@@ -1,7 +1,7 @@
 #include "Platform/FileStore.h"
 
 #include "Platform/FileName.h"
-#include "support/TempFolder.h"
+#include "support/StoreWorld.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -50,19 +50,27 @@ TEST(FileStore, MakesFilesAndFoldersForTheOwnerAloneWhateverTheUmaskAndTheModeBe
     }
 }
 
-TEST(FileStore, TheNextStartSweepsItsTemporaryFilesAndLeavesOtherFilesAndWhatALinkLeadsTo) {
-    const test::TempFolder folder, elsewhere;
-    const auto notes = folder / ".tessaro-notes", stale = folder / ".tessaro-a1B2c3",
-               others = elsewhere / "file";
-    for (const auto& file : {notes, stale, others}) {
+TEST(FileStore, TheNextStartTakesFilesFromOthersAndSweepsOnlyItsOwnTemporaryOnes) {
+    test::StoreWorld world;
+    const auto elsewhere = world.folder / "elsewhere";
+    const auto make = [](const std::filesystem::path& file) {
         std::ofstream(file) << "x";
         std::filesystem::permissions(file, perms::all);
+    };
+    make(elsewhere);
+    const auto folders = {world.records, world.records / "avatars"};
+    for (const auto& folder : folders) {
+        std::filesystem::create_directories(folder);
+        make(folder / ".tessaro-notes");
+        make(folder / ".tessaro-a1B2c3");
+        std::filesystem::create_symlink(elsewhere, folder / "link");
     }
-    std::filesystem::create_symlink(others, folder / "link");
-    makePrivate(folder.path());
-    EXPECT_FALSE(std::filesystem::exists(stale));
-    EXPECT_EQ(modeOf(notes), ownerFolder);
-    EXPECT_EQ(modeOf(others), perms::all);
+    world.newStore();
+    for (const auto& folder : folders) {
+        EXPECT_EQ(modeOf(folder / ".tessaro-notes"), perms::owner_all) << folder;
+        EXPECT_FALSE(std::filesystem::exists(folder / ".tessaro-a1B2c3")) << folder;
+    }
+    EXPECT_EQ(modeOf(elsewhere), perms::all);
 }
 
 TEST(FileName, StaysInItsFolderAndTellsEveryTextApart) {

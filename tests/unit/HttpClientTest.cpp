@@ -84,6 +84,15 @@ TEST_F(HttpClientTest, TellsItsCallersCancellationFromALimit) {
     EXPECT_EQ(codeOf(await(client.send({.url = origin}, cancellation))), HttpClient::cancelled);
 }
 
+TEST_F(HttpClientTest, EndsItsRequestAndClosesItsConnectionsThoughItWasDropped) {
+    server.answer("/", "whole");
+    std::optional<HttpClient> client(std::in_place, HttpOptions{});
+    auto task = client->send({.url = origin + "/"});
+    client.reset();
+    EXPECT_EQ(await(std::move(task)).value().body, "whole");
+    EXPECT_TRUE(runUntil([&] { return server.openConnections() == 0; }));
+}
+
 TEST_F(HttpClientTest, GoesWhereARedirectSaysWithoutTheFirstQuery) {
     LoopbackServer target("", "127.0.0.2");
     target.answer("/a/start", redirect(301, "../picture.jpg?size=2"));
