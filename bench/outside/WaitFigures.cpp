@@ -13,8 +13,6 @@ namespace tessaro::bench {
 namespace {
 
 constexpr int switches = 6;
-/// Between two switches, so that none falls into what the one before has left to do.
-constexpr auto rest = std::chrono::milliseconds(500);
 
 double bareStart() {
     FirstFrame frame;
@@ -41,10 +39,8 @@ double pageSwitch(const Site& site) {
     tessaro.showPages();
     tessaro.openPage(0);
     std::vector<double> taken;
-    for (int i = 1; i <= switches; ++i) {
-        std::this_thread::sleep_for(rest);
+    for (int i = 1; i <= switches; ++i)
         taken.push_back(tessaro.openPage(i % 2));
-    }
     return median(std::move(taken));
 }
 
@@ -58,7 +54,7 @@ double bareSwitch(const Site& site) {
         site.waitForRunAfter(before);
         if (i > 0) // The first one starts the engine.
             taken.push_back(millisecondsSince(start));
-        std::this_thread::sleep_for(rest);
+        std::this_thread::sleep_for(Tessaro::rest);
     }
     return median(std::move(taken));
 }
