@@ -59,7 +59,7 @@ void LoadingVeil::cover(Gtk::Widget* page) {
         return;
     set_visible();
     if (!page || !page->get_mapped()) {
-        show();
+        appear();
         return;
     }
     set_opacity(0);
@@ -67,11 +67,11 @@ void LoadingVeil::cover(Gtk::Widget* page) {
         if (page->get_mapped()) // The window may have been closed meanwhile.
             gtk_picture_set_paintable(
                 backdrop_.gobj(), GDK_PAINTABLE(pictureOutOfFocus(*page).get()));
-        show();
+        appear();
     });
 }
 
-void LoadingVeil::show() {
+void LoadingVeil::appear() {
     spinner_.set_spinning();
     set_opacity(1);
 }

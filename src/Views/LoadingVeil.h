@@ -23,7 +23,7 @@ public:
     void lift();
 
 private:
-    void show();
+    void appear();
 
     Clock& clock_;
     ScopedConnection delay_;
