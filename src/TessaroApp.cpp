@@ -2,12 +2,12 @@
 
 #include "Platform/Gtk/GtkDesktop.h"
 #include "Services/NotificationService.h"
-#include "Views/ContentView.h"
-#include "Views/GtkModals.h"
-#include "Views/MainWindow.h"
-#include "Views/Resources.h"
-#include "Views/ThemeStyle.h"
-#include "Views/UpdateCheck.h"
+#include "Views/Shell/ContentView.h"
+#include "Views/Shell/GtkModals.h"
+#include "Views/Shell/MainWindow.h"
+#include "Views/Shell/Resources.h"
+#include "Views/Shell/UpdateCheck.h"
+#include "Views/Theme/ThemeStyle.h"
 
 #include <adwaita.h>
 #include <glibmm/miscutils.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Views/ThemeManager.h"
+#include "Views/Theme/ThemeManager.h"
 
 #include <gtkmm/application.h>
 

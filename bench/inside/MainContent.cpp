@@ -6,7 +6,7 @@
 #include "inside/Instructions.h"
 #include "inside/MainLoopTime.h"
 
-#include "Views/AccountButton.h"
+#include "Views/Columns/AccountButton.h"
 #include "support/Gtk/Widgets.h"
 #include "support/MainLoop.h"
 

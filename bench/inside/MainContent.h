@@ -3,7 +3,7 @@
 #include "outside/Site.h"
 
 #include "Services/SupportClient.h"
-#include "Views/MainSplitView.h"
+#include "Views/Shell/MainSplitView.h"
 #include "support/Gtk/TestScreen.h"
 
 #include <functional>

@@ -8,7 +8,7 @@
 #include "inside/Instructions.h"
 #include "inside/MainContent.h"
 
-#include "Views/Resources.h"
+#include "Views/Shell/Resources.h"
 
 #include <adwaita.h>
 #include <gtkmm/init.h>

@@ -7,9 +7,9 @@
 #include "Services/DeviceIdentity.h"
 #include "Services/Endpoints.h"
 #include "Services/MetaGraphClient.h"
-#include "Views/ImageLoader.h"
 #include "Views/Modals.h"
-#include "Views/ThemeManager.h"
+#include "Views/Pictures/ImageLoader.h"
+#include "Views/Theme/ThemeManager.h"
 
 namespace tessaro {
 

@@ -1,9 +1,9 @@
 #include "Services/SupportClient.h"
-#include "Views/AccountDetailSheet.h"
-#include "Views/AddPageSheet.h"
-#include "Views/MainSplitView.h"
-#include "Views/Resources.h"
-#include "Views/SheetPresenter.h"
+#include "Views/Sheets/AccountDetailSheet.h"
+#include "Views/Sheets/AddPageSheet.h"
+#include "Views/Sheets/SheetPresenter.h"
+#include "Views/Shell/MainSplitView.h"
+#include "Views/Shell/Resources.h"
 #include "support/Gtk/TestScreen.h"
 
 #include <adwaita.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Views/ThemeStyle.h"
+#include "Views/Theme/ThemeStyle.h"
 #include "support/FakeGraph.h"
 #include "support/Gtk/ScreenWorld.h"
 #include "support/Gtk/Widgets.h"

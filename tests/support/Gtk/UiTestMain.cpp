@@ -1,4 +1,4 @@
-#include "Views/Resources.h"
+#include "Views/Shell/Resources.h"
 
 #include <adwaita.h>
 #include <gtest/gtest.h>

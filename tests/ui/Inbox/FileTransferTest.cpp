@@ -1,7 +1,7 @@
 #include "ui/Inbox/InboxWorld.h"
 
 #include "Platform/FileStore.h"
-#include "Views/DownloadBar.h"
+#include "Views/Inbox/DownloadBar.h"
 #include "support/Gtk/Widgets.h"
 #include "support/ScopedEnvironment.h"
 

@@ -1,6 +1,6 @@
 #include "ui/Inbox/InboxWorld.h"
 
-#include "Views/InboxCommands.h"
+#include "Views/Widgets/InboxCommands.h"
 #include "support/Gtk/WidgetPicture.h"
 
 #include <gtest/gtest.h>

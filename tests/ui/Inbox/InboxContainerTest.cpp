@@ -1,8 +1,8 @@
 #include "ui/Inbox/InboxWorld.h"
 #include "ui/Inbox/WebProcesses.h"
 
-#include "Views/InboxCommands.h"
-#include "Views/InboxContainerView.h"
+#include "Views/Inbox/InboxContainerView.h"
+#include "Views/Widgets/InboxCommands.h"
 #include "support/Gtk/Widgets.h"
 #include "support/ScopedEnvironment.h"
 

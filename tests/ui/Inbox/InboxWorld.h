@@ -1,11 +1,11 @@
 #pragma once
 
 #include "DemoServer.h"
+#include "Engine/WebSession.h"
 
-#include "Platform/Gtk/WebSession.h"
-#include "Views/ClippedWebViewContainer.h"
-#include "Views/Coordinator.h"
-#include "Views/PageInboxWebView.h"
+#include "Views/Inbox/ClippedWebViewContainer.h"
+#include "Views/Inbox/Coordinator.h"
+#include "Views/Inbox/PageInboxWebView.h"
 #include "support/Gtk/ScreenWorld.h"
 #include "support/LoopbackServer.h"
 #include "support/MainLoop.h"

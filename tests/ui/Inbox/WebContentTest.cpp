@@ -1,9 +1,9 @@
+#include "Engine/WebSandbox.h"
 #include "ui/Inbox/InboxWorld.h"
 #include "ui/Inbox/WebProcesses.h"
 
 #include "Platform/FileStore.h"
-#include "Platform/Gtk/WebSandbox.h"
-#include "Views/InboxCommands.h"
+#include "Views/Widgets/InboxCommands.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

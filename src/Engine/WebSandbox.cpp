@@ -1,0 +1,25 @@
+#include "Engine/WebSandbox.h"
+
+#include "Platform/GHandle.h"
+
+#include <filesystem>
+
+namespace tessaro {
+
+bool webSandboxWorks() {
+    // Inside a Flatpak the engine asks the portal for its sandbox.
+    if (std::filesystem::exists("/.flatpak-info"))
+        return true;
+    // Every sandboxed process talks to the session bus through this filter.
+    const GCharPtr busFilter(g_find_program_in_path("xdg-dbus-proxy"));
+    if (!busFilter)
+        return false;
+    const auto process = GObjectPtr<GSubprocess>::adopt(g_subprocess_new(
+        static_cast<GSubprocessFlags>(
+            G_SUBPROCESS_FLAGS_STDOUT_SILENCE | G_SUBPROCESS_FLAGS_STDERR_SILENCE),
+        nullptr, "bwrap", "--unshare-pid", "--unshare-uts", "--unshare-net", "--ro-bind", "/", "/",
+        "true", nullptr));
+    return process && g_subprocess_wait_check(process.get(), nullptr, nullptr);
+}
+
+} // namespace tessaro

@@ -1,0 +1,264 @@
+#include "Engine/WebView.h"
+
+#include <webkit/webkit.h>
+
+namespace tessaro {
+
+namespace {
+
+/// Whether the toolkit draws the windows without a graphics card, by choice or because there is
+/// none.
+bool windowsAreDrawnInSoftware() {
+    // Not through the wrappers: making one for a window that is not ours would leak it.
+    GListModel* const windows = gtk_window_get_toplevels();
+    for (guint i = 0; i < g_list_model_get_n_items(windows); ++i) {
+        const auto window = GObjectPtr<GtkNative>::adopt(
+            static_cast<GtkNative*>(g_list_model_get_item(windows, i)));
+        if (GSK_IS_CAIRO_RENDERER(gtk_native_get_renderer(window.get())))
+            return true;
+    }
+    return false;
+}
+
+GObjectPtr<WebKitWebView> makeView(const WebSession& session) {
+    const auto settings = GObjectPtr<WebKitSettings>::adopt(webkit_settings_new());
+    g_object_set(
+        settings.get(), "enable-javascript", TRUE, "media-playback-requires-user-gesture", FALSE,
+        // Window requests of scripts are answered in the same view, so they need no click.
+        "javascript-can-open-windows-automatically", TRUE,
+        // The quirks put other identities than the one set into requests to some hosts.
+        "enable-site-specific-quirks", FALSE, nullptr);
+    // An imitated graphics card would compile its programs in every web process and keep some fifty
+    // megabytes there, and what it draws would be copied once more.
+    if (windowsAreDrawnInSoftware())
+        webkit_settings_set_hardware_acceleration_policy(
+            settings.get(), WEBKIT_HARDWARE_ACCELERATION_POLICY_NEVER);
+    const auto policies = GObjectPtr<WebKitWebsitePolicies>::adopt(
+        webkit_website_policies_new_with_policies("autoplay", WEBKIT_AUTOPLAY_ALLOW, nullptr));
+    // A context of the view's own ends all its processes with it. A shared one would keep some,
+    // with what pages left in their memory, for later pages.
+    const auto context = GObjectPtr<WebKitWebContext>::adopt(webkit_web_context_new());
+    // Right is what one of them knows. One that is not installed is left out by the engine.
+    const char* const languages[] = {"vi_VN", "en_US", nullptr};
+    webkit_web_context_set_spell_checking_languages(context.get(), languages);
+    webkit_web_context_set_spell_checking_enabled(context.get(), TRUE);
+    return GObjectPtr<WebKitWebView>::share(static_cast<WebKitWebView*>(g_object_new(
+        WEBKIT_TYPE_WEB_VIEW, "web-context", context.get(), "network-session", session.get(),
+        "settings", settings.get(), "website-policies", policies.get(), nullptr)));
+}
+
+/// A question of a page, which waits for the answer for as long as this exists.
+class OpenDialog {
+public:
+    explicit OpenDialog(WebKitScriptDialog* dialog) : dialog_(webkit_script_dialog_ref(dialog)) {}
+    ~OpenDialog() { close(); }
+    OpenDialog(const OpenDialog&) = delete;
+    OpenDialog& operator=(const OpenDialog&) = delete;
+
+    /// The engine's signal has returned: the answer will come later.
+    void outliveSignal() { isInSignal_ = false; }
+
+    void close() {
+        if (WebKitScriptDialog* dialog = std::exchange(dialog_, nullptr)) {
+            // A dialog that nobody holds after its signal is closed by the engine, which crashes
+            // when that was done before.
+            if (!isInSignal_)
+                webkit_script_dialog_close(dialog);
+            webkit_script_dialog_unref(dialog);
+        }
+    }
+    void confirm(bool confirmed) {
+        if (dialog_)
+            webkit_script_dialog_confirm_set_confirmed(dialog_, confirmed);
+        close();
+    }
+
+private:
+    WebKitScriptDialog* dialog_;
+    bool isInSignal_ = true;
+};
+
+/// Whether the engine puts a page of its own, which tells the error, in place of the one that
+/// failed to load.
+bool showsErrorPage(const GError& error) {
+    return !g_error_matches(&error, WEBKIT_NETWORK_ERROR, WEBKIT_NETWORK_ERROR_CANCELLED) &&
+           !g_error_matches(
+               &error, WEBKIT_POLICY_ERROR,
+               WEBKIT_POLICY_ERROR_FRAME_LOAD_INTERRUPTED_BY_POLICY_CHANGE) &&
+           !g_error_matches(&error, WEBKIT_MEDIA_ERROR, WEBKIT_MEDIA_ERROR_WILL_HANDLE_LOAD);
+}
+
+} // namespace
+
+WebView::WebView(
+    const WebSession& session, Clock& clock, WebNotifications::PermittedOrigin permittedOrigin)
+    : view_(makeView(session)),
+      widget_(Glib::wrap(GTK_WIDGET(view_.get()))),
+      notifications_(view_.get(), std::move(permittedOrigin)),
+      clock_(clock) {
+    const auto connect =
+        [this]<typename Signature>(const char* signal, std::function<Signature> handler) {
+            signals_.push_back(connectSignal<Signature>(view_.get(), signal, std::move(handler)));
+        };
+    // For its swipes the engine takes a picture of the page at each navigation, and crashes over a
+    // view that is not in a window then.
+    connect("map", std::function([this](WebKitWebView*) { setSwipeGestures(true); }));
+    connect("unmap", std::function([this](WebKitWebView*) { setSwipeGestures(false); }));
+    connect("load-changed", std::function([this](WebKitWebView*, WebKitLoadEvent event) {
+                onLoadChanged(event);
+            }));
+    connect(
+        "load-failed",
+        std::function(
+            [this](WebKitWebView*, WebKitLoadEvent, char* address, GError* error) -> gboolean {
+                onLoadFailed(showsErrorPage(*error) ? address : "");
+                return FALSE;
+            }));
+    connect(
+        "notify::title", std::function([this](WebKitWebView*, GParamSpec*) { onTitleChanged(); }));
+    connect("notify::estimated-load-progress", std::function([this](WebKitWebView*, GParamSpec*) {
+                onProgress();
+            }));
+    connect("create", std::function([this](WebKitWebView*, WebKitNavigationAction* action) {
+                const char* address =
+                    webkit_uri_request_get_uri(webkit_navigation_action_get_request(action));
+                if (delegate_)
+                    delegate_->createWebView(*this, address ? address : "");
+                return static_cast<GtkWidget*>(nullptr);
+            }));
+    connect(
+        "script-dialog",
+        std::function([this](WebKitWebView*, WebKitScriptDialog* dialog) -> gboolean {
+            return onScriptDialog(dialog);
+        }));
+    connect(
+        "web-process-terminated",
+        std::function([this](WebKitWebView*, WebKitWebProcessTerminationReason) {
+            onWebProcessTerminated();
+        }));
+}
+
+WebView::~WebView() {
+    signals_.clear();
+    // A script that still runs would keep the view, and the process, a while longer.
+    webkit_web_view_terminate_web_process(view_.get());
+}
+
+void WebView::setCustomUserAgent(const std::string& userAgent) {
+    webkit_settings_set_user_agent(webkit_web_view_get_settings(view_.get()), userAgent.c_str());
+}
+
+void WebView::load(const std::string& address) {
+    errorPageAddress_.clear();
+    isAwaitingPage_ = true;
+    // Several megabytes for each Page would stay in memory for as long as it can be gone back to.
+    // The new page brings the gestures back.
+    setSwipeGestures(false);
+    webkit_web_view_load_uri(view_.get(), address.c_str());
+}
+
+void WebView::reload() {
+    errorPageAddress_.clear();
+    webkit_web_view_reload(view_.get());
+}
+
+void WebView::setPageZoom(double factor) {
+    webkit_web_view_set_zoom_level(view_.get(), factor);
+}
+
+double WebView::pageZoom() const {
+    return webkit_web_view_get_zoom_level(view_.get());
+}
+
+void WebView::evaluateScript(const std::string& script) {
+    webkit_web_view_evaluate_javascript(
+        view_.get(), script.data(), static_cast<gssize>(script.size()), nullptr, nullptr, nullptr,
+        nullptr, nullptr);
+}
+
+std::string WebView::address() const {
+    const char* address = webkit_web_view_get_uri(view_.get());
+    return address ? address : "";
+}
+
+bool WebView::isLoading() const {
+    return webkit_web_view_is_loading(view_.get());
+}
+
+std::string WebView::title() const {
+    const char* title = webkit_web_view_get_title(view_.get());
+    return title ? title : "";
+}
+
+void WebView::setSwipeGestures(bool areEnabled) {
+    webkit_settings_set_enable_back_forward_navigation_gestures(
+        webkit_web_view_get_settings(view_.get()), areEnabled);
+}
+
+void WebView::onLoadChanged(int event) {
+    if (event == WEBKIT_LOAD_STARTED) {
+        const std::string errorPage = std::exchange(errorPageAddress_, {});
+        if (!errorPage.empty() && errorPage == address())
+            return;
+        hasFailed_ = false;
+        isAwaitingPage_ = true;
+        expectProgress();
+        if (delegate_)
+            delegate_->didStartProvisionalNavigation(*this);
+    } else if (event == WEBKIT_LOAD_COMMITTED) {
+        isAwaitingPage_ = false;
+        onTitleChanged();
+        setSwipeGestures(widget_->get_mapped());
+    } else if (event == WEBKIT_LOAD_FINISHED) {
+        isAwaitingPage_ = false;
+        timeout_.disconnect();
+        // The engine says of a failed load and of its error page, too, that they have finished.
+        if (delegate_ && !hasFailed_)
+            delegate_->didFinishNavigation(*this);
+    }
+}
+
+void WebView::onLoadFailed(const std::string& errorPageAddress) {
+    hasFailed_ = true;
+    isAwaitingPage_ = false;
+    errorPageAddress_ = errorPageAddress;
+    timeout_.disconnect();
+    if (delegate_)
+        delegate_->didFailNavigation(*this);
+}
+
+bool WebView::onScriptDialog(WebKitScriptDialog* dialog) {
+    const auto type = webkit_script_dialog_get_dialog_type(dialog);
+    if (!delegate_ || (type != WEBKIT_SCRIPT_DIALOG_ALERT && type != WEBKIT_SCRIPT_DIALOG_CONFIRM))
+        return false;
+    const std::string message = webkit_script_dialog_get_message(dialog);
+    const auto open = std::make_shared<OpenDialog>(dialog);
+    if (type == WEBKIT_SCRIPT_DIALOG_ALERT)
+        delegate_->runScriptAlert(message, [open] { open->close(); });
+    else
+        delegate_->runScriptConfirm(message, [open](bool confirmed) { open->confirm(confirmed); });
+    open->outliveSignal();
+    return true;
+}
+
+void WebView::onTitleChanged() {
+    if (delegate_ && !isAwaitingPage_)
+        delegate_->didChangeTitle(*this);
+}
+
+void WebView::onProgress() {
+    if (isLoading())
+        expectProgress();
+}
+
+void WebView::expectProgress() {
+    timeout_ = clock_.timer(loadTimeout, [this] { webkit_web_view_stop_loading(view_.get()); });
+}
+
+void WebView::onWebProcessTerminated() {
+    timeout_.disconnect();
+    if (delegate_)
+        delegate_->webProcessDidTerminate(*this);
+}
+
+} // namespace tessaro

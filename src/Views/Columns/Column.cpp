@@ -1,0 +1,84 @@
+#include "Views/Columns/Column.h"
+
+#include "Views/Widgets/Accessible.h"
+
+#include <gtkmm/eventcontrollerkey.h>
+#include <gtkmm/gestureclick.h>
+#include <gtkmm/root.h>
+
+namespace tessaro {
+
+namespace {
+
+/// Moves the focus to the next widget beyond `widget`, whatever `widget` holds.
+bool focusBeyond(Gtk::Widget& widget, Gtk::DirectionType direction) {
+    const bool forward = direction == Gtk::DirectionType::TAB_FORWARD;
+    const auto neighbour = [forward](Gtk::Widget* of) {
+        return forward ? of->get_next_sibling() : of->get_prev_sibling();
+    };
+    for (Gtk::Widget* level = &widget; level; level = level->get_parent())
+        for (auto* next = neighbour(level); next; next = neighbour(next))
+            if (next->child_focus(direction))
+                return true;
+    return false;
+}
+
+} // namespace
+
+Column::Column(const Glib::RefPtr<Gio::ListModel>& rows, const Glib::ustring& name)
+    : Gtk::Box(Gtk::Orientation::VERTICAL),
+      view_(Gtk::NoSelection::create(rows), factory_),
+      menu_(*this) {
+    add_css_class("column");
+    set_hexpand(false); // The scroller's wish for room ends at the column's own width.
+    scroller_.set_policy(Gtk::PolicyType::NEVER, Gtk::PolicyType::AUTOMATIC);
+    scroller_.set_vexpand();
+    scroller_.set_child(view_);
+    append(scroller_);
+    accessible::setName(view_, name);
+
+    auto keys = Gtk::EventControllerKey::create();
+    keys->set_propagation_phase(Gtk::PropagationPhase::CAPTURE);
+    keys->signal_key_pressed().connect(
+        [this](guint key, guint, Gdk::ModifierType modifiers) {
+            return onKeyPressed(key, modifiers);
+        },
+        false);
+    scroller_.add_controller(keys); // Not this widget's: the open menu has keys of its own.
+
+    auto secondary = Gtk::GestureClick::create();
+    secondary->set_button(GDK_BUTTON_SECONDARY);
+    secondary->set_propagation_phase(Gtk::PropagationPhase::CAPTURE);
+    secondary->signal_pressed().connect(
+        [this](int, double x, double y) { openMenuOf(scroller_.pick(x, y)); });
+    scroller_.add_controller(secondary);
+}
+
+bool Column::onKeyPressed(guint key, Gdk::ModifierType modifiers) {
+    using Gdk::ModifierType;
+    const auto held = modifiers & (ModifierType::SHIFT_MASK | ModifierType::CONTROL_MASK |
+                                   ModifierType::ALT_MASK);
+    const bool plain = held == ModifierType{};
+    const bool shift = held == ModifierType::SHIFT_MASK;
+    if (key == GDK_KEY_Tab && plain)
+        return focusBeyond(*this, Gtk::DirectionType::TAB_FORWARD);
+    if (key == GDK_KEY_ISO_Left_Tab || (key == GDK_KEY_Tab && shift))
+        return focusBeyond(*this, Gtk::DirectionType::TAB_BACKWARD);
+    if ((key == GDK_KEY_Menu && plain) || (key == GDK_KEY_F10 && shift))
+        return openMenuOf(get_root()->get_focus());
+    return false;
+}
+
+bool Column::openMenuOf(Gtk::Widget* widget) {
+    while (widget && !dynamic_cast<Gtk::Button*>(widget))
+        widget = widget->get_parent();
+    if (!widget)
+        return false;
+    const auto commands = menuOf(*widget);
+    if (commands.empty())
+        return false;
+    menu_.open(commands, *widget);
+    return true;
+}
+
+} // namespace tessaro

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Models/PageConfig.h"
+#include "Platform/Property.h"
+#include "Views/Columns/PageBadge.h"
+#include "Views/Columns/RecordColumn.h"
+#include "Views/Pictures/SafeAvatarView.h"
+
+#include <gtkmm/label.h>
+#include <gtkmm/overlay.h>
+
+namespace tessaro {
+
+/// One Page in the Page column. The selected one wears how much of it is unread.
+class PageButton : public RecordButton<PageConfig> {
+public:
+    /// @param unread  what the site counts for the selected Page, empty for nothing; outlives this
+    PageButton(const ScreenContext& context, const tessaro::Property<std::string>& unread);
+
+    void show(const PageConfig& page) override;
+    void setSelected(bool selected) override;
+    const PageBadge& badge() const { return badge_; }
+
+private:
+    void showUnread();
+
+    const std::string graphBaseUrl_;
+    const tessaro::Property<std::string>& unread_;
+    std::string name_;
+    Gtk::Overlay face_;
+    SafeAvatarView avatar_;
+    PageBadge badge_;
+    Gtk::Label count_;
+    ScopedConnection unreadChanged_;
+};
+
+} // namespace tessaro

@@ -1,0 +1,84 @@
+#include "Views/Columns/PageListView.h"
+
+#include "Views/Columns/PageButton.h"
+#include "Views/Sheets/AddPageSheet.h"
+#include "Views/Widgets/InboxCommands.h"
+
+namespace tessaro {
+
+PageListView::PageListView(const ScreenContext& context, PagesViewModel& pagesVM)
+    : context_(context),
+      pagesVM_(pagesVM),
+      column_("Page", columnBehaviour()),
+      arrow_("arrow.left", 14) {
+    set_css_classes({"sidebar-column", "page-column"});
+    set_size_request(56);
+    arrow_.set_css_classes({"secondary-text", "arrow-hint"});
+    arrow_.set_halign(Gtk::Align::CENTER);
+    arrow_.set_valign(Gtk::Align::CENTER);
+    arrow_.set_can_target(false);
+    set_child(column_);
+    add_overlay(arrow_);
+
+    column_.setRecords(*pagesVM_.pages);
+    connections_.push_back(pagesVM_.pages.observe([this] { column_.setRecords(*pagesVM_.pages); }));
+    connections_.push_back(pagesVM_.selectedPage.observe([this] { showSelection(); }));
+    connections_.push_back(pagesVM_.showAddSheet.observe([this] { showSheet(); }));
+    connections_.push_back(
+        context_.notifications.observe(unreadCountChanged, [this](const Notification& posted) {
+            unread_.set(posted.userInfo.at("count"));
+        }));
+    connections_.push_back(
+        context_.notifications.observe(choosePage, [this](const Notification& posted) {
+            // Unsigned: what would be before the first one is beyond the last one.
+            selectAt(std::stoul(posted.userInfo.at("position")) - 1);
+        }));
+    showSelection();
+}
+
+RecordColumn<PageConfig>::Behaviour PageListView::columnBehaviour() {
+    return {
+        .makeButton = [this] { return Gtk::make_managed<PageButton>(context_, unread_); },
+        .makeAddButton =
+            [] {
+                return Gtk::make_managed<AddButton>(AddButton::Shape::roundedSquare, "Thêm Page");
+            },
+        .choose = [this](const PageConfig& page) { pagesVM_.selectPage(page); },
+        .add = [this] { pagesVM_.showAddSheet.set(true); },
+        .menu = [this](const PageConfig& page) -> RecordColumn<PageConfig>::Commands {
+            return {{"Xóa Page", [this, page] { pagesVM_.deletePage(page); }, true}};
+        },
+    };
+}
+
+void PageListView::setAccount(const std::optional<Account>& account) {
+    const bool isAnother = account_ != account;
+    account_ = account;
+    column_.setAddRow(account.has_value());
+    if (isAnother)
+        column_.showFirst();
+    arrow_.set_visible(!account);
+}
+
+void PageListView::selectAt(std::size_t index) {
+    const auto& pages = *pagesVM_.pages;
+    if (index < pages.size())
+        pagesVM_.selectPage(pages[index]);
+}
+
+void PageListView::showSelection() {
+    const auto& selected = *pagesVM_.selectedPage;
+    column_.setSelected(selected ? std::optional(selected->id) : std::nullopt);
+}
+
+void PageListView::showSheet() {
+    if (!*pagesVM_.showAddSheet || !account_) {
+        sheets_.dismiss();
+        return;
+    }
+    auto sheet = std::make_unique<AddPageSheet>(context_, pagesVM_, *account_);
+    sheet->onDismiss([this] { pagesVM_.showAddSheet.set(false); });
+    sheets_.present(std::move(sheet), *this);
+}
+
+} // namespace tessaro

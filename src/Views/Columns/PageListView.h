@@ -1,0 +1,39 @@
+#pragma once
+
+#include "ViewModels/PagesViewModel.h"
+#include "Views/Columns/RecordColumn.h"
+#include "Views/ScreenContext.h"
+#include "Views/Sheets/SheetPresenter.h"
+#include "Views/Widgets/Symbol.h"
+
+#include <gtkmm/overlay.h>
+
+namespace tessaro {
+
+/// The second column of the main window: the Pages of the selected account. Without an account it
+/// shows only an arrow that points to the account column.
+class PageListView : public Gtk::Overlay {
+public:
+    /// @param context, pagesVM  outlive this
+    PageListView(const ScreenContext& context, PagesViewModel& pagesVM);
+
+    /// The account under which Pages are added.
+    void setAccount(const std::optional<Account>& account);
+
+private:
+    RecordColumn<PageConfig>::Behaviour columnBehaviour();
+    void selectAt(std::size_t index);
+    void showSelection();
+    void showSheet();
+
+    const ScreenContext& context_;
+    tessaro::Property<std::string> unread_; ///< Of the selected Page, as its site writes it.
+    PagesViewModel& pagesVM_;
+    std::optional<Account> account_;
+    RecordColumn<PageConfig> column_;
+    Symbol arrow_;
+    SheetPresenter sheets_;
+    std::vector<ScopedConnection> connections_;
+};
+
+} // namespace tessaro

@@ -1,0 +1,150 @@
+#pragma once
+
+#include "Views/Columns/AddButton.h"
+#include "Views/Columns/Column.h"
+
+#include <glibmm/variant.h>
+#include <gtkmm/tooltip.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace tessaro {
+
+/// A button that stands for one record and is given another one when its row is used again.
+template <typename Record>
+class RecordButton : public Gtk::Button {
+public:
+    virtual void show(const Record& record) = 0;
+    virtual void setSelected(bool selected) = 0;
+
+protected:
+    RecordButton() {
+        this->set_has_tooltip();
+        this->signal_query_tooltip().connect(
+            [this](int, int, bool, const Glib::RefPtr<Gtk::Tooltip>& tooltip) {
+                tooltip->set_text(tooltip_);
+                return true;
+            },
+            false);
+    }
+
+    /// In place of set_tooltip_text(), which asks the display each time what is below the pointer:
+    /// rows get their records by the dozen.
+    void setTooltip(std::string text) { tooltip_ = std::move(text); }
+
+private:
+    std::string tooltip_;
+};
+
+/// A column of buttons for records, with an add button at its end. It keeps only as many buttons as
+/// are near the part on screen, however long the list is.
+template <typename Record>
+class RecordColumn : public Column {
+public:
+    using Id = decltype(Record::id);
+    using Commands = std::vector<ContextMenu::Command>;
+
+    struct Behaviour {
+        std::function<RecordButton<Record>*()> makeButton; ///< Managed.
+        std::function<AddButton*()> makeAddButton;         ///< Managed.
+        std::function<void(const Record&)> choose;
+        std::function<void()> add;
+        std::function<Commands(const Record&)> menu;
+    };
+
+    /// @param name  of the list, for assistive technology
+    RecordColumn(const Glib::ustring& name, Behaviour behaviour)
+        : RecordColumn(name, std::move(behaviour), std::make_unique<RowModel<Record>>()) {}
+
+    ~RecordColumn() override { view().set_model({}); } // Unbinds the rows while they can be.
+
+    void setRecords(const std::vector<Record>& records) { rows_->setRecords(records); }
+    void setAddRow(bool present) { rows_->setAddRow(present); }
+
+    /// Marks the record of that id and brings it into view.
+    void setSelected(const std::optional<Id>& id) {
+        if (id == selected_)
+            return;
+        const auto before = std::exchange(selected_, id);
+        for (const auto& [button, item] : shown_)
+            if (const auto& shown = item->record()->id; shown == before || shown == id)
+                button->setSelected(isSelected(*item));
+        if (const auto row = id ? rows_->find(*id) : std::nullopt)
+            view().activate_action("list.scroll-to-item", Glib::Variant<guint>::create(*row));
+    }
+
+    /// Brings the first row into view. Rows that come in above others leave those where they are.
+    void showFirst() {
+        view().activate_action("list.scroll-to-item", Glib::Variant<guint>::create(0));
+    }
+
+protected:
+    Commands menuOf(Gtk::Widget& widget) override {
+        const auto shown = shown_.find(dynamic_cast<RecordButton<Record>*>(&widget));
+        return shown == shown_.end() ? Commands{} : behaviour_.menu(*shown->second->record());
+    }
+
+private:
+    using Item = RowItem<Record>;
+
+    RecordColumn(
+        const Glib::ustring& name, Behaviour behaviour, std::unique_ptr<RowModel<Record>> rows)
+        : Column(rows->list(), name), behaviour_(std::move(behaviour)), rows_(std::move(rows)) {
+        factory().signal_bind().connect(
+            [this](const Glib::RefPtr<Gtk::ListItem>& row) { bind(*row); });
+        factory().signal_unbind().connect(
+            [this](const Glib::RefPtr<Gtk::ListItem>& row) { unbind(*row); });
+    }
+
+    bool isSelected(const Item& item) const { return selected_ && item.record()->id == *selected_; }
+
+    void bind(Gtk::ListItem& row) {
+        row.set_activatable(false);
+        const auto item = std::dynamic_pointer_cast<Item>(row.get_item());
+        if (!item->record()) {
+            AddButton* button = behaviour_.makeAddButton();
+            button->signal_clicked().connect(behaviour_.add);
+            row.set_child(*button);
+            return;
+        }
+        auto* button = dynamic_cast<RecordButton<Record>*>(row.get_child());
+        if (!button) {
+            button = behaviour_.makeButton();
+            button->signal_clicked().connect([this, button] { choose(*button); });
+            row.set_child(*button);
+        }
+        shown_[button] = item;
+        const auto show = [this, button, shown = item.get()] {
+            button->show(*shown->record());
+            button->setSelected(isSelected(*shown));
+        };
+        item->onUpdate = show;
+        show();
+    }
+
+    void unbind(Gtk::ListItem& row) {
+        const auto item = std::dynamic_pointer_cast<Item>(row.get_item());
+        if (item && item->record()) {
+            item->onUpdate = nullptr;
+            shown_.erase(dynamic_cast<RecordButton<Record>*>(row.get_child()));
+        } else {
+            row.unset_child();
+        }
+    }
+
+    void choose(RecordButton<Record>& button) {
+        // A copy: choosing may give the button another record.
+        if (const auto shown = shown_.find(&button); shown != shown_.end())
+            behaviour_.choose(Record(*shown->second->record()));
+    }
+
+    const Behaviour behaviour_;
+    const std::unique_ptr<RowModel<Record>> rows_;
+    std::map<RecordButton<Record>*, Glib::RefPtr<Item>> shown_;
+    std::optional<Id> selected_;
+};
+
+} // namespace tessaro

@@ -1,0 +1,91 @@
+#include "Views/Inbox/FindBar.h"
+
+#include "Views/Widgets/Accessible.h"
+
+#include <gtkmm/eventcontrollerkey.h>
+
+namespace tessaro {
+
+FindBar::FindBar(std::shared_ptr<WebView> webView)
+    : webView_(std::move(webView)), finder_(webView_) {
+    add_css_class("find-bar");
+    set_spacing(4);
+    set_visible(false);
+
+    constexpr const char* name = "Tìm trong trang";
+    entry_.set_property("placeholder-text", Glib::ustring(name));
+    accessible::setName(entry_, name);
+    entry_.set_size_request(260);
+    entry_.signal_changed().connect([this] { search(); });
+    count_.set_xalign(0);
+    count_.set_hexpand();
+    count_.set_css_classes({"points-12", "secondary-text"});
+    previous_.signal_clicked().connect([this] { finder_.findPrevious(); });
+    next_.signal_clicked().connect([this] { finder_.findNext(); });
+    close_.signal_clicked().connect([this] { close(); });
+    append(entry_);
+    append(previous_);
+    append(next_);
+    append(count_);
+    append(close_);
+
+    // Before the entry, which has uses of its own for some of the keys.
+    const auto keys = Gtk::EventControllerKey::create();
+    keys->set_propagation_phase(Gtk::PropagationPhase::CAPTURE);
+    keys->signal_key_pressed().connect(
+        [this](guint key, guint, Gdk::ModifierType modifiers) {
+            return onKeyPressed(key, modifiers);
+        },
+        false);
+    add_controller(keys);
+    finder_.signalCounted().connect([this](unsigned count) { showCount(count); });
+}
+
+void FindBar::open() {
+    set_visible(true);
+    entry_.grab_focus();
+    entry_.select_region(0, -1); // So that typing replaces it.
+    search();
+}
+
+void FindBar::close() {
+    if (!get_visible())
+        return;
+    finder_.end();
+    if (get_focus_child())
+        webView_->widget().grab_focus();
+    set_visible(false);
+}
+
+void FindBar::search() {
+    const auto text = entry_.get_text();
+    if (text.empty()) {
+        count_.set_text("");
+        entry_.remove_css_class("error");
+    }
+    finder_.find(text);
+}
+
+void FindBar::showCount(unsigned count) {
+    count_.set_text(count ? std::to_string(count) + " kết quả" : "Không tìm thấy");
+    if (count)
+        entry_.remove_css_class("error");
+    else
+        entry_.add_css_class("error");
+}
+
+bool FindBar::onKeyPressed(guint key, Gdk::ModifierType modifiers) {
+    const bool isReturn = key == GDK_KEY_Return || key == GDK_KEY_KP_Enter;
+    const bool inEntry = get_focus_child() == &entry_;
+    if (key == GDK_KEY_Escape) {
+        close();
+    } else if (isReturn && inEntry) {
+        const bool backwards = (modifiers & Gdk::ModifierType::SHIFT_MASK) != Gdk::ModifierType{};
+        backwards ? finder_.findPrevious() : finder_.findNext();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+} // namespace tessaro

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "Engine/WebViewReserve.h"
+
+#include "Models/Account.h"
+#include "Models/PageConfig.h"
+#include "Platform/Property.h"
+#include "Views/Inbox/FindBar.h"
+#include "Views/Inbox/LoadingVeil.h"
+#include "Views/ScreenContext.h"
+
+#include <gtkmm/box.h>
+#include <gtkmm/button.h>
+#include <gtkmm/label.h>
+#include <gtkmm/overlay.h>
+#include <gtkmm/stack.h>
+
+#include <memory>
+#include <optional>
+
+namespace tessaro {
+
+class ClippedWebViewContainer;
+class Coordinator;
+
+/// The column of the selected Page: its inbox in the browser, and above it a veil while it loads.
+/// Where the page crashed, a button to load it again is in its place; where the system forbids the
+/// browser's sandbox, a sentence.
+class InboxContainerView : public Gtk::Overlay {
+public:
+    /// `context` and `browsers` outlive the view.
+    InboxContainerView(
+        const ScreenContext& context, PageConfig pageConfig, std::optional<Account> account,
+        WebViewReserve& browsers);
+    ~InboxContainerView() override;
+
+    /// Shows another Page in the same browser.
+    void setPage(PageConfig pageConfig, std::optional<Account> account);
+
+    const PageConfig& pageConfig() const { return pageConfig_; }
+    const std::optional<Account>& account() const { return account_; }
+
+private:
+    void showBrowser();
+    void showLoading();
+    void loadAgain();
+    void find();
+
+    const ScreenContext& context_;
+    WebViewReserve& browsers_;
+    PageConfig pageConfig_;
+    std::optional<Account> account_;
+    std::shared_ptr<tessaro::Property<bool>> isLoading_ =
+        std::make_shared<tessaro::Property<bool>>(false);
+
+    Gtk::Stack stack_;
+    Gtk::Button reloadButton_{"Tải lại trang"};
+    Gtk::Label sandboxNotice_;
+    Gtk::Box page_{Gtk::Orientation::VERTICAL}; ///< The browser below the bar.
+    LoadingVeil veil_;
+    bool hasLoaded_ = false; ///< Whether there was a page before the one that loads.
+
+    std::unique_ptr<Coordinator> coordinator_;
+    std::unique_ptr<ClippedWebViewContainer> browser_;
+    std::unique_ptr<FindBar> findBar_;
+    ScopedConnection loadingChanged_;
+    ScopedConnection findCommand_;
+};
+
+} // namespace tessaro

@@ -1,0 +1,58 @@
+#include "Views/Pictures/AvatarShape.h"
+
+#include "Platform/Gtk/SmoothRectangle.h"
+
+#include <cairomm/surface.h>
+
+#include <algorithm>
+#include <numbers>
+
+namespace tessaro {
+
+namespace {
+
+Cairo::RefPtr<Cairo::ImageSurface> surfaceOf(GdkTexture& texture) {
+    auto surface = Cairo::ImageSurface::create(
+        Cairo::Surface::Format::ARGB32, gdk_texture_get_width(&texture),
+        gdk_texture_get_height(&texture));
+    gdk_texture_download(&texture, surface->get_data(), static_cast<gsize>(surface->get_stride()));
+    surface->mark_dirty();
+    return surface;
+}
+
+GObjectPtr<GdkTexture> textureOf(Cairo::ImageSurface& surface) {
+    surface.flush();
+    const auto stride = static_cast<gsize>(surface.get_stride());
+    const auto height = static_cast<gsize>(surface.get_height());
+    const GBytesPtr bytes(g_bytes_new(surface.get_data(), stride * height));
+    // The layout of a Cairo surface in memory is GDK's default one.
+    return GObjectPtr<GdkTexture>::adopt(gdk_memory_texture_new(
+        surface.get_width(), surface.get_height(), GDK_MEMORY_DEFAULT, bytes.get(), stride));
+}
+
+} // namespace
+
+void AvatarShape::addTo(
+    const Cairo::RefPtr<Cairo::Context>& context, double side, double scale) const {
+    if (const auto* rectangle = std::get_if<RoundedRectangle>(&value))
+        addSmoothRectangle(context, 0, 0, side, side, rectangle->cornerRadius * scale);
+    else
+        context->arc(side / 2, side / 2, side / 2, 0, 2 * std::numbers::pi);
+}
+
+GObjectPtr<GdkTexture> AvatarShape::cut(GdkTexture& picture, int side, double scale) const {
+    const double width = gdk_texture_get_width(&picture);
+    const double height = gdk_texture_get_height(&picture);
+    const double fill = side / std::min(width, height);
+    const auto surface = Cairo::ImageSurface::create(Cairo::Surface::Format::ARGB32, side, side);
+    const auto context = Cairo::Context::create(surface);
+    addTo(context, side, scale);
+    context->clip();
+    context->translate((side - width * fill) / 2, (side - height * fill) / 2);
+    context->scale(fill, fill);
+    context->set_source(surfaceOf(picture), 0, 0);
+    context->paint();
+    return textureOf(*surface);
+}
+
+} // namespace tessaro

@@ -1,0 +1,150 @@
+#include "Views/Pictures/SafeAvatarView.h"
+
+#include "Platform/Text.h"
+
+#include <gtkmm/snapshot.h>
+#include <pangomm/layout.h>
+
+#include <cmath>
+#include <utility>
+
+namespace tessaro {
+
+namespace {
+
+constexpr double initialToSize = 0.4;
+/// Pango's points are 1/72 inch, CSS pixels 1/96.
+constexpr double pangoPoints = 0.75;
+
+void setColor(const Cairo::RefPtr<Cairo::Context>& context, const Rgba& color) {
+    context->set_source_rgba(color.red, color.green, color.blue, color.alpha);
+}
+
+} // namespace
+
+SafeAvatarView::SafeAvatarView(const ScreenContext& context, double size, AvatarShape shape)
+    : Glib::ObjectBase("TessaroSafeAvatarView"), context_(context), size_(size), shape_(shape) {
+    g_object_set(gobj(), "accessible-role", GTK_ACCESSIBLE_ROLE_PRESENTATION, nullptr);
+    // Another monitor may have another number of pixels to the point.
+    property_scale_factor().signal_changed().connect(
+        sigc::mem_fun(*this, &SafeAvatarView::loadLocalImage));
+}
+
+SafeAvatarView::~SafeAvatarView() {
+    loading_.cancel();
+}
+
+void SafeAvatarView::setAvatar(
+    std::string id, std::string name, std::optional<std::string> fallbackUrl) {
+    const bool otherId = id != id_;
+    const bool otherUrl = fallbackUrl != fallbackUrl_;
+    id_ = std::move(id);
+    name_ = std::move(name);
+    fallbackUrl_ = std::move(fallbackUrl);
+    if (otherId)
+        localImage_.reset();
+    if (otherId || otherUrl) {
+        remoteImage_.reset();
+        loadLocalImage();
+    }
+    queue_draw();
+}
+
+void SafeAvatarView::loadLocalImage() {
+    loading_.cancel();
+    loading_ = Cancellation();
+    if (get_mapped())
+        load(this, lifetime_.watch(), loading_).detach();
+}
+
+Task<void> SafeAvatarView::load(SafeAvatarView* self, Lifetime::Watch alive, Cancellation loading) {
+    const ScreenContext& context = self->context_;
+    const auto show = [&](Glib::RefPtr<Gdk::Texture>& place, const auto& picture) {
+        place = picture;
+        self->queue_draw();
+    };
+
+    auto reading = context.images.loadFile(
+        context.store.localAvatarURL(self->id_), self->pixels(), loading, self->cutter());
+    const auto local = co_await std::move(reading);
+    if (!alive || loading.isCancelled())
+        co_return;
+    show(self->localImage_, local);
+    if (local || self->remoteImage_ || !self->fallbackUrl_)
+        co_return;
+
+    auto fetching =
+        context.images.loadUrl(*self->fallbackUrl_, self->pixels(), loading, self->cutter());
+    const auto remote = co_await std::move(fetching);
+    if (alive && !loading.isCancelled())
+        show(self->remoteImage_, remote);
+}
+
+std::string SafeAvatarView::initial() const {
+    return name_.empty() ? "?" : firstCharacterUpperCased(name_);
+}
+
+int SafeAvatarView::pixels() const {
+    return static_cast<int>(std::ceil(size_ * get_scale_factor()));
+}
+
+void SafeAvatarView::measure_vfunc(
+    Gtk::Orientation, int, int& minimum, int& natural, int&, int&) const {
+    minimum = natural = static_cast<int>(std::ceil(size_));
+}
+
+void SafeAvatarView::on_map() {
+    Gtk::Widget::on_map();
+    avatarDownloaded_ = context_.notifications.observe(
+        DataStore::avatarDownloaded, [this](const Notification& notification) {
+            const auto id = notification.userInfo.find("id");
+            if (id != notification.userInfo.end() && id->second == id_)
+                loadLocalImage();
+        });
+    themeChanged_ = context_.theme.observe([this] { queue_draw(); });
+    loadLocalImage();
+}
+
+void SafeAvatarView::on_unmap() {
+    avatarDownloaded_.disconnect();
+    themeChanged_.disconnect();
+    loading_.cancel();
+    Gtk::Widget::on_unmap();
+}
+
+ImageLoader::Finish SafeAvatarView::cutter() const {
+    return [shape = shape_, side = pixels(), size = size_](GdkTexture& picture) {
+        return shape.cut(picture, side, side / size);
+    };
+}
+
+void SafeAvatarView::snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot) {
+    const auto size = static_cast<float>(size_);
+    const graphene_rect_t bounds = GRAPHENE_RECT_INIT(
+        (static_cast<float>(get_width()) - size) / 2, (static_cast<float>(get_height()) - size) / 2,
+        size, size);
+    if (const auto& picture = localImage_ ? localImage_ : remoteImage_) {
+        snapshot->append_texture(picture, &bounds);
+        return;
+    }
+
+    const auto context = snapshot->append_cairo(&bounds);
+    context->translate(bounds.origin.x, bounds.origin.y);
+    setColor(context, context_.theme.themePrimaryLight());
+    shape_.addTo(context, size_);
+    context->fill();
+
+    const auto layout = create_pango_layout(initial());
+    auto font = get_pango_context()->get_font_description();
+    font.set_weight(Pango::Weight::BOLD);
+    font.set_size(static_cast<int>(size_ * initialToSize * pangoPoints * Pango::SCALE));
+    layout->set_font_description(font);
+    int width = 0;
+    int height = 0;
+    layout->get_pixel_size(width, height);
+    setColor(context, context_.theme.themePrimary());
+    context->move_to((size_ - width) / 2, (size_ - height) / 2);
+    layout->show_in_cairo_context(context);
+}
+
+} // namespace tessaro

@@ -1,0 +1,152 @@
+#include "Views/Sheets/AccountDetailSheet.h"
+
+#include "Platform/Text.h"
+#include "Views/Sheets/SectionCaption.h"
+#include "Views/Widgets/Accessible.h"
+
+#include <charconv>
+
+namespace tessaro {
+
+namespace {
+
+/// A text field that is named by what it shows while it is empty.
+void setUpField(Gtk::Entry& field, const Glib::ustring& placeholder) {
+    field.set_placeholder_text(placeholder);
+    field.set_activates_default();
+    field.set_width_chars(1); // The sheet gives the width, not the text.
+    accessible::setName(field, placeholder);
+}
+
+void addDeviceLine(Gtk::Grid& grid, int row, const Glib::ustring& title, Gtk::Label& value) {
+    auto* label = Gtk::make_managed<Gtk::Label>(title, Gtk::Align::START, Gtk::Align::START);
+    label->add_css_class("secondary-text");
+    value.set_xalign(0);
+    value.set_hexpand();
+    value.add_css_class("monospace");
+    value.set_wrap();
+    value.set_wrap_mode(Pango::WrapMode::CHAR);
+    grid.attach(*label, 0, row);
+    grid.attach(value, 1, row);
+}
+
+} // namespace
+
+AccountDetailSheet::AccountDetailSheet(const ScreenContext& context, Mode mode, OnSave onSave)
+    : Sheet(
+          420, 460, mode.edited ? "Chỉnh sửa tài khoản" : "Thêm tài khoản mới",
+          mode.edited ? "Lưu thay đổi" : "Thêm tài khoản"),
+      device_(context.device),
+      mode_(std::move(mode)),
+      onSave_(std::move(onSave)),
+      proxySlide_(proxyRows_, std::chrono::milliseconds(200)) {
+    layOutName();
+    layOutDevice();
+    layOutProxy();
+    acceptButton().signal_clicked().connect(sigc::mem_fun(*this, &AccountDetailSheet::save));
+}
+
+void AccountDetailSheet::layOutName() {
+    auto* section = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL, 6);
+    section->append(*Gtk::make_managed<SectionCaption>("TÊN TÀI KHOẢN"));
+    setUpField(name_, "Ví dụ: Tài khoản chính");
+    accessible::setName(name_, "TÊN TÀI KHOẢN");
+    section->append(name_);
+    content().append(*section);
+
+    name_.signal_changed().connect(
+        [this] { acceptButton().set_sensitive(!trimBlanks(name_.get_text().raw()).empty()); });
+    acceptButton().set_sensitive(false);
+}
+
+void AccountDetailSheet::layOutDevice() {
+    auto* section = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL, 6);
+    section->append(*Gtk::make_managed<SectionCaption>("THÔNG TIN THIẾT BỊ"));
+    auto* box = Gtk::make_managed<Gtk::Grid>();
+    box->set_css_classes({"device-box", "points-11"});
+    box->set_column_spacing(8);
+    box->set_row_spacing(6);
+    deviceId_.set_selectable();
+    addDeviceLine(*box, 0, "Device ID:", deviceId_);
+    addDeviceLine(*box, 1, "Device Name:", deviceName_);
+    section->append(*box);
+    content().append(*section);
+}
+
+void AccountDetailSheet::layOutProxy() {
+    auto* section = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL);
+    auto* head = Gtk::make_managed<Gtk::Box>();
+    auto* caption = Gtk::make_managed<SectionCaption>("CẤU HÌNH PROXY");
+    caption->set_hexpand();
+    proxyEnabled_.add_css_class("mini");
+    proxyEnabled_.set_valign(Gtk::Align::CENTER);
+    accessible::setName(proxyEnabled_, "CẤU HÌNH PROXY");
+    head->append(*caption);
+    head->append(proxyEnabled_);
+    section->append(*head);
+    section->append(proxySlide_);
+    content().append(*section);
+
+    setUpField(proxyHost_, "Host (IP hoặc domain)");
+    setUpField(proxyPort_, "Port");
+    proxyPort_.set_size_request(80);
+    proxyPort_.set_max_width_chars(1);
+    setUpField(proxyUsername_, "Username (tùy chọn)");
+    proxyPassword_.property_placeholder_text() = "Password";
+    proxyPassword_.property_activates_default() = true;
+    proxyPassword_.set_width_chars(1);
+    accessible::setName(proxyPassword_, "Password");
+
+    auto* hostRow = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::HORIZONTAL, 8);
+    proxyHost_.set_hexpand();
+    hostRow->append(proxyHost_);
+    hostRow->append(proxyPort_);
+    auto* userRow = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::HORIZONTAL, 8);
+    userRow->set_homogeneous();
+    userRow->append(proxyUsername_);
+    userRow->append(proxyPassword_);
+    proxyRows_.attach(*hostRow, 0, 0);
+    proxyRows_.attach(*userRow, 0, 1);
+    proxyRows_.set_row_spacing(8);
+    proxyRows_.add_css_class("proxy-rows");
+
+    proxyEnabled_.property_active().signal_changed().connect(
+        [this] { proxySlide_.reveal(proxyEnabled_.get_active()); });
+}
+
+void AccountDetailSheet::on_show() {
+    fillIn();
+    Sheet::on_show();
+}
+
+void AccountDetailSheet::fillIn() {
+    const std::optional<Account>& edited = mode_.edited;
+    deviceId_.set_text(edited ? edited->deviceId : device_.getDeviceUUID());
+    deviceName_.set_text(edited ? edited->deviceName : device_.deviceName());
+    name_.set_text(edited ? edited->name : "");
+    proxyHost_.set_text(edited ? edited->proxyHost : "");
+    proxyPort_.set_text(edited && edited->proxyPort >= 1 ? std::to_string(edited->proxyPort) : "");
+    proxyUsername_.set_text(edited ? edited->proxyUsername : "");
+    proxyPassword_.set_text(edited ? edited->proxyPassword.reveal() : "");
+    proxyEnabled_.set_active(edited && edited->proxyEnabled);
+    name_.grab_focus();
+}
+
+std::int64_t AccountDetailSheet::portFromText(std::string_view text) {
+    if (text.starts_with('+') && !text.starts_with("+-"))
+        text.remove_prefix(1);
+    std::int64_t port = 0;
+    const char* end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, port);
+    return read.ec == std::errc{} && read.ptr == end ? port : 0;
+}
+
+void AccountDetailSheet::save() {
+    onSave_(
+        name_.get_text().raw(), proxyHost_.get_text().raw(),
+        portFromText(proxyPort_.get_text().raw()), proxyUsername_.get_text().raw(),
+        SecretText(proxyPassword_.get_text().raw()), proxyEnabled_.get_active());
+    dismiss();
+}
+
+} // namespace tessaro

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "Models/Account.h"
+#include "Views/ScreenContext.h"
+#include "Views/Sheets/FadeSlide.h"
+#include "Views/Sheets/Sheet.h"
+
+#include <gtkmm/entry.h>
+#include <gtkmm/grid.h>
+#include <gtkmm/passwordentry.h>
+#include <gtkmm/switch.h>
+
+#include <optional>
+
+namespace tessaro {
+
+/// The dialog in which an account is made or edited. It stores nothing itself: saving hands the six
+/// values to whoever opened it.
+class AccountDetailSheet : public Sheet {
+public:
+    /// Adding, or editing the account that is given.
+    struct Mode {
+        std::optional<Account> edited;
+
+        static Mode add() { return {}; }
+        static Mode edit(Account account) { return {std::move(account)}; }
+    };
+    using OnSave = std::function<void(
+        std::string name, std::string proxyHost, std::int64_t proxyPort, std::string proxyUsername,
+        SecretText proxyPassword, bool proxyEnabled)>;
+
+    /// @param onSave  called at most once per showing, before the sheet closes
+    AccountDetailSheet(const ScreenContext& context, Mode mode, OnSave onSave);
+
+    /// A port as typed: the whole text is a signed decimal number, or the port is 0.
+    static std::int64_t portFromText(std::string_view text);
+
+protected:
+    void on_show() override;
+
+private:
+    void layOutName();
+    void layOutDevice();
+    void layOutProxy();
+    void fillIn();
+    void save();
+
+    const DeviceIdentity& device_;
+    const Mode mode_;
+    const OnSave onSave_;
+
+    Gtk::Entry name_;
+    Gtk::Label deviceId_;
+    Gtk::Label deviceName_;
+    Gtk::Switch proxyEnabled_;
+    Gtk::Entry proxyHost_;
+    Gtk::Entry proxyPort_;
+    Gtk::Entry proxyUsername_;
+    Gtk::PasswordEntry proxyPassword_;
+    Gtk::Grid proxyRows_;
+    FadeSlide proxySlide_;
+};
+
+} // namespace tessaro

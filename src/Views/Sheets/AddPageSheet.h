@@ -1,0 +1,52 @@
+#pragma once
+
+#include "ViewModels/AddPageFlow.h"
+#include "Views/ScreenContext.h"
+#include "Views/Sheets/ErrorRow.h"
+#include "Views/Sheets/FadeSlide.h"
+#include "Views/Sheets/PagePicker.h"
+#include "Views/Sheets/PagePreview.h"
+#include "Views/Sheets/Sheet.h"
+#include "Views/Sheets/TokenEditor.h"
+#include "Views/Sheets/VerifyButton.h"
+
+namespace tessaro {
+
+/// The dialog in which a Page is connected to an account: a token is pasted, verified, and the Page
+/// that it stands for is added. What happens is up to AddPageFlow; this shows it.
+class AddPageSheet : public Sheet {
+public:
+    /// @param context, pagesVM  outlive this
+    AddPageSheet(const ScreenContext& context, PagesViewModel& pagesVM, Account account);
+
+private:
+    /// The Page that would be added, as the preview shows it.
+    struct Preview {
+        PageInfo page;
+        std::optional<std::string> avatarUrl;
+        const char* caption;
+
+        bool operator==(const Preview&) const = default;
+    };
+
+    void layOut();
+    void follow();
+    void showVerifying();
+    void showResult();
+    std::optional<Preview> preview() const;
+    void show(const Preview& preview);
+    bool acceptByReturn();
+
+    const ScreenContext& context_;
+    AddPageFlow flow_;
+    TokenEditor token_;
+    VerifyButton verify_;
+    ErrorRow error_;
+    PagePicker picker_;
+    Gtk::Box previewPlace_;
+    FadeSlide previewSlide_;
+    std::optional<Preview> shownPreview_;
+    std::vector<ScopedConnection> connections_;
+};
+
+} // namespace tessaro

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Views/Widgets/Symbol.h"
+
+#include <gtkmm/box.h>
+#include <gtkmm/label.h>
+
+namespace tessaro {
+
+/// What went wrong, in red behind a warning sign.
+class ErrorRow : public Gtk::Box {
+public:
+    ErrorRow();
+
+    void setMessage(const std::string& message);
+
+private:
+    Symbol sign_;
+    Gtk::Label message_;
+};
+
+} // namespace tessaro

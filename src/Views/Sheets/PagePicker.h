@@ -1,0 +1,33 @@
+#pragma once
+
+#include "ViewModels/AddPageFlow.h"
+#include "Views/Sheets/PagePickerRow.h"
+
+#include <gtkmm/box.h>
+#include <gtkmm/separator.h>
+
+#include <vector>
+
+namespace tessaro {
+
+/// The Pages of a user token, one of which is to be picked.
+class PagePicker : public Gtk::Box {
+public:
+    /// @param images, flow  outlive this
+    PagePicker(ImageLoader& images, AddPageFlow& flow);
+
+private:
+    void showPages();
+    void showSelection();
+
+    ImageLoader& images_;
+    AddPageFlow& flow_;
+    Gtk::Separator divider_;
+    Gtk::Box header_;
+    Symbol info_;
+    Gtk::Label headerText_;
+    std::vector<PagePickerRow*> rows_;
+    std::vector<ScopedConnection> connections_;
+};
+
+} // namespace tessaro

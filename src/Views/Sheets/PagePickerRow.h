@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Services/MetaGraphClient.h"
+#include "Views/Pictures/RemotePageImage.h"
+#include "Views/Sheets/PageSummary.h"
+#include "Views/Widgets/Symbol.h"
+
+#include <gtkmm/button.h>
+
+namespace tessaro {
+
+/// One Page of a user token, to be picked by a click anywhere in the row.
+class PagePickerRow : public Gtk::Button {
+public:
+    PagePickerRow(ImageLoader& images, const MetaGraphClient::ResolvedPage& page);
+
+    const PageId& pageId() const { return pageId_; }
+    void setSelected(bool selected);
+
+private:
+    const PageId pageId_;
+    Gtk::Box row_;
+    RemotePageImage picture_;
+    PageSummary summary_;
+    Symbol mark_;
+};
+
+} // namespace tessaro

@@ -1,0 +1,128 @@
+#include "Views/Shell/MainSplitView.h"
+
+#include "Views/Inbox/SiteNotifications.h"
+#include "Views/Shell/FooterBar.h"
+#include "Views/Widgets/InboxCommands.h"
+
+#include <algorithm>
+
+namespace tessaro {
+
+namespace {
+
+/// A browser is made ready when the Pages have been drawn, and not for who only passes by.
+constexpr Clock::Delay browserDelay(200);
+
+} // namespace
+
+MainSplitView::MainSplitView(
+    const ScreenContext& context, AppLogger& logger, SupportClient& support)
+    : Gtk::Box(Gtk::Orientation::VERTICAL),
+      context_(context),
+      accountsVM_(context.store, context.device, context.clock),
+      pagesVM_(context.store, logger, context.clock, context.makeGraphClient),
+      accounts_(context, accountsVM_),
+      firstDivider_(Gtk::Orientation::VERTICAL),
+      pages_(context, pagesVM_),
+      secondDivider_(Gtk::Orientation::VERTICAL),
+      detail_(Gtk::Orientation::VERTICAL),
+      downloads_(context.desktop),
+      browsers_(context.clock, [&context] { return SiteNotifications::permittedOrigin(context); }) {
+    layOut(logger, support);
+    accountChanged_ = accountsVM_.selectedAccount.observe([this] { followAccount(); });
+    pageChanged_ = pagesVM_.selectedPage.observe([this] { showDetail(); });
+    pagesChanged_ = pagesVM_.pages.observe([this] { prepareBrowser(); });
+    inboxRequested_ =
+        context.notifications.observe(inboxRequested, [this](const Notification& posted) {
+            selectPage(posted.userInfo.at("pageId"));
+        });
+    showDetail();
+}
+
+MainSplitView::~MainSplitView() = default;
+
+void MainSplitView::layOut(AppLogger& logger, SupportClient& support) {
+    set_size_request(900, 560);
+    columns_.set_vexpand();
+    columns_.append(accounts_);
+    columns_.append(firstDivider_);
+    columns_.append(pages_);
+    columns_.append(secondDivider_);
+    detail_.set_hexpand();
+    placeholder_.set_expand();
+    detail_.append(placeholder_);
+    detail_.append(downloads_);
+    columns_.append(detail_);
+    append(columns_);
+    append(*Gtk::make_managed<FooterBar>(context_, logger, support));
+}
+
+void MainSplitView::on_map() {
+    Gtk::Box::on_map();
+    // The eye begins at the accounts, and so does the keyboard.
+    accounts_.child_focus(Gtk::DirectionType::TAB_FORWARD);
+}
+
+void MainSplitView::followAccount() {
+    const auto& account = *accountsVM_.selectedAccount;
+    const auto id = account ? std::optional(account->id) : std::nullopt;
+    // An edited copy is still the same account, whose Pages are there already.
+    const bool isAnother = id != shownAccount_;
+    shownAccount_ = id;
+    if (isAnother && id)
+        pagesVM_.loadPages(*id);
+    else if (isAnother)
+        pagesVM_.clearPages();
+    pages_.setAccount(account);
+}
+
+void MainSplitView::selectPage(const std::string& pageId) {
+    const auto isWanted = [&](const PageConfig& page) { return page.pageId.text == pageId; };
+    if (*pagesVM_.selectedPage && isWanted(**pagesVM_.selectedPage))
+        return;
+    // The same Page may be under several accounts; the one that is shown comes first.
+    auto candidates = *pagesVM_.pages;
+    std::ranges::copy(context_.store.loadPages(), std::back_inserter(candidates));
+    const auto page = std::ranges::find_if(candidates, isWanted);
+    if (page == candidates.end())
+        return;
+    const auto account = std::ranges::find(*accountsVM_.accounts, page->accountId, &Account::id);
+    if (account == accountsVM_.accounts->end())
+        return;
+    accountsVM_.selectAccount(Account(*account));
+    pagesVM_.selectPage(*page);
+}
+
+void MainSplitView::showDetail() {
+    const auto& page = *pagesVM_.selectedPage;
+    if (inbox_ && page) {
+        inbox_->setPage(*page, *accountsVM_.selectedAccount);
+        return;
+    }
+    if (!page && placeholder_.get_parent()) // It need not be drawn again for each account.
+        return;
+    detail_.remove(*detail_.get_first_child());
+    inbox_.reset();
+    if (!page) {
+        detail_.prepend(placeholder_);
+        prepareBrowser();
+        return;
+    }
+    inbox_ = std::make_unique<InboxContainerView>(
+        context_, *page, *accountsVM_.selectedAccount, browsers_);
+    browserTimer_.disconnect();
+    inbox_->set_hexpand();
+    inbox_->set_size_request(600);
+    detail_.prepend(*inbox_);
+    downloads_.follow(WebSession::shared());
+}
+
+void MainSplitView::prepareBrowser() {
+    browserTimer_.disconnect();
+    if (pagesVM_.pages->empty())
+        browsers_.drop();
+    else if (!inbox_)
+        browserTimer_ = context_.clock.timer(browserDelay, [this] { browsers_.prepare(); });
+}
+
+} // namespace tessaro

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "Engine/WebViewReserve.h"
+
+#include "ViewModels/AccountsViewModel.h"
+#include "ViewModels/PagesViewModel.h"
+#include "Views/Columns/AccountSidebar.h"
+#include "Views/Columns/PageListView.h"
+#include "Views/Inbox/DownloadBar.h"
+#include "Views/Inbox/InboxContainerView.h"
+#include "Views/Inbox/InboxPlaceholder.h"
+#include "Views/ScreenContext.h"
+
+#include <gtkmm/box.h>
+#include <gtkmm/separator.h>
+
+#include <memory>
+
+namespace tessaro {
+
+class AppLogger;
+class SupportClient;
+
+/// The content of the main window: accounts, Pages and inbox side by side above the footer bar.
+/// Owns the two list models for its whole life.
+class MainSplitView : public Gtk::Box {
+public:
+    MainSplitView(const ScreenContext& context, AppLogger& logger, SupportClient& support);
+    ~MainSplitView() override;
+
+    AccountsViewModel& accountsVM() { return accountsVM_; }
+    PagesViewModel& pagesVM() { return pagesVM_; }
+
+protected:
+    void on_map() override;
+
+private:
+    void layOut(AppLogger& logger, SupportClient& support);
+    void followAccount();
+    void showDetail();
+    void prepareBrowser();
+    void selectPage(const std::string& pageId);
+
+    const ScreenContext& context_;
+    AccountsViewModel accountsVM_;
+    PagesViewModel pagesVM_;
+    Gtk::Box columns_;
+    AccountSidebar accounts_;
+    Gtk::Separator firstDivider_;
+    PageListView pages_;
+    Gtk::Separator secondDivider_;
+    Gtk::Box detail_;
+    InboxPlaceholder placeholder_;
+    DownloadBar downloads_;
+    WebViewReserve browsers_; ///< Ready while an account's Pages are shown and none is selected.
+    std::unique_ptr<InboxContainerView> inbox_; ///< While a Page is selected.
+    std::optional<AccountId> shownAccount_;
+    ScopedConnection accountChanged_;
+    ScopedConnection pageChanged_;
+    ScopedConnection pagesChanged_;
+    ScopedConnection browserTimer_;
+    ScopedConnection inboxRequested_;
+};
+
+} // namespace tessaro

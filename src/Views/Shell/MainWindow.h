@@ -1,0 +1,44 @@
+#pragma once
+
+#include "Platform/NotificationCenter.h"
+#include "Views/Shell/AboutWindow.h"
+#include "Views/Shell/ShortcutsWindow.h"
+#include "Views/Shell/WindowCommand.h"
+
+#include <gtkmm/application.h>
+#include <gtkmm/applicationwindow.h>
+#include <gtkmm/headerbar.h>
+#include <gtkmm/menubutton.h>
+
+#include <optional>
+
+namespace tessaro {
+
+/// The one window: its title, which tells how much is unread, its header bar with the menus, and
+/// the keys. It remembers nothing.
+class MainWindow : public Gtk::ApplicationWindow {
+public:
+    /// @param notifications  carries the commands; outlives this
+    MainWindow(
+        const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications);
+
+private:
+    void showUnread(const std::string& count);
+    void addCommand(const WindowCommand& command);
+    void addPageKeys();
+    void addDigitKeys();
+    bool pressDigitByPlace(guint keyval, guint keycode, Gdk::ModifierType modifiers);
+    void addConversationMenu();
+    void addPrimaryMenu();
+
+    NotificationCenter& notifications_;
+    Gtk::HeaderBar header_;
+    Gtk::MenuButton conversationMenu_;
+    Gtk::MenuButton primaryMenu_;
+    std::optional<AboutWindow> about_;
+    std::optional<ShortcutsWindow> shortcuts_;
+    ScopedConnection unreadChanged_;
+    ScopedConnection inboxRequested_;
+};
+
+} // namespace tessaro

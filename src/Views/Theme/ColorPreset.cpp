@@ -1,0 +1,61 @@
+#include "Views/Theme/ColorPreset.h"
+
+namespace tessaro {
+
+const std::vector<ColorPreset>& colorPresets() {
+    static const std::vector<ColorPreset> presets{
+        {"emerald", "Ngọc lục bảo (Emerald)", "#0F5132", "#34D399"},
+        {"mint", "Bạc hà (Mint)", "#0A5C36", "#6EE7B7"},
+        {"sage", "Lá xô thơm (Sage)", "#3D5A46", "#A7F3D0"},
+        {"forest", "Rừng già (Forest)", "#14351F", "#10B981"},
+        {"seafoam", "Bọt biển (Seafoam)", "#0B5D4E", "#4DD0E1"},
+        {"pine", "Cây thông (Pine)", "#1B4332", "#52B788"},
+        {"jade", "Ngọc bích (Jade)", "#1B4D3E", "#81C784"},
+        {"pistachio", "Hạt dẻ cười (Pistachio)", "#386641", "#99E2B4"},
+        {"basil", "Rau quế tây (Basil)", "#2D6A4F", "#74C69D"},
+        {"moss", "Rêu đá (Moss)", "#3F5E30", "#A3E635"},
+        {"olive", "Quả ô-liu (Olive)", "#4F5D2F", "#D9F99D"},
+        {"clover", "Cỏ bốn lá (Clover)", "#1E4620", "#4ADE80"},
+        {"gold", "Vàng hoàng kim (Gold)", "#B57A00", "#FBBF24"},
+        {"apricot", "Mơ chín (Apricot)", "#C25E00", "#FDBA74"},
+        {"bronze", "Đồng cổ (Bronze)", "#804A00", "#F59E0B"},
+        {"amber", "Hổ phách (Amber)", "#D97706", "#F59E0B"},
+        {"ginger", "Gừng cay (Ginger)", "#B45309", "#FB923C"},
+        {"tangerine", "Quýt chín (Tangerine)", "#C2410C", "#F97316"},
+        {"peach", "Hồng đào (Peach)", "#C05030", "#FF8A65"},
+        {"mustard", "Vàng mù tạt (Mustard)", "#856404", "#FDE047"},
+        {"honey", "Mật ong (Honey)", "#A16207", "#F5BE1D"},
+        {"clay", "Đất sét nung (Clay)", "#9A3412", "#EA580C"},
+        {"ochre", "Vàng đất (Ochre)", "#78350F", "#D97706"},
+        {"caramel", "Đường thắng (Caramel)", "#8F4F06", "#FB923C"},
+        {"crimson", "Đỏ thẫm (Crimson)", "#A30000", "#EF4444"},
+        {"ruby", "Đỏ hồng ngọc (Ruby)", "#991B1B", "#F87171"},
+        {"coral", "San hô (Coral)", "#C2410C", "#F87171"},
+        {"terracotta", "Đất nung (Terracotta)", "#B83A14", "#F05A28"},
+        {"rose", "Hồng hoa hồng (Rose)", "#BE185D", "#F472B6"},
+        {"scarlet", "Đỏ tươi (Scarlet)", "#DC2626", "#F87171"},
+        {"hotpink", "Hồng neon (Hot Pink)", "#C2185B", "#F472B6"},
+        {"salmon", "Hồng cá hồi (Salmon)", "#C2410C", "#FFA07A"},
+        {"strawberry", "Dâu tây (Strawberry)", "#C8102E", "#FB7185"},
+        {"cherry", "Đỏ anh đào (Cherry)", "#900C3F", "#F43F5E"},
+        {"brick", "Đỏ gạch (Brick)", "#7F1D1D", "#EF4444"},
+        {"rust", "Gỉ sắt (Rust)", "#7A2240", "#FB7185"},
+        {"poppy", "Đỏ hoa anh túc (Poppy)", "#B91C1C", "#FCA5A5"},
+        {"vermilion", "Chu sa (Vermilion)", "#990000", "#EF4444"},
+        {"mahogany", "Gỗ gụ (Mahogany)", "#5A1818", "#EF4444"},
+        {"blush", "Hồng phấn (Blush Pink)", "#B80048", "#FDA4AF"},
+        {"charcoal", "Than củi (Charcoal)", "#1F2937", "#9CA3AF"},
+        {"slate", "Đá phiến (Slate)", "#374151", "#9CA3AF"},
+        {"taupe", "Xám nâu (Taupe)", "#4B5563", "#D1D5DB"},
+        {"sands", "Cát ấm (Warm Sand)", "#78350F", "#E5E7EB"},
+        {"espresso", "Espresso", "#3D2712", "#D97706"},
+        {"chocolate", "Sô-cô-la (Chocolate)", "#4A2E08", "#FB923C"},
+        {"sepia", "Nâu đất (Sepia)", "#5F3D1F", "#F59E0B"},
+        {"cardamom", "Bạch đậu khấu (Cardamom)", "#584B38", "#A1887F"},
+        {"sandstone", "Đá sa thạch (Sandstone)", "#6F4E37", "#D7CCC8"},
+        {"cocoa", "Ca-cao (Cocoa)", "#4E3629", "#BCAAA4"},
+    };
+    return presets;
+}
+
+} // namespace tessaro

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "Platform/Appearance.h"
+#include "Platform/Clock.h"
+#include "Platform/Lifetime.h"
+#include "Platform/NotificationCenter.h"
+#include "Platform/SettingsStore.h"
+#include "Platform/Uuid.h"
+#include "Views/Theme/ColorPreset.h"
+#include "Views/Theme/ColorTheme.h"
+
+#include <sigc++/signal.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tessaro {
+
+/// Holds the person's two choices of appearance, light/dark/automatic and the accent preset, keeps
+/// them across runs and applies them to every window. UI thread only.
+class ThemeManager {
+public:
+    static constexpr const char* appearanceModeKey = "theme_appearance_mode";
+    static constexpr const char* activePresetIdKey = "theme_active_preset_id";
+
+    ThemeManager(
+        SettingsStore& settings, Appearance& appearance, NotificationCenter& notifications,
+        Clock& clock);
+
+    static ThemeManager& shared();
+
+    /// "system", "light" or "dark"; any other text behaves like "system".
+    const std::string& appearanceMode() const { return appearanceMode_; }
+    /// Stores the mode, applies it to the application and every open window, renews the trigger;
+    /// also for the mode that is already set.
+    void setAppearanceMode(std::string mode);
+
+    const std::string& activePresetId() const { return activePresetId_; }
+    /// Stores the id and renews the trigger. No check is made that such a preset exists.
+    void setActivePresetId(std::string id);
+
+    /// Replaced after every assignment of one of the two choices.
+    const Uuid& themeUpdateTrigger() const { return themeUpdateTrigger_; }
+
+    const std::vector<ColorPreset>& presets() const { return colorPresets(); }
+    /// The preset of the active id, or the first one when none has it.
+    const ColorPreset& activePreset() const;
+    /// Light or dark when forced; nothing when the desktop decides.
+    std::optional<ColorScheme> colorScheme() const;
+
+    void updateSystemAppearance();
+    /// Light to dark and back; from automatic to the opposite of what is on screen. A tenth of a
+    /// second later the inbox browsers are told.
+    void toggleTheme();
+
+    /// Whether the inbox should wear the dark style: by the mode, else by what is on screen.
+    bool isDarkMode() const;
+    /// Whether what is on screen is dark; what drawing code resolves a DynamicColor with.
+    bool isEffectivelyDark() const { return appearance_.isEffectivelyDark(); }
+
+    DynamicColor currentPrimaryColor() const;
+    /// The accent at an opacity of 0.16 in dark and 0.08 in light.
+    DynamicColor currentPrimaryLightColor() const;
+    bool isPrimaryLight() const;
+    /// The text colour that reads on the accent.
+    Rgba currentPrimaryContrastColor() const;
+
+    /// The accent, its tint and the text on it, resolved for what is on screen now.
+    Rgba themePrimary() const { return currentPrimaryColor().resolve(isEffectivelyDark()); }
+    Rgba themePrimaryLight() const {
+        return currentPrimaryLightColor().resolve(isEffectivelyDark());
+    }
+    Rgba themePrimaryContrastText() const { return currentPrimaryContrastColor(); }
+
+    /// Calls `observer` when a choice changed, and when the desktop turned light or dark: whatever
+    /// is drawn from this manager is to be drawn again.
+    [[nodiscard]] ScopedConnection observe(std::function<void()> observer);
+
+private:
+    /// Applies the mode and follows the desktop from now on.
+    void follow();
+
+    SettingsStore& settings_;
+    Appearance& appearance_;
+    NotificationCenter& notifications_;
+    Clock& clock_;
+    Uuid themeUpdateTrigger_ = Uuid::random();
+    std::string appearanceMode_;
+    std::string activePresetId_;
+    sigc::signal<void()> changed_;
+    ScopedConnection effectiveChanged_;
+    Lifetime lifetime_;
+};
+
+} // namespace tessaro

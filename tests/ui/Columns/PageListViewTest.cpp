@@ -1,0 +1,76 @@
+#include "Views/Columns/PageListView.h"
+
+#include "Views/Columns/PageButton.h"
+#include "Views/Widgets/InboxCommands.h"
+#include "support/Gtk/Keyboard.h"
+#include "support/Gtk/TestScreen.h"
+#include "support/Gtk/WidgetPicture.h"
+
+#include <gtest/gtest.h>
+
+using namespace tessaro;
+using namespace tessaro::test;
+
+namespace {
+
+class PageListViewTest : public testing::Test {
+protected:
+    PageListViewTest() { screen_.show(view_); }
+    ~PageListViewTest() override { screen_.window.unset_child(); }
+
+    void showPages(std::vector<PageConfig> pages) {
+        screen_.store.savePages(std::move(pages));
+        view_.setAccount(account_);
+        pagesVM_.loadPages(account_.id);
+        screen_.settle();
+    }
+    PageButton& button(const std::string& name) { return the<PageButton>(view_, name); }
+
+    TestScreen screen_;
+    Account account_ = makeAccount();
+    PagesViewModel pagesVM_{screen_.store, screen_.logger, screen_.clock, screen_.graph.factory()};
+    PageListView view_{screen_.context, pagesVM_};
+};
+
+} // namespace
+
+TEST_F(PageListViewTest, TellsNamesAndConnections) {
+    PageConfig lost = makePage(account_, "2", "Lan");
+    lost.isConnected = false;
+    showPages({makePage(account_, "1", ""), lost});
+    const auto dot = [&](const std::string& name) {
+        return WidgetPicture(button(name)).at(33, 33);
+    };
+    EXPECT_GT(dot("Page").green, 0.7) << "A Page without a name has one here.";
+    EXPECT_NEAR(dot("Lan").green, dot("Lan").red, 0.01) << "A grey one.";
+}
+
+TEST_F(PageListViewTest, TheSelectedPageAloneWearsTheOutlineAndTheCount) {
+    showPages({makePage(account_, "1", "Mai"), makePage(account_, "2", "Lan")});
+    const auto post = [this](const std::string& count) {
+        screen_.notifications.post(unreadCountChanged, {{"count", count}});
+    };
+    post("3");
+    EXPECT_FALSE(find(view_, "3"));
+    click(button("Lan"));
+    EXPECT_EQ((*pagesVM_.selectedPage)->pageName, "Lan");
+    EXPECT_TRUE(find<Gtk::Label>(button("Lan, 3 chưa đọc"), "3"));
+    EXPECT_TRUE(button("Lan, 3 chưa đọc").badge().isSelected());
+    EXPECT_FALSE(button("Mai").badge().isSelected());
+    click(button("Mai"));
+    post("1234");
+    EXPECT_TRUE(find<Gtk::Label>(button("Mai, 1234 chưa đọc"), "99+"));
+    EXPECT_TRUE(button("Lan").get_mapped());
+    post("");
+    EXPECT_TRUE(widgetsOf<Gtk::Label>(button("Mai")).empty());
+}
+
+TEST_F(PageListViewTest, TheMenuDeletesAPage) {
+    showPages({makePage(account_, "1", "Mai"), makePage(account_, "2", "Lan")});
+    button("Lan").grab_focus();
+    Keyboard::press(GDK_KEY_Menu);
+    ASSERT_TRUE(runUntil([this] { return find(view_, "Xóa Page"); }));
+    Keyboard::press(GDK_KEY_Return);
+    EXPECT_TRUE(runUntil([this] { return pagesVM_.pages->size() == 1; }));
+    EXPECT_TRUE(find<PageButton>(view_, "Mai"));
+}

@@ -1,0 +1,104 @@
+#include "Views/Pictures/SafeAvatarView.h"
+
+#include "support/Gtk/Pictures.h"
+#include "support/Gtk/ScreenWorld.h"
+#include "support/Gtk/WidgetPicture.h"
+#include "support/LoopbackServer.h"
+#include "support/MainLoop.h"
+
+#include <gtest/gtest.h>
+#include <gtkmm/window.h>
+
+#include <atomic>
+#include <fstream>
+
+using namespace tessaro;
+using namespace tessaro::test;
+
+namespace {
+
+constexpr Rgba red{1, 0, 0, 1};
+constexpr Rgba blue{0, 0, 1, 1};
+
+/// An avatar of 40 points in a shown window, on a server that has a blue picture under "/blue".
+class SafeAvatarViewTest : public testing::Test {
+protected:
+    SafeAvatarViewTest() {
+        server_.answer("/blue", pngPicture(80, 80, 0x0000FFFF));
+        avatar_.set_halign(Gtk::Align::CENTER);
+        avatar_.set_valign(Gtk::Align::CENTER);
+        window_.set_child(avatar_);
+        window_.present();
+    }
+
+    /// Writes a red picture into the cache, which announces it in the next turn.
+    void saveRed(const std::string& id) {
+        world_.store.saveAvatarData(id, pngPicture(120, 60, 0xFF0000FF));
+        world_.clock.advance(std::chrono::milliseconds(0));
+    }
+    bool shows(const Rgba& color) {
+        return runUntil([&] { return nearlyEqual(WidgetPicture(avatar_).at(20, 4), color); });
+    }
+    bool showsTint() { return shows(world_.theme.themePrimaryLight()); }
+
+    ScreenWorld world_;
+    LoopbackServer server_;
+    const std::string blueAddress_ = server_.origin() + "/blue";
+    Gtk::Window window_;
+    SafeAvatarView avatar_{world_.context, 40, AvatarShape::roundedRectangle(8)};
+};
+
+} // namespace
+
+TEST_F(SafeAvatarViewTest, DrawsTheFirstPerceivedCharacterOnTheTintOfThePreset) {
+    avatar_.setAvatar("1", "a\u0301nh", {});
+    EXPECT_EQ(avatar_.initial(), "A\u0301");
+    avatar_.setAvatar("1", "", {});
+    EXPECT_EQ(avatar_.initial(), "?");
+    for (const char* preset : {"emerald", "crimson"}) {
+        world_.theme.setActivePresetId(preset);
+        EXPECT_TRUE(showsTint()) << preset;
+    }
+}
+
+TEST_F(SafeAvatarViewTest, PrefersItsOwnCachedPictureToTheOneFromTheWeb) {
+    avatar_.setAvatar("1", "Trang", blueAddress_);
+    EXPECT_TRUE(shows(blue));
+    saveRed("1");
+    EXPECT_TRUE(shows(red));
+    EXPECT_EQ(avatar_.localImage()->get_width(), 40) << "kept at the size drawn";
+    EXPECT_EQ(WidgetPicture(avatar_).at(0.5, 0.5).alpha, 0) << "cut by the shape";
+
+    std::ofstream(world_.store.localAvatarURL("1")) << "<html>";
+    world_.notifications.post(DataStore::avatarDownloaded, {{"id", "1"}});
+    EXPECT_TRUE(shows(blue));
+}
+
+TEST_F(SafeAvatarViewTest, NeverShowsThePictureOfTheRowBefore) {
+    std::atomic<bool> released = false;
+    server_.handle("/slow", [&](ServerConnection& connection, const auto&) {
+        while (!released && connection.pause(std::chrono::milliseconds(1))) {
+        }
+        const std::string body = pngPicture(80, 80, 0xFF0000FF);
+        connection.write(
+            "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" +
+            body);
+    });
+    avatar_.setAvatar("1", "Trang", server_.origin() + "/slow");
+    ASSERT_TRUE(runUntil([&] { return server_.requestCount("/slow") == 1; }));
+    avatar_.setAvatar("2", "Khác", blueAddress_);
+    EXPECT_TRUE(shows(blue));
+    released = true;
+    ASSERT_TRUE(runUntil([&] { return server_.openConnections() == 0; }));
+    EXPECT_TRUE(shows(blue));
+    avatar_.setAvatar("3", "Không ảnh", {});
+    EXPECT_TRUE(showsTint());
+}
+
+TEST_F(SafeAvatarViewTest, ReadsTheFileAgainEachTimeItAppears) {
+    avatar_.setAvatar("1", "Trang", {});
+    window_.set_visible(false);
+    saveRed("1");
+    window_.set_visible(true);
+    EXPECT_TRUE(shows(red));
+}

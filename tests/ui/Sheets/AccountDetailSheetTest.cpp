@@ -1,0 +1,80 @@
+#include "Views/Sheets/AccountDetailSheet.h"
+
+#include "support/Gtk/Keyboard.h"
+#include "support/Gtk/TestScreen.h"
+
+#include <gmock/gmock.h>
+
+using namespace tessaro;
+using namespace tessaro::test;
+using testing::ElementsAre, testing::IsEmpty;
+
+namespace {
+
+/// The sheet in front of nothing, with what it saved and how often it was dismissed.
+class AccountDetailSheetTest : public testing::Test {
+protected:
+    using Saved = std::tuple<std::string, std::string, std::int64_t, std::string, SecretText, bool>;
+
+    void open(AccountDetailSheet::Mode mode) {
+        sheet_ = std::make_unique<AccountDetailSheet>(
+            screen_.context, std::move(mode),
+            [this](auto&&... values) { saved_.emplace_back(std::move(values)...); });
+        sheet_->onDismiss([this] { ++dismissed_; });
+        sheet_->present();
+        TestScreen::settle(*sheet_);
+        ASSERT_TRUE(runUntil([this] { return sheet_->is_active(); }));
+    }
+
+    TestScreen screen_;
+    std::unique_ptr<AccountDetailSheet> sheet_;
+    std::vector<Saved> saved_;
+    int dismissed_ = 0;
+};
+
+} // namespace
+
+TEST_F(AccountDetailSheetTest, ReturnSavesANameThatIsMoreThanBlanksAndEscapeNothing) {
+    open(AccountDetailSheet::Mode::add());
+    auto& name = the<Gtk::Entry>(*sheet_, "TÊN TÀI KHOẢN");
+    for (const char* blank : {"", " ", " \t "}) {
+        name.set_text(blank);
+        Keyboard::press(GDK_KEY_Return);
+        EXPECT_FALSE(the<Gtk::Button>(*sheet_, "Thêm tài khoản").is_sensitive());
+    }
+    Keyboard::press(GDK_KEY_Escape);
+    EXPECT_TRUE(runUntil([this] { return dismissed_ == 1; }));
+    EXPECT_THAT(saved_, IsEmpty());
+    name.set_text(" Mai");
+    Keyboard::press(GDK_KEY_Return);
+    EXPECT_TRUE(runUntil([this] { return dismissed_ == 2; }));
+    EXPECT_THAT(saved_, ElementsAre(Saved(" Mai", "", 0, "", SecretText(), false)));
+}
+
+TEST_F(AccountDetailSheetTest, GivesAnEditedAccountsValuesBackEvenWhenTheProxyIsHidden) {
+    Account account = makeAccount("Cửa hàng");
+    account.proxyHost = "proxy.example";
+    account.proxyPort = 8080;
+    account.proxyUsername = "mai";
+    account.proxyPassword = SecretText("bí mật");
+    account.proxyEnabled = true;
+    open(AccountDetailSheet::Mode::edit(account));
+    EXPECT_TRUE(showsText(*sheet_, "computer")) << "The account's own device.";
+    press(*sheet_, "Lưu thay đổi");
+    widgetsOf<Gtk::Switch>(*sheet_).at(0)->set_active(false);
+    EXPECT_TRUE(runUntil([this] { return !find(*sheet_, "Port"); }));
+    press(*sheet_, "Lưu thay đổi");
+    const auto values = [](bool enabled) {
+        return Saved("Cửa hàng", "proxy.example", 8080, "mai", SecretText("bí mật"), enabled);
+    };
+    EXPECT_THAT(saved_, ElementsAre(values(true), values(false)));
+}
+
+TEST(AccountDetailSheetPort, IsTheWholeTextOrNothing) {
+    const std::pair<const char*, std::int64_t> ports[] = {
+        {"8080", 8080}, {"+21", 21}, {"-5", -5}, {"", 0},     {"8080 ", 0},
+        {"80a", 0},     {"+-5", 0},  {"++5", 0}, {"0x50", 0}, {"12345678901234567890", 0},
+    };
+    for (const auto& [text, port] : ports)
+        EXPECT_EQ(AccountDetailSheet::portFromText(text), port) << '"' << text << '"';
+}

@@ -1,0 +1,101 @@
+#include "Views/Shell/FooterBar.h"
+#include "Views/Shell/UpdateCheck.h"
+#include "support/Gtk/TestScreen.h"
+#include "support/LoopbackServer.h"
+
+#include <gtest/gtest.h>
+
+#include <future>
+#include <optional>
+
+using namespace tessaro;
+using namespace tessaro::test;
+
+namespace {
+
+constexpr const char* path = "/api/support/upload-log";
+constexpr const char* buttonName = "Hỗ trợ";
+
+class SupportScreens : public testing::Test {
+protected:
+    void showBar() {
+        bar_.emplace(screen_.context, screen_.logger, support_);
+        bar_->set_valign(Gtk::Align::END);
+        screen_.show(*bar_);
+    }
+
+    LoopbackServer server_;
+    TestScreen screen_;
+    SupportClient support_{screen_.settings, server_.origin(), screen_.device, screen_.logger, {}};
+    std::optional<FooterBar> bar_;
+};
+
+} // namespace
+
+TEST_F(SupportScreens, FooterBarSaysWhyALogWasRefusedAndGoesNowhere) {
+    server_.answer(path, {.status = 507, .body = R"({"error":"Máy chủ hết chỗ"})"});
+    showBar();
+    press(*bar_, buttonName);
+    ASSERT_TRUE(runUntil([&] { return !screen_.modals.alerts.empty(); }));
+    EXPECT_EQ(screen_.modals.alerts[0].message, "Lỗi gửi log: Máy chủ hết chỗ");
+    screen_.modals.answers[0](0);
+    EXPECT_TRUE(screen_.desktop.opened.empty());
+    EXPECT_TRUE(screen_.desktop.copied.empty());
+    EXPECT_TRUE(the<Gtk::Button>(*bar_, buttonName).is_sensitive());
+}
+
+TEST_F(SupportScreens, FooterBarIsBusyWhileTheServerTakesItsTimeAndMayGoMeanwhile) {
+    std::promise<void> release;
+    server_.handle(
+        path, [released = release.get_future().share()](
+                  ServerConnection& connection, const ReceivedRequest&) {
+            released.wait();
+            connection.write("HTTP/1.1 200 OK\r\nContent-Length: 16\r\n\r\n{\"success\":true}");
+        });
+    showBar();
+    press(*bar_, buttonName);
+    ASSERT_TRUE(runUntil([&] { return server_.requestCount(path) == 1; }));
+    EXPECT_FALSE(the<Gtk::Button>(*bar_, buttonName).is_sensitive());
+    screen_.settle(); // Frames are still drawn.
+
+    screen_.window.unset_child();
+    bar_.reset();
+    release.set_value();
+    ASSERT_TRUE(runUntil([&] { return server_.openConnections() == 0; }));
+    await(support_.checkUpdate()); // By its end the first answer has come through as well.
+    EXPECT_TRUE(screen_.modals.alerts.empty());
+}
+
+TEST_F(
+    SupportScreens, UpdateCheckOffersANewerVersionOnceAtATimeAndMayEndBeforeTheAnswerOrTheClick) {
+    const char* newer = R"({"version":"1.3.0","url":"https://a.example/","notes":"Fixes"})";
+    std::optional<UpdateCheck> updates(
+        std::in_place, support_, screen_.logger, screen_.modals, screen_.desktop);
+    const auto check = [&](const std::string& answer) {
+        server_.answer("/api/update/check", answer);
+        updates->checkForUpdates();
+        await(support_.checkUpdate()); // By its end the first answer has come through as well.
+    };
+    const auto waitForAlerts = [this](std::size_t count) {
+        return runUntil([=, this] { return screen_.modals.alerts.size() == count; });
+    };
+    check(R"({"version":"1.2.0","url":"https://a.example/","notes":""})");
+    EXPECT_TRUE(screen_.modals.alerts.empty());
+    check(newer);
+    ASSERT_TRUE(waitForAlerts(1));
+    EXPECT_EQ(screen_.modals.alerts[0].message, "Phiên bản mới: 1.3.0\n\nNội dung:\nFixes");
+    check(newer);
+    EXPECT_EQ(screen_.modals.alerts.size(), 1u);
+    screen_.modals.answers[0](0);
+    check(newer);
+    ASSERT_TRUE(waitForAlerts(2));
+    updates.reset();
+    screen_.modals.answers[1](1);
+    EXPECT_TRUE(screen_.desktop.opened.empty());
+
+    updates.emplace(support_, screen_.logger, screen_.modals, screen_.desktop);
+    updates->checkForUpdates();
+    updates.reset();
+    await(support_.checkUpdate());
+    EXPECT_EQ(screen_.modals.alerts.size(), 2u);
+}
