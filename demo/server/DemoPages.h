@@ -23,7 +23,7 @@ const std::vector<DemoPage>& demoPages();
 /// Null when no Page has that id.
 const DemoPage* findPage(std::string_view id);
 
-/// Whom a token stands for.
+/// What a demo token stands for.
 struct TokenOwner {
     std::string id;
     std::string name;

@@ -29,7 +29,7 @@ Request readRequest(
 
 void writeReply(SoupServerMessage* message, const Reply& reply) {
     SoupMessageHeaders* headers = soup_server_message_get_response_headers(message);
-    // A demo is looked at again and again: nothing of it may come from a cache.
+    // A change to the demo must show at once, so nothing may come from a cache.
     soup_message_headers_replace(headers, "Cache-Control", "no-store");
     if (!reply.attachment.empty()) {
         const GHashTablePtr parameters(g_hash_table_new(g_str_hash, g_str_equal));
@@ -46,11 +46,11 @@ void writeReply(SoupServerMessage* message, const Reply& reply) {
         message, reply.contentType.c_str(), SOUP_MEMORY_COPY, reply.body.data(), reply.body.size());
 }
 
-/// Which site's answers a path belongs to, as hold and release call it; empty for none of them.
+/// The site that answers this path, by the name that hold and release use. Empty when none does.
 std::string siteOf(std::string_view path) {
     if (path.starts_with("/v"))
         return "graph";
-    // Only the page itself: its parts arrive as one would expect.
+    // Only the page itself is held back. Its parts are answered at once.
     if (path == "/latest/inbox/all")
         return "inbox";
     return path.starts_with("/api/") ? "support" : "";

@@ -23,7 +23,7 @@ struct Request {
     }
 };
 
-/// What is answered.
+/// The server's answer to one request.
 struct Reply {
     unsigned status = 200;
     std::string contentType = "text/plain; charset=utf-8";

@@ -25,7 +25,8 @@ Reply file(const std::string& name, const char* contentType) {
     return {200, contentType, siteFile(name), {}};
 }
 
-/// The plain page with a heading and a sentence in it. Neither comes from outside.
+/// The plain page with this heading and sentence. Both are the server's own texts, so nothing is
+/// escaped.
 Reply plainPage(const std::string& title, const std::string& text) {
     std::string page = siteFile("plain.html");
     for (const auto& [mark, value] : {std::pair{"{{title}}", title}, std::pair{"{{text}}", text}})

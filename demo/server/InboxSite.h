@@ -10,10 +10,10 @@ class InboxSite {
 public:
     InboxSite();
     Reply answer(const Request& request);
-    /// How the page that is open says it is being shown; null before the first report. The page
-    /// sends it whenever something of it changed: which of its bars are visible, whether it wears a
-    /// dark style, its width, where the cursor is, which conversation is open, whether it may
-    /// show notifications.
+    /// The open page's latest report of how it is shown; null before the first one. The page
+    /// reports whenever one of these changes: which of its bars are visible, whether it wears a
+    /// dark style, its width, where the cursor is, which conversation is open, whether it may show
+    /// notifications.
     const nlohmann::json& view() const { return view_; }
 
 private:

@@ -17,7 +17,7 @@ public:
     };
 
     Reply answer(const Request& request);
-    /// What was sent in, the oldest first.
+    /// The logs received, oldest first.
     const std::vector<Upload>& uploads() const { return uploads_; }
 
 private:

@@ -4,8 +4,8 @@ namespace tessaro::demo {
 
 namespace {
 
-/// How long the program may take for one answer, in milliseconds. The library's own 800 are not
-/// enough for a busy machine, and what did not answer in time looks like what is not there.
+/// How long the program may take to answer one question, in milliseconds. The library's default of
+/// 800 is too short on a busy machine, where a late answer would look like a missing control.
 constexpr int answerLimit = 10'000;
 
 } // namespace
@@ -20,8 +20,8 @@ std::optional<Node> Node::ofProcess(int processId) {
     for (const Node& program : Node(desktop).children())
         if (atspi_accessible_get_process_id(program.accessible_.get(), GErrorSlot().out()) ==
             static_cast<guint>(processId)) {
-            // What is asked for is what is there now: the library's memory of what programs
-            // announce was seen to hold the program itself in the place of a new window, for good.
+            // The library's cache is off. It was seen to keep the program itself in the place of a
+            // new window.
             atspi_accessible_set_cache_mask(program.accessible_.get(), ATSPI_CACHE_NONE);
             return program;
         }

@@ -11,8 +11,8 @@
 
 namespace tessaro::demo {
 
-/// One control of the program as a screen reader sees it. Every question goes to the program; one
-/// that is gone meanwhile answers with nothing.
+/// One control of the program as a screen reader sees it. Every question goes to the program. A
+/// control that is gone answers with empty values.
 class Node {
 public:
     /// Starts the accessibility library; before anything else here.
@@ -28,11 +28,11 @@ public:
     bool has(AtspiStateType state) const;
     bool isEnabled() const;
     std::vector<Node> children() const;
-    /// What a text field, a label or a page's paragraph reads.
+    /// The text of a text field, a label or a paragraph.
     std::string text() const;
 
-    /// Does the control's action of that name, or else its first: a button's press. False when it
-    /// has none such.
+    /// Performs the control's action of that name, or its first one: a button's press. False when
+    /// there is none.
     bool press(const std::string& action = {}) const;
     /// Replaces a text field's text.
     bool setText(const std::string& text) const;
@@ -41,7 +41,7 @@ public:
 
     /// The first of this node and those below it, depth first, for which `wanted` holds.
     std::optional<Node> find(const std::function<bool(const Node&)>& wanted) const;
-    /// Everything from here down, one line each, for whoever looks for a fault.
+    /// This node and everything below it, one line each, to find a fault by.
     std::string describeTree(int depth = 0) const;
 
 private:

@@ -22,8 +22,8 @@ public:
 
     bool isRunning() const;
     int processId() const;
-    /// Waits for it to end by itself; false when it does not in time, or ends with another status
-    /// than 0.
+    /// Waits for the program to end by itself. False when it still runs after the limit, or when
+    /// its status is not 0.
     bool endsWell(std::chrono::seconds limit);
 
 private:

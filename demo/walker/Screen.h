@@ -22,8 +22,8 @@ public:
     Screen();
     bool isOpen() const { return display_ != nullptr; }
 
-    /// Where the largest window is whose title is that, or ends with it: a count may stand before
-    /// it. Without its shadow; nothing while there is none.
+    /// The area of the largest window whose title ends with `title` (a count may stand before it),
+    /// without its shadow. Nothing while there is no such window.
     std::optional<Area> findWindow(const std::string& title) const;
     /// That area, grown to hold the menus and popovers that are open.
     Area withPopovers(Area area) const;
@@ -37,7 +37,7 @@ public:
     /// How many pixels of the area have exactly this colour (0xRRGGBB).
     int countPixels(const Area& area, unsigned long color) const;
 
-    /// The clipboard's plain text, asked of whoever owns it.
+    /// The clipboard's plain text, as its owner hands it out.
     std::optional<std::string> clipboardText() const;
 
     /// Presses and releases a key while the modifier, if there is one, is held. Both are named as

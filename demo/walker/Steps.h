@@ -37,7 +37,7 @@ std::string readFile(const std::filesystem::path& file);
 nlohmann::json readRecords(const Walk& walk, const char* file);
 /// Opens the sheet for a new account and gives it the name.
 void beginAccount(Walk& walk, const std::string& name);
-/// Adds the account of the sheet, which is gone after it.
+/// Presses the sheet's add button and waits until the sheet is gone.
 void finishAccount(Walk& walk);
 /// Opens the add-Page sheet, verifies the token there and waits for the label.
 void verifyToken(Walk& walk, const std::string& token, const std::string& expectedLabel);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr auto pause = std::chrono::milliseconds(50);
 
-/// Lets what has arrived from the other processes be taken in, then waits a little.
+/// Handles what the other processes have sent, then waits a little.
 void breathe() {
     while (g_main_context_iteration(nullptr, FALSE)) {
     }
@@ -78,7 +78,8 @@ std::optional<Node> Walk::find(const Wanted& wanted) const {
         return isOfKind(node.role(), wanted.kind) &&
                (isWindow ? node.name().ends_with(wanted.name) : node.name() == wanted.name);
     };
-    // What is in front of the main window first: a sheet's button may be called like one behind it.
+    // Windows in front of the main window come first: a sheet's button may have the name of one
+    // behind it.
     for (const bool inFront : {true, false})
         for (const Node& window : program->children())
             if ((window.role() != ATSPI_ROLE_FRAME) == inFront)

@@ -19,7 +19,7 @@ struct WalkFailure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// What a control is known by: what it is and its accessible name, or how a window's name ends.
+/// Identifies a control by its role and accessible name, or a window by the end of its name.
 struct Wanted {
     enum class Kind { button, field, label, dialog, window } kind;
     std::string name;
@@ -43,7 +43,7 @@ inline Wanted mainWindow() {
 }
 
 /// A walk through the program as a user would take it: press, type, look, and wait until what is
-/// expected is seen. Everything waits with a limit; what does not happen throws a WalkFailure.
+/// expected is seen. Every wait has a limit and throws a WalkFailure when the limit has passed.
 class Walk {
 public:
     using Limit = std::chrono::milliseconds;
@@ -68,7 +68,7 @@ public:
 
     /// Starts the program and waits for its window.
     void startProgram();
-    /// Of the running program; 0 when none runs.
+    /// The process id of the running program; 0 when none runs.
     int processId() const { return program_ ? program_->processId() : 0; }
     /// Closes the window and waits for the program to end.
     void closeProgram();
@@ -95,7 +95,7 @@ public:
     /// Writes a picture of the main window and what lies over it, once it has come to rest or a
     /// while has passed.
     void picture(const std::string& name, Limit limit = std::chrono::seconds(3));
-    /// Leaves a picture and the tree of controls for whoever looks for the fault.
+    /// Writes a picture and the tree of controls, from which the fault can be found.
     void explainFailure() const;
 
 private:
