@@ -9,11 +9,15 @@ namespace {
 GObjectPtr<GProxyResolver> resolverFor(const HttpOptions::Proxy& proxy) {
     if (proxy.port < 1 || proxy.port > 65535)
         return nullptr;
+    // The form of a name with other letters than ASCII that is looked up (RFC 3490).
+    const auto host = g_hostname_is_non_ascii(proxy.host.c_str())
+                          ? takeString(g_hostname_to_ascii(proxy.host.c_str()))
+                          : proxy.host;
     const auto address = takeString(g_uri_join(
-        G_URI_FLAGS_NONE, "http", nullptr, proxy.host.c_str(), static_cast<gint>(proxy.port), "",
-        nullptr, nullptr));
+        G_URI_FLAGS_NONE, "http", nullptr, host.c_str(), static_cast<gint>(proxy.port), "", nullptr,
+        nullptr));
     const GUriPtr parsed(g_uri_parse(address.c_str(), G_URI_FLAGS_NONE, nullptr));
-    if (!parsed || g_uri_get_host(parsed.get()) != proxy.host)
+    if (host.empty() || !parsed || g_uri_get_host(parsed.get()) != host)
         return nullptr;
     return GObjectPtr<GProxyResolver>::adopt(g_simple_proxy_resolver_new(address.c_str(), nullptr));
 }

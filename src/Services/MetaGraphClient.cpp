@@ -1,12 +1,9 @@
 #include "Services/MetaGraphClient.h"
 
-#include "Platform/Background.h"
-#include "Platform/JsonReader.h"
+#include "Services/AnswerDecoding.h"
 #include "Services/GraphAnswers.h"
 #include "Services/PictureDownloads.h"
 #include "Services/TokenRedaction.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <limits>
@@ -26,10 +23,14 @@ HttpOptions optionsFor(HttpOptions options, const std::optional<Account>& accoun
     return options;
 }
 
+bool isSuccess(const HttpResponse& response) {
+    return response.status >= 200 && response.status <= 299;
+}
+
 Result<void> checkHTTPResponse(const HttpResponse& response) {
-    const int status = static_cast<int>(response.status);
-    if (status >= 200 && status <= 299)
+    if (isSuccess(response))
         return {};
+    const int status = static_cast<int>(response.status);
     const auto inBrackets = " (" + std::to_string(status) + ")";
     const auto error = parseJson(response.body).and_then(decodeGraphError);
     if (!error)
@@ -40,31 +41,35 @@ Result<void> checkHTTPResponse(const HttpResponse& response) {
         error->message.value_or("Lỗi Graph API" + inBrackets));
 }
 
-/// Waits for the answer and tells success from failure. No message leaves here that holds the
-/// token, even when the server echoes it.
-Task<Result<std::string>> bodyOf(Task<Result<HttpResponse>> sending, SecretText token) {
-    auto response = co_await std::move(sending);
-    const auto checked = response.and_then(checkHTTPResponse);
-    if (checked)
-        co_return std::move(response->body);
-    Error error = checked.error();
+/// Why there is no success. No message leaves here that holds the token, even when the server
+/// echoes it.
+Error errorOf(const Result<HttpResponse>& response, const SecretText& token) {
+    Error error = response.and_then(checkHTTPResponse).error();
     if (error.domain == "HTTP" && error.code == HttpClient::invalidUrl)
         error = Error{domain, 400, "Invalid URL"};
     if (error.domain == "HTTP" && error.code == HttpClient::notHttp)
         error = Error{domain, 500, "Phản hồi không hợp lệ."};
-    error.message = redacted(error.message, token);
-    co_return tl::unexpected<Error>(std::move(error));
+    error.message = shownPart(redacted(error.message, token));
+    return error;
 }
 
-/// Decodes the body off the main loop: one that just fits would hold up the window.
+/// Waits for the answer and tells success from failure.
+Task<Result<std::string>> bodyOf(Task<Result<HttpResponse>> sending, SecretText token) {
+    auto response = co_await std::move(sending);
+    if (response && isSuccess(*response))
+        co_return std::move(response->body);
+    auto work = [response = std::move(response), token] { return errorOf(response, token); };
+    auto explaining = inBackground(std::move(work)); // The body may be a long one.
+    co_return tl::unexpected<Error>(co_await std::move(explaining));
+}
+
 template <typename Value>
 Task<Result<Value>>
 decoded(Task<Result<std::string>> receiving, Result<Value> (*decode)(const nlohmann::json&)) {
     auto body = co_await std::move(receiving);
     if (!body)
         co_return tl::unexpected<Error>(body.error());
-    auto work = [text = std::move(*body), decode] { return parseJson(text).and_then(decode); };
-    auto decoding = inBackground(std::move(work));
+    auto decoding = decodedAnswer(std::move(*body), decode);
     co_return co_await std::move(decoding);
 }
 

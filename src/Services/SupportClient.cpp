@@ -1,7 +1,6 @@
 #include "Services/SupportClient.h"
 
-#include "Platform/JsonReader.h"
-#include "Platform/WebAddress.h"
+#include "Services/AnswerDecoding.h"
 #include "Services/BuildConfig.h"
 #include "Services/SupportAnswers.h"
 
@@ -13,17 +12,11 @@ namespace {
 
 constexpr const char* domain = "SupportClient";
 
-template <typename Answer>
-Result<Answer> decodeBody(const HttpResponse& response) {
-    return parseJson(response.body).and_then(decodeSupportAnswer<Answer>);
-}
-
-std::string messageOfFailure(const HttpResponse& response) {
-    const auto status = "(" + std::to_string(response.status) + ")";
-    const auto answer = decodeBody<APIErrorResponse>(response);
+std::string messageOf(const Result<APIErrorResponse>& answer, unsigned code) {
+    const auto status = "(" + std::to_string(code) + ")";
     if (!answer)
         return "Lỗi kết nối " + status + ".";
-    return answer->error.value_or(answer->message.value_or("Lỗi " + status));
+    return shownPart(answer->error.value_or(answer->message.value_or("Lỗi " + status)));
 }
 
 /// The base address with a scheme; nothing else about it is changed.
@@ -78,12 +71,12 @@ Task<Result<Answer>> SupportClient::performRequest(
         return tl::unexpected<Error>(std::move(error));
     };
 
-    if (!isOpenableAddress(address))
-        co_return fail("URL không hợp lệ: " + address, {domain, 400, "URL không hợp lệ."});
     // A variable: GCC 12 destroys a braced temporary within an await twice.
     HttpRequest request{
         .method = method, .url = address, .contentType = "application/json", .body = body};
-    const auto response = co_await http_.send(std::move(request));
+    auto response = co_await http_.send(std::move(request));
+    if (!response && response.error().code == HttpClient::invalidUrl)
+        co_return fail("URL không hợp lệ: " + address, {domain, 400, "URL không hợp lệ."});
     if (!response && response.error().code == HttpClient::notHttp)
         co_return fail(
             "Phản hồi từ máy chủ không hợp lệ cho " + address,
@@ -93,13 +86,17 @@ Task<Result<Answer>> SupportClient::performRequest(
             "Lỗi kết nối mạng khi gửi " + method + " tới " + address + ": " +
                 response.error().message,
             response.error());
-    if (response->status < 200 || response->status > 299) {
-        const auto message = messageOfFailure(*response);
+    const unsigned status = response->status;
+    if (status < 200 || status > 299) {
+        auto decoding =
+            decodedAnswer(std::move(response->body), &decodeSupportAnswer<APIErrorResponse>);
+        const auto message = messageOf(co_await std::move(decoding), status);
         co_return fail(
             "Yêu cầu " + method + " tới " + address + " thất bại: " + message,
-            {domain, static_cast<int>(response->status), message});
+            {domain, static_cast<int>(status), message});
     }
-    auto answer = decodeBody<Answer>(*response);
+    auto decoding = decodedAnswer(std::move(response->body), &decodeSupportAnswer<Answer>);
+    auto answer = co_await std::move(decoding);
     if (!answer)
         co_return fail(
             "Lỗi giải mã phản hồi JSON từ " + address + ": " + answer.error().message,

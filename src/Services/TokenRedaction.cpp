@@ -1,10 +1,16 @@
 #include "Services/TokenRedaction.h"
 
-#include <glib.h>
+#include "Platform/GHandle.h"
+
+#include <algorithm>
 
 namespace tessaro {
 
 namespace {
+
+/// In bytes. What is shorter than this protects nothing, but stands in many an ordinary word; real
+/// tokens have more than a hundred.
+constexpr std::size_t shortestSecret = 8;
 
 /// The length of the token at the beginning of the text, where each byte may also stand there as a
 /// percent sign and two digits; 0 when it is not there.
@@ -26,22 +32,22 @@ std::size_t lengthOfToken(std::string_view text, std::string_view token) {
 } // namespace
 
 std::string encodedForQuery(const SecretText& token) {
-    // GLib's own encoder stops at a zero byte.
-    constexpr std::string_view kept = "-._~!$&'()*+,;=:@/?";
-    constexpr const char* digits = "0123456789ABCDEF";
+    const std::string& text = token.reveal();
     std::string result;
-    for (const char byte : token.reveal()) {
-        if (g_ascii_isalnum(byte) || kept.find(byte) != std::string_view::npos) {
-            result += byte;
-        } else {
-            const auto value = static_cast<unsigned char>(byte);
-            result += {'%', digits[value / 16], digits[value % 16]};
-        }
+    for (std::size_t begin = 0; begin <= text.size();) {
+        // GLib takes a zero byte, the end of its list, for one that is allowed.
+        const auto end = std::min(text.find('\0', begin), text.size());
+        result += begin > 0 ? "%00" : "";
+        result += takeString(g_uri_escape_bytes(
+            reinterpret_cast<const guint8*>(text.data() + begin), end - begin, "!$&'()*+,;=:@/?"));
+        begin = end + 1;
     }
     return result;
 }
 
 std::string redacted(std::string_view text, const SecretText& token) {
+    if (token.reveal().size() < shortestSecret)
+        return std::string(text);
     std::string result;
     while (!text.empty()) {
         if (const auto length = lengthOfToken(text, token.reveal())) {

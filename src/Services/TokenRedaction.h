@@ -11,7 +11,7 @@ namespace tessaro {
 std::string encodedForQuery(const SecretText& token);
 
 /// The text with "…" for every occurrence of the token, also where some or all of its bytes are
-/// percent-encoded.
+/// percent-encoded. What is too short to be a secret is left alone.
 std::string redacted(std::string_view text, const SecretText& token);
 
 } // namespace tessaro

@@ -21,9 +21,11 @@ namespace {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr int fittingPages = 20'000; // Each of them takes its time.
 constexpr auto timeLimit = 30s;
+constexpr auto turnLimit = 2s;
 #else
 constexpr int fittingPages = 350'000;
 constexpr auto timeLimit = 6s;
+constexpr auto turnLimit = 400ms;
 #endif
 
 constexpr const char* marked = "EAAB marked#token/%1";
@@ -122,6 +124,24 @@ TEST(HostileGraph, ProxiesAreToldOfWithoutTheToken) {
         GraphWorld world;
         account.proxyPort = port;
         EXPECT_THAT(errorsOf(world, account), Not(HasSubstr("marked")));
+    }
+}
+
+TEST(HostileGraph, LongErrorsAreReadWithoutStallingTheLoop) {
+    GraphWorld world;
+    SupportClient support(world.settings, world.baseUrl, world.device, world.logger, {});
+    std::string body = R"({"error":{"message":"Why","more":[0)";
+    for (int i = 0; i < 300'000; ++i) // Takes half a second to read.
+        body += ",1";
+    world.server.answer("*", {400, body += "]}}", {}});
+    auto asking = world.makeClient(SecretText(marked), std::nullopt)->fetchPageInfo();
+    EXPECT_LT(longestTurnUntil([&] { return asking.isDone(); }), turnLimit);
+    EXPECT_EQ(await(std::move(asking)).error().message, "Why");
+    for (const int status : {200, 404}) {
+        world.server.answer("*", {status, body, {}});
+        auto checking = support.checkUpdate();
+        EXPECT_LT(longestTurnUntil([&] { return checking.isDone(); }), turnLimit);
+        EXPECT_FALSE(await(std::move(checking)));
     }
 }
 

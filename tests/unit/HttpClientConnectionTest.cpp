@@ -147,6 +147,13 @@ TEST_F(HttpClientProxy, NeverGoesDirectlyWhenItsProxyCannotBeUsed) {
     EXPECT_EQ(plain.connectionCount(), 0u);
 }
 
+TEST_F(HttpClientProxy, LooksItsHostUpByTheNameThatTheNetworkKnows) {
+    // RFC 6761: a name below "localhost" is this computer's, whoever is asked.
+    proxy.answer("*", "by the proxy");
+    options.proxy = HttpOptions::Proxy{"máy.localhost", proxy.port()};
+    EXPECT_EQ(get(plain.origin(), options).value().body, "by the proxy");
+}
+
 TEST_F(HttpClientProxy, HeedsTheEnvironmentOnlyWhenAskedTo) {
     ScopedEnvironment environment;
     environment.set("http_proxy", "http://127.0.0.1:" + std::to_string(proxy.port()));

@@ -84,7 +84,10 @@ TEST_F(SupportClientTest, TakesTheBaseAddressFromTheSettingsAndAddsOnlyAMissingS
                                   "SupportClient: Lỗi kết nối mạng khi gửi GET tới https" +
                                   origin_.substr(4) + checkPath + ": "));
     for (const auto& [base, address] : std::map<std::string, std::string>{
-             {"", "https://"}, {"ht tp://a", "https://ht tp://a"}, {"http:a", "http:a"}}) {
+             {"", "https://"},
+             {"ht tp://a", "https://ht tp://a"},
+             {"http:a", "http:a"},
+             {"máy.example", "https://máy.example"}}) {
         EXPECT_EQ(errorOfCheck(base), (Error{"SupportClient", 400, "URL không hợp lệ."}));
         expectLogged("URL không hợp lệ: " + address + checkPath);
     }

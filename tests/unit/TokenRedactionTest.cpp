@@ -16,5 +16,6 @@ TEST(TokenRedaction, FindsTheTokenHoweverItIsEscaped) {
          {"EA b#/%1", "EA%20b%23/%251", "EA%20b%23%2f%251", "%45%41%20%62%23%2F%25%31"})
         EXPECT_EQ(
             redacted("x" + std::string(echoed) + "y" + echoed, SecretText("EA b#/%1")), "x…y…");
-    EXPECT_EQ(redacted("EA%2", SecretText("EA b")), "EA%2");
+    EXPECT_EQ(redacted("EA%20b%23", SecretText("EA b#/%1")), "EA%20b%23");
+    EXPECT_EQ(redacted("Invalid OAuth", SecretText("a")), "Invalid OAuth") << "no secret";
 }

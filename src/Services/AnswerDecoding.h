@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Platform/Background.h"
+#include "Platform/JsonReader.h"
+#include "Platform/Text.h"
+
+#include <string>
+#include <utility>
+
+namespace tessaro {
+
+/// Decodes the body of an answer in the background: one that just fits would hold up the window.
+template <typename Value>
+Task<Result<Value>>
+decodedAnswer(std::string body, Result<Value> (*decode)(const nlohmann::json&)) {
+    return inBackground(
+        [body = std::move(body), decode] { return parseJson(body).and_then(decode); });
+}
+
+/// As much of a server's message as a screen can show; megabytes in a label would hold up the
+/// window just as well. Any thread.
+inline std::string shownPart(std::string message) {
+    constexpr std::size_t longest = 8 * 1024;
+    return message.size() <= longest ? message : toValidUtf8(message.substr(0, longest)) + "…";
+}
+
+} // namespace tessaro
