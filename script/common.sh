@@ -24,6 +24,8 @@ esac
 # one preset finds what another has compiled.
 if command -v ccache >/dev/null; then
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
+    # Precompiled headers are large: an inode that has not changed is not read again.
+    export CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_INODECACHE=1
 fi
 
 cxx_files() {
