@@ -1,7 +1,7 @@
 #include "Services/SupportClient.h"
 #include "Views/Sheets/AccountDetailSheet.h"
 #include "Views/Sheets/AddPageSheet.h"
-#include "Views/Sheets/SheetPresenter.h"
+#include "Views/Sheets/DialogPresenter.h"
 #include "Views/Shell/MainSplitView.h"
 #include "Views/Shell/Resources.h"
 #include "support/Gtk/TestScreen.h"
@@ -79,9 +79,10 @@ public:
 private:
     void openAndClose(std::unique_ptr<Sheet> sheet) {
         sheet->onDismiss([this] { sheets_.dismiss(); });
+        Sheet& shown = *sheet;
         sheets_.present(std::move(sheet), *view_);
-        test::TestScreen::settle(*sheets_.shown());
-        test::press(*sheets_.shown(), "Hủy");
+        test::TestScreen::settle(shown);
+        test::press(shown, "Hủy");
         test::runPending(); // Dismissed sheets are dropped when the loop is idle.
     }
 
@@ -90,7 +91,7 @@ private:
         screen_.settings, "http://127.0.0.1:9", screen_.device, screen_.logger, {}};
     std::vector<Account> accounts_;
     std::optional<MainSplitView> view_;
-    SheetPresenter sheets_;
+    DialogPresenter sheets_;
 };
 
 } // namespace

@@ -3,7 +3,7 @@
 #include "ViewModels/AccountsViewModel.h"
 #include "Views/Columns/RecordColumn.h"
 #include "Views/ScreenContext.h"
-#include "Views/Sheets/SheetPresenter.h"
+#include "Views/Sheets/DialogPresenter.h"
 #include "Views/Widgets/SymbolButton.h"
 
 #include <gtkmm/box.h>
@@ -32,7 +32,7 @@ private:
     SymbolButton themeToggle_;
     SymbolButton themeSettings_;
     Gtk::Popover themePopover_;
-    SheetPresenter sheets_;
+    DialogPresenter sheets_;
     std::vector<ScopedConnection> connections_;
 };
 

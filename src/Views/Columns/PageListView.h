@@ -3,7 +3,7 @@
 #include "ViewModels/PagesViewModel.h"
 #include "Views/Columns/RecordColumn.h"
 #include "Views/ScreenContext.h"
-#include "Views/Sheets/SheetPresenter.h"
+#include "Views/Sheets/DialogPresenter.h"
 #include "Views/Widgets/Symbol.h"
 
 #include <gtkmm/overlay.h>
@@ -32,7 +32,7 @@ private:
     std::optional<Account> account_;
     RecordColumn<PageConfig> column_;
     Symbol arrow_;
-    SheetPresenter sheets_;
+    DialogPresenter sheets_;
     std::vector<ScopedConnection> connections_;
 };
 

@@ -134,15 +134,17 @@ void Coordinator::createWebView(WebView& webView, const std::string& address) {
 
 void Coordinator::runScriptAlert(const std::string& message, std::function<void()> completion) {
     parent_.context.modals.show(
-        {.message = message, .buttons = {{.label = "OK", .isCancel = true}}},
-        [completion = std::move(completion)](std::size_t) { completion(); });
+        {.message = message, .buttons = {"OK"}},
+        [completion = std::move(completion)](std::optional<std::size_t>) { completion(); });
 }
 
 void Coordinator::runScriptConfirm(
     const std::string& message, std::function<void(bool)> completion) {
     parent_.context.modals.show(
-        {.message = message, .buttons = {{.label = "OK"}, {.label = "Hủy", .isCancel = true}}},
-        [completion = std::move(completion)](std::size_t button) { completion(button == 0); });
+        {.message = message, .buttons = {"OK", "Hủy"}},
+        [completion = std::move(completion)](std::optional<std::size_t> button) {
+            completion(button == 0);
+        });
 }
 
 void Coordinator::webProcessDidTerminate(WebView&) {

@@ -48,10 +48,11 @@ void SiteNotifications::ask() {
          .message = context_.endpoints.inboxHost() +
                     " muốn hiện thông báo trên màn hình, chẳng hạn khi có tin nhắn mới. Tessaro "
                     "ghi nhớ câu trả lời.",
-         .buttons = {{.label = "Không cho phép", .isCancel = true}, {.label = "Cho phép"}}},
-        [waiting = waiting_, consent = consent_](std::size_t button) mutable {
+         .buttons = {"Không cho phép", "Cho phép"}},
+        [waiting = waiting_, consent = consent_](std::optional<std::size_t> button) mutable {
             const bool isGranted = button == 1;
-            consent.keep(isGranted);
+            if (button) // Who only closes the question is asked again.
+                consent.keep(isGranted);
             for (const auto& answer : std::exchange(*waiting, {}))
                 answer(isGranted);
         });

@@ -3,24 +3,14 @@
 #include "Views/Widgets/Accessible.h"
 #include "Views/Widgets/Symbol.h"
 
-#include <gtkmm/eventcontrollerkey.h>
-
 namespace tessaro {
 
 Sheet::Sheet(int width, int height, const Glib::ustring& title, const Glib::ustring& acceptLabel)
-    : column_(Gtk::Orientation::VERTICAL),
+    : Dialog(title),
       title_(title),
       content_(Gtk::Orientation::VERTICAL, 16),
       cancel_("Hủy"),
       accept_(acceptLabel) {
-    property_accessible_role() = Gtk::Accessible::Role::DIALOG;
-    set_title(title);
-    set_modal();
-    set_resizable(false);
-    add_css_class("sheet");
-    noTitlebar_.set_visible(false);
-    set_titlebar(noTitlebar_);
-
     title_.add_css_class("headline");
     title_.set_xalign(0);
     title_.set_hexpand();
@@ -48,47 +38,16 @@ Sheet::Sheet(int width, int height, const Glib::ustring& title, const Glib::ustr
     footer_.append(accept_);
     footer_.add_css_class("sheet-row");
 
-    column_.append(handle_);
-    column_.append(above_);
-    column_.append(scroller_);
-    column_.append(below_);
-    column_.append(footer_);
-    column_.add_css_class("sheet-column");
-    column_.set_overflow(Gtk::Overflow::HIDDEN);
-    column_.set_size_request(width, height);
-    set_child(column_);
+    for (Gtk::Widget* part :
+         std::initializer_list<Gtk::Widget*>{&handle_, &above_, &scroller_, &below_, &footer_})
+        column().append(*part);
+    column().set_size_request(width, height);
     set_default_size(width, height);
     set_default_widget(accept_);
     accessible::nameButtonsByLabel(GTK_WIDGET(footer_.gobj()));
 
     close_.signal_clicked().connect(sigc::mem_fun(*this, &Sheet::dismiss));
     cancel_.signal_clicked().connect(sigc::mem_fun(*this, &Sheet::dismiss));
-    signal_close_request().connect(
-        [this] {
-            dismiss();
-            return true;
-        },
-        false);
-    auto keys = Gtk::EventControllerKey::create();
-    keys->signal_key_pressed().connect(
-        [this](guint key, guint, Gdk::ModifierType modifiers) {
-            return onKeyPressed(key, modifiers);
-        },
-        false);
-    add_controller(keys);
-}
-
-bool Sheet::onKeyPressed(guint key, Gdk::ModifierType modifiers) {
-    const auto typed = modifiers & (Gdk::ModifierType::CONTROL_MASK | Gdk::ModifierType::ALT_MASK);
-    if (key != GDK_KEY_Escape || typed != Gdk::ModifierType{})
-        return false;
-    dismiss();
-    return true;
-}
-
-void Sheet::dismiss() {
-    if (dismissAction_)
-        dismissAction_();
 }
 
 } // namespace tessaro

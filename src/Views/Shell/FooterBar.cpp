@@ -71,9 +71,9 @@ Task<void> FooterBar::sendSupportLogs() {
 void FooterBar::showLogAlert(std::string message) {
     const bool leadsToTelegram = message.find("thành công") != std::string::npos;
     context_.modals.show(
-        {.title = "Hỗ Trợ Kỹ Thuật", .message = std::move(message), .buttons = {{.label = "OK"}}},
-        [&context = context_, leadsToTelegram](std::size_t) {
-            if (leadsToTelegram)
+        {.title = "Hỗ Trợ Kỹ Thuật", .message = std::move(message), .buttons = {"OK"}},
+        [&context = context_, leadsToTelegram](std::optional<std::size_t> button) {
+            if (button && leadsToTelegram)
                 context.desktop.openAddress(context.endpoints.linkTelegram);
         });
 }

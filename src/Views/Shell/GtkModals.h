@@ -1,9 +1,7 @@
 #pragma once
 
-#include "Platform/ScopedConnection.h"
 #include "Views/Modals.h"
-
-#include <gtkmm/window.h>
+#include "Views/Sheets/DialogPresenter.h"
 
 #include <deque>
 
@@ -12,28 +10,25 @@ namespace tessaro {
 /// Alerts as dialogs in front of the main window and whatever already stands in front of it.
 class GtkModals final : public Modals {
 public:
-    /// @param window  the main window, which outlives this
+    /// @param window  the main window, which outlives this. With this the alert that is shown
+    /// leaves
+    ///                the screen; what was not answered stays unanswered.
     explicit GtkModals(Gtk::Window& window);
-    /// Takes the alert that is shown off the screen; what was not answered stays unanswered.
-    ~GtkModals() override;
 
-    void show(ModalAlert alert, std::function<void(std::size_t)> answered) override;
+    void show(ModalAlert alert, Answered answered) override;
 
 private:
     struct Request {
         ModalAlert alert;
-        std::function<void(std::size_t)> answered;
+        Answered answered;
     };
 
     void presentNext();
-    void finish(std::size_t answer);
+    void finish(std::optional<std::size_t> button);
 
     Gtk::Window& window_;
-    std::deque<Request> requests_; ///< The first one is on screen while there is a dialog.
-    /// The toolkit's own, until it is answered or destroyed; null when no alert is shown.
-    GtkWindow* dialog_ = nullptr;
-    ScopedConnection answered_;
-    ScopedConnection destroyed_;
+    std::deque<Request> requests_; ///< The first one is on screen.
+    DialogPresenter presenter_;
 };
 
 } // namespace tessaro

@@ -24,13 +24,13 @@ Task<void> UpdateCheck::check() {
 }
 
 void UpdateCheck::showUpdateAlert(const UpdateInfo& info) {
-    constexpr std::size_t updateNow = 1;
+    static constexpr std::size_t updateNow = 1;
     alertIsShown_ = true;
     modals_.show(
         {.title = "Bản Cập Nhật Mới",
          .message = "Phiên bản mới: " + info.version + "\n\nNội dung:\n" + info.notes,
-         .buttons = {{.label = "Để sau", .isCancel = true}, {.label = "Cập nhật ngay"}}},
-        [this, alive = lifetime_.watch(), url = info.url](std::size_t button) {
+         .buttons = {"Để sau", "Cập nhật ngay"}},
+        [this, alive = lifetime_.watch(), url = info.url](std::optional<std::size_t> button) {
             if (!alive)
                 return;
             alertIsShown_ = false;

@@ -9,6 +9,12 @@ void setName(Gtk::Widget& widget, const Glib::ustring& name) {
         GTK_ACCESSIBLE(widget.gobj()), GTK_ACCESSIBLE_PROPERTY_LABEL, name.c_str(), -1);
 }
 
+void setDescription(Gtk::Widget& widget, const Glib::ustring& description) {
+    gtk_accessible_update_property(
+        GTK_ACCESSIBLE(widget.gobj()), GTK_ACCESSIBLE_PROPERTY_DESCRIPTION, description.c_str(),
+        -1);
+}
+
 void nameButtonsByLabel(GtkWidget* widget) {
     if (GTK_IS_BUTTON(widget) && gtk_button_get_label(GTK_BUTTON(widget)))
         gtk_accessible_reset_relation(GTK_ACCESSIBLE(widget), GTK_ACCESSIBLE_RELATION_LABELLED_BY);

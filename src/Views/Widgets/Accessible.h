@@ -8,6 +8,8 @@ namespace tessaro::accessible {
 
 /// The widget's name, read out in place of anything that it shows.
 void setName(Gtk::Widget& widget, const Glib::ustring& name);
+/// What is to be known of the widget beside its name.
+void setDescription(Gtk::Widget& widget, const Glib::ustring& description);
 /// Lets every button from `widget` down that shows a text be called by that text. By itself GTK 4.8
 /// names it twice over, once for its text and once for the label that holds the text.
 /// Takes the toolkit's own widget: wrapping one that is not ours would make an owner that leaks.

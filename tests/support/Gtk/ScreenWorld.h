@@ -13,13 +13,13 @@ namespace tessaro::test {
 /// Keeps the alerts; the test answers them.
 class RecordingModals final : public Modals {
 public:
-    void show(ModalAlert alert, std::function<void(std::size_t)> answered) override {
+    void show(ModalAlert alert, Answered answered) override {
         alerts.push_back(std::move(alert));
         answers.push_back(std::move(answered));
     }
 
     std::vector<ModalAlert> alerts;
-    std::vector<std::function<void(std::size_t)>> answers;
+    std::vector<Answered> answers;
 };
 
 /// Keeps what the program asked of the desktop.

@@ -10,7 +10,7 @@ namespace {
 class TheSitesNotifications : public testing::Test {
 protected:
     /// Lets the page ask, and the person answer if they are asked.
-    std::string permission(InboxBrowser& browser, std::size_t button) {
+    std::string permission(InboxBrowser& browser, std::optional<std::size_t> button) {
         const auto before = world.modals.answers.size();
         browser.ask("(window.answer = undefined, Notification.requestPermission()"
                     ".then(answer => window.answer = answer))");
@@ -65,12 +65,14 @@ TEST_F(TheSitesNotifications, AreShownByTheDesktopAndLeadBackToTheirPage) {
     EXPECT_EQ(world.modals.alerts.size(), 1u);
 }
 
-TEST_F(TheSitesNotifications, StayRefusedOnceThePersonSaidNo) {
+TEST_F(TheSitesNotifications, StayRefusedOnceThePersonSaidNoAndNotWhenTheyOnlyClosedTheQuestion) {
     InboxBrowser browser(world);
-    EXPECT_EQ(permission(browser, 0), "denied");
+    EXPECT_EQ(permission(browser, std::nullopt), "denied");
     ASSERT_TRUE(browser.follow("/latest/inbox/all?again"));
+    EXPECT_EQ(permission(browser, 0), "denied");
+    ASSERT_TRUE(browser.follow("/latest/inbox/all?oncemore"));
     EXPECT_EQ(permission(browser, 1), "denied");
-    EXPECT_EQ(world.modals.alerts.size(), 1u);
+    EXPECT_EQ(world.modals.alerts.size(), 2u);
 }
 
 TEST_F(TheSitesNotifications, AreNothingForOtherSites) {

@@ -1,15 +1,19 @@
 #include "Views/Shell/GtkModals.h"
 
+#include "Views/Shell/AlertWindow.h"
+#include "support/Gtk/Keyboard.h"
+#include "support/Gtk/Pointer.h"
 #include "support/Gtk/TestScreen.h"
 
-#include <adwaita.h>
 #include <gmock/gmock.h>
+#include <gtkmm/adjustment.h>
+#include <gtkmm/scrolledwindow.h>
 
 #include <optional>
 
 using namespace tessaro;
 using namespace tessaro::test;
-using testing::ElementsAre;
+using testing::ElementsAre, testing::Optional;
 
 namespace {
 
@@ -20,59 +24,124 @@ protected:
         TestScreen::settle(window_);
     }
 
-    void show(const std::string& title) {
-        modals_->show(
-            {title, "<b>" + title + "</b>", {{"Xóa"}, {"Hủy", true}}},
-            [this](auto button) { answers_.push_back(button); });
+    void show(const std::string& title, const std::string& message = "<b>một</b>") {
+        modals_->show({title, message, {"Ở lại", "Rời trang"}}, [this](auto button) {
+            answers_.push_back(button);
+        });
     }
-    /// The one alert on screen; a failure when there are several.
-    static Gtk::Window* alert() {
-        Gtk::Window* found = nullptr;
+    void waitForFocus() {
+        ASSERT_TRUE(alert());
+        TestScreen::settle(*alert());
+        ASSERT_TRUE(runUntil([&] { return alert()->is_active(); }));
+    }
+    bool waitForAnswers(std::size_t count) {
+        return runUntil([=, this] { return answers_.size() == count; });
+    }
+    /// The one alert that can be answered; a failure when there are several.
+    static AlertWindow* alert() {
+        AlertWindow* found = nullptr;
         for (auto* window : Gtk::Window::list_toplevels())
-            if (ADW_IS_MESSAGE_DIALOG(window->gobj()) && window->get_visible()) {
+            if (auto* each = dynamic_cast<AlertWindow*>(window); each && each->is_sensitive()) {
                 EXPECT_FALSE(found) << "two alerts at once";
-                found = window;
+                found = each;
             }
         return found;
     }
-    bool isInFront(const std::string& title, const Gtk::Window& over) {
+    static bool isInFront(const std::string& title, const Gtk::Window& over) {
         return alert() && alert()->get_transient_for() == &over && alert()->get_modal() &&
-               adw_message_dialog_get_heading(ADW_MESSAGE_DIALOG(alert()->gobj())) == title;
+               alert()->get_title().raw() == title;
     }
 
     Gtk::Window window_;
-    std::vector<std::size_t> answers_;
+    std::vector<std::optional<std::size_t>> answers_;
     std::optional<GtkModals> modals_{std::in_place, window_};
 };
 
-TEST_F(AlertsInFrontOfTheWindow, FollowOneAnotherAndAreAnsweredOnceEachByPressOrByClosing) {
-    show("một");
-    show("hai");
+TEST_F(AlertsInFrontOfTheWindow, FollowOneAnotherAndTellTheButtonFromEscapeAndClosing) {
+    for (const char* title : {"một", "hai", "ba", "bốn"})
+        show(title);
     ASSERT_TRUE(isInFront("một", window_));
-    TestScreen::settle(*alert());
-    EXPECT_TRUE(showsText(*alert(), "<b>một</b>")) << "markup in a message is text";
-    press(*alert(), "Xóa");
-    ASSERT_TRUE(runUntil([&] { return answers_.size() == 1; }));
+    waitForFocus();
+    EXPECT_TRUE(showsText(*alert(), "<b>một</b>")) << "Markup in a message is text.";
+    Keyboard::press(GDK_KEY_Return);
+    ASSERT_TRUE(waitForAnswers(1));
     ASSERT_TRUE(isInFront("hai", window_));
+    waitForFocus();
+    Keyboard::press(GDK_KEY_Escape);
+    ASSERT_TRUE(waitForAnswers(2));
+    waitForFocus();
+    Pointer::click(the<Gtk::Button>(*alert(), "Rời trang"));
+    ASSERT_TRUE(waitForAnswers(3));
     alert()->close();
-    ASSERT_TRUE(runUntil([&] { return answers_.size() == 2; }));
-    EXPECT_THAT(answers_, ElementsAre(0, 1));
+    ASSERT_TRUE(waitForAnswers(4));
+    EXPECT_THAT(answers_, ElementsAre(Optional(0), std::nullopt, Optional(1), std::nullopt));
     EXPECT_FALSE(alert());
 }
 
-TEST_F(AlertsInFrontOfTheWindow, StandInFrontOfASheetAreCancelledWithItAndLeaveWithTheirOwner) {
-    Gtk::Window sheet;
-    sheet.set_transient_for(window_);
-    sheet.set_modal(true);
-    sheet.present();
+TEST_F(AlertsInFrontOfTheWindow, StandInFrontOfASheetEndWithItAndLeaveWithTheirOwner) {
+    std::optional<Gtk::Window> sheet(std::in_place);
+    sheet->set_transient_for(window_);
+    sheet->set_modal(true);
+    sheet->present();
     show("một");
     show("hai");
-    EXPECT_TRUE(isInFront("một", sheet));
-    gtk_window_destroy(alert()->gobj());
-    EXPECT_TRUE(isInFront("hai", sheet));
+    EXPECT_TRUE(isInFront("một", *sheet));
+    sheet.reset();
+    EXPECT_TRUE(isInFront("hai", window_));
     modals_.reset();
     EXPECT_FALSE(alert());
-    EXPECT_THAT(answers_, ElementsAre(1));
+    EXPECT_THAT(answers_, ElementsAre(std::nullopt));
+}
+
+TEST_F(AlertsInFrontOfTheWindow, KeepTitleAndButtonsOnTheDisplayWhateverTheirText) {
+    const auto repeat = [](int times, const std::string& text) {
+        std::string all;
+        for (int i = 0; i < times; ++i)
+            all += text;
+        return all;
+    };
+    const struct {
+        std::string title, message;
+        bool scrolls;
+    } alerts[] = {
+        {"Bản Cập Nhật Mới", "Một dòng.", false},
+        {"", repeat(8, "Vài chữ nữa trong cùng một đoạn dài. "), false},
+        {"Bản Cập Nhật Mới", repeat(150, "• Một dòng trong danh sách\n"), true},
+        {repeat(60, "Một tiêu đề dài. "), repeat(3000, "chữ "), true},
+        {repeat(400, "tiêuđề"), repeat(2000, "x"), true},
+        {"تحديث جديد", repeat(200, "سطر من النص الطويل\n"), true},
+    };
+    for (const auto& [title, message, scrolls] : alerts) {
+        SCOPED_TRACE(title.substr(0, 40));
+        show(title, message);
+        waitForFocus();
+        // As large as the toolkit says, and no larger than a laptop's display.
+        const auto whole = placeOnDisplay(*alert());
+        EXPECT_LE(whole.get_width(), 640);
+        EXPECT_LE(whole.get_height(), 480);
+        const auto isWithin = [&whole](Gtk::Widget& widget) {
+            const auto place = placeOnDisplay(widget);
+            auto common = place;
+            common.intersect(whole);
+            return common.get_width() == place.get_width() &&
+                   common.get_height() == place.get_height();
+        };
+        for (const char* name : {"Ở lại", "Rời trang"})
+            EXPECT_TRUE(isWithin(the<Gtk::Button>(*alert(), name))) << name;
+        EXPECT_TRUE(title.empty() || isWithin(the<Gtk::Label>(*alert(), title)));
+        auto& text = *widgetsOf<Gtk::ScrolledWindow>(*alert()).at(0);
+        const auto heights = text.get_vadjustment();
+        EXPECT_EQ(heights->get_upper() > heights->get_page_size(), scrolls);
+        if (scrolls) { // By keys too: the text comes before the buttons.
+            Keyboard::press(GDK_KEY_Tab, GDK_KEY_Shift_L);
+            Keyboard::press(GDK_KEY_End);
+            EXPECT_TRUE(runUntil([&] {
+                return heights->get_value() + heights->get_page_size() == heights->get_upper();
+            }));
+        }
+        Keyboard::press(GDK_KEY_Escape);
+        ASSERT_TRUE(runUntil([] { return !alert(); }));
+    }
 }
 
 } // namespace

@@ -44,6 +44,20 @@ TEST_F(SupportScreens, FooterBarSaysWhyALogWasRefusedAndGoesNowhere) {
     EXPECT_TRUE(the<Gtk::Button>(*bar_, buttonName).is_sensitive());
 }
 
+TEST_F(SupportScreens, OnlyOkLeadsFromASentLogToTheSupportStaff) {
+    server_.answer(path, R"({"success":true})");
+    showBar();
+    for (const auto button : {std::optional<std::size_t>(), std::optional<std::size_t>(0)}) {
+        EXPECT_TRUE(screen_.desktop.opened.empty());
+        const auto before = screen_.modals.alerts.size();
+        press(*bar_, buttonName);
+        ASSERT_TRUE(runUntil([&] { return screen_.modals.alerts.size() > before; }));
+        screen_.modals.answers.back()(button);
+    }
+    EXPECT_EQ(screen_.desktop.opened, std::vector{screen_.endpoints.linkTelegram});
+    EXPECT_EQ(screen_.desktop.copied.back(), screen_.device.getDeviceUUID());
+}
+
 TEST_F(SupportScreens, FooterBarIsBusyWhileTheServerTakesItsTimeAndMayGoMeanwhile) {
     std::promise<void> release;
     server_.handle(

@@ -1,0 +1,47 @@
+#include "Views/Sheets/Dialog.h"
+
+#include <gtkmm/eventcontrollerkey.h>
+
+namespace tessaro {
+
+Dialog::Dialog(const Glib::ustring& title) : column_(Gtk::Orientation::VERTICAL) {
+    property_accessible_role() = Gtk::Accessible::Role::DIALOG;
+    set_title(title);
+    set_modal();
+    set_resizable(false);
+    add_css_class("sheet");
+    noTitlebar_.set_visible(false);
+    set_titlebar(noTitlebar_);
+    column_.add_css_class("sheet-column");
+    column_.set_overflow(Gtk::Overflow::HIDDEN);
+    set_child(column_);
+
+    signal_close_request().connect(
+        [this] {
+            dismiss();
+            return true;
+        },
+        false);
+    auto keys = Gtk::EventControllerKey::create();
+    keys->signal_key_pressed().connect(
+        [this](guint key, guint, Gdk::ModifierType modifiers) {
+            return onKeyPressed(key, modifiers);
+        },
+        false);
+    add_controller(keys);
+}
+
+bool Dialog::onKeyPressed(guint key, Gdk::ModifierType modifiers) {
+    const auto typed = modifiers & (Gdk::ModifierType::CONTROL_MASK | Gdk::ModifierType::ALT_MASK);
+    if (key != GDK_KEY_Escape || typed != Gdk::ModifierType{})
+        return false;
+    dismiss();
+    return true;
+}
+
+void Dialog::dismiss() {
+    if (dismissAction_)
+        dismissAction_();
+}
+
+} // namespace tessaro

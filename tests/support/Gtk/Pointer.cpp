@@ -1,0 +1,45 @@
+#include "support/Gtk/Pointer.h"
+
+#include "support/MainLoop.h"
+
+#include <gdk/x11/gdkx.h>
+#include <gtk/gtk.h>
+
+// Its macros would change what comes after it.
+#include <X11/extensions/XTest.h>
+
+namespace tessaro::test {
+
+namespace {
+
+Display* display() {
+    return gdk_x11_display_get_xdisplay(gdk_display_get_default());
+}
+
+} // namespace
+
+Gdk::Rectangle placeOnDisplay(Gtk::Widget& widget) {
+    GtkNative* native = gtk_widget_get_native(widget.gobj());
+    double x = 0, y = 0, left = 0, top = 0;
+    gtk_native_get_surface_transform(native, &left, &top);
+    gtk_widget_translate_coordinates(widget.gobj(), GTK_WIDGET(native), 0, 0, &x, &y);
+    int placeX = 0, placeY = 0;
+    Window child = None;
+    XTranslateCoordinates(
+        display(), gdk_x11_surface_get_xid(gtk_native_get_surface(native)),
+        DefaultRootWindow(display()), int(left + x), int(top + y), &placeX, &placeY, &child);
+    return {placeX, placeY, widget.get_width(), widget.get_height()};
+}
+
+void Pointer::click(Gtk::Widget& widget) {
+    const auto place = placeOnDisplay(widget);
+    XTestFakeMotionEvent(
+        display(), -1, place.get_x() + place.get_width() / 2,
+        place.get_y() + place.get_height() / 2, CurrentTime);
+    XTestFakeButtonEvent(display(), 1, True, CurrentTime);
+    XTestFakeButtonEvent(display(), 1, False, CurrentTime);
+    XSync(display(), False);
+    runPending();
+}
+
+} // namespace tessaro::test

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <gtkmm/widget.h>
+
+namespace tessaro::test {
+
+/// Where the widget is on the display, whatever lies over it.
+Gdk::Rectangle placeOnDisplay(Gtk::Widget& widget);
+
+/// Moves and presses the display's own pointer.
+class Pointer {
+public:
+    /// Presses and releases the first button in the middle of the widget.
+    static void click(Gtk::Widget& widget);
+};
+
+} // namespace tessaro::test
