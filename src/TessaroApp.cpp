@@ -1,5 +1,7 @@
 #include "TessaroApp.h"
 
+#include "Engine/WebKit/WebKitEngine.h"
+
 #include "Platform/Gtk/GtkDesktop.h"
 #include "Services/NotificationService.h"
 #include "Views/Shell/ContentView.h"
@@ -20,9 +22,9 @@ constexpr auto flushLimit = std::chrono::seconds(1);
 
 /// The window, and what its screens are drawn and driven with.
 struct TessaroApp::Scene {
-    Scene(const Glib::RefPtr<Gtk::Application>& application, ThemeManager& theme)
+    Scene(const Glib::RefPtr<Gtk::Application>& application, ThemeManager& theme, Engine& engine)
         : themeStyle(theme),
-          window(application, NotificationCenter::shared()),
+          window(application, NotificationCenter::shared(), engine),
           modals(window),
           endpoints(Endpoints::fromSettings(SettingsStore::shared())),
           context{
@@ -31,6 +33,7 @@ struct TessaroApp::Scene {
               .settings = SettingsStore::shared(),
               .clock = SystemClock::shared(),
               .desktop = desktop,
+              .engine = engine,
               .modals = modals,
               .store = DataStore::shared(),
               .device = DeviceIdentity::shared(),
@@ -64,6 +67,7 @@ struct TessaroApp::Scene {
 
 TessaroApp::TessaroApp()
     : themeManager_(ThemeManager::shared()),
+      engine_(std::make_unique<WebKitEngine>()),
       application_(Gtk::Application::create(applicationId)),
       started_(application_->signal_startup().connect([this] { startToolkit(); })),
       activated_(application_->signal_activate().connect([this] { presentWindow(); })) {
@@ -90,7 +94,7 @@ void TessaroApp::startToolkit() {
 
 void TessaroApp::presentWindow() {
     if (!scene_) {
-        scene_ = std::make_unique<Scene>(application_, themeManager_);
+        scene_ = std::make_unique<Scene>(application_, themeManager_, *engine_);
         scene_->window.signal_hide().connect([this] { application_->quit(); });
     }
     scene_->window.present();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Engine/Engine.h"
+
 #include "Views/Theme/ThemeManager.h"
 
 #include <gtkmm/application.h>
@@ -27,6 +29,7 @@ private:
     void presentWindow();
 
     ThemeManager& themeManager_;
+    const std::unique_ptr<Engine> engine_; ///< Outlives the scene: it keeps the sessions.
     Glib::RefPtr<Gtk::Application> application_;
     std::unique_ptr<Scene> scene_; ///< In the process that owns the window, once it was opened.
     ScopedConnection started_;

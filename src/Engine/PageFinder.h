@@ -1,14 +1,8 @@
 #pragma once
 
-#include "Engine/WebView.h"
-
 #include <sigc++/signal.h>
 
-#include <memory>
 #include <string>
-#include <vector>
-
-using WebKitFindController = struct _WebKitFindController;
 
 namespace tessaro {
 
@@ -16,29 +10,23 @@ namespace tessaro {
 /// where it stands. UI thread only.
 class PageFinder {
 public:
-    explicit PageFinder(std::shared_ptr<WebView> webView);
+    virtual ~PageFinder() = default;
 
     /// Selects the first place from the selection on; after the last one it goes on at the top. An
     /// empty text ends the search.
-    void find(const std::string& text);
+    virtual void find(const std::string& text) = 0;
     /// Selects the next place of the text that is searched for, round the end of the page.
-    void findNext();
-    void findPrevious();
+    virtual void findNext() = 0;
+    virtual void findPrevious() = 0;
     /// Takes the marks away; the selection stays.
-    void end();
+    virtual void end() = 0;
 
     /// Emitted with the number of places some time after a search has begun, and with 0 when there
     /// is none left to go on to.
     sigc::signal<void(unsigned)>& signalCounted() { return counted_; }
 
-private:
-    void report(unsigned count);
-
-    const std::shared_ptr<WebView> webView_;
-    WebKitFindController* const controller_; ///< The view's own.
-    bool isSearching_ = false;
+protected:
     sigc::signal<void(unsigned)> counted_;
-    std::vector<ScopedConnection> signals_;
 };
 
 } // namespace tessaro

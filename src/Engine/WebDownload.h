@@ -1,22 +1,15 @@
 #pragma once
 
-#include "Platform/GHandle.h"
-#include "Platform/ScopedConnection.h"
-
 #include <sigc++/signal.h>
 
 #include <cstdint>
 #include <filesystem>
-#include <vector>
-
-using WebKitDownload = struct _WebKitDownload;
 
 namespace tessaro {
 
 /// A file that a page hands out, on its way into the user's download folder (the home folder where
-/// the desktop names none). The engine downloads it; this makes the folder where it is missing and
-/// gives the file another name where a file of its own is there already, over both of which the
-/// engine would fail. The download goes on when this object goes. UI thread only.
+/// the desktop names none), under a name that no other file has there. The download goes on when
+/// this object goes. UI thread only.
 class WebDownload {
 public:
     enum class State {
@@ -27,33 +20,22 @@ public:
         unwritable,   ///< The file could not be written.
     };
 
-    explicit WebDownload(WebKitDownload* download);
-    ~WebDownload();
-    WebDownload(const WebDownload&) = delete;
-    WebDownload& operator=(const WebDownload&) = delete;
+    virtual ~WebDownload() = default;
 
-    State state() const { return state_; }
+    virtual State state() const = 0;
     /// Where the file lies, or will; empty before the server has answered.
-    const std::filesystem::path& file() const { return file_; }
+    virtual const std::filesystem::path& file() const = 0;
     /// In bytes.
-    std::uint64_t received() const;
+    virtual std::uint64_t received() const = 0;
     /// The whole size in bytes; 0 when the server did not tell.
-    std::uint64_t expected() const;
-    void cancel();
+    virtual std::uint64_t expected() const = 0;
+    virtual void cancel() = 0;
 
     /// Emitted when anything of the above has changed.
     sigc::signal<void()>& signalChanged() { return changed_; }
 
-private:
-    bool decideDestination(const char* suggestedName);
-    void finish();
-    void end(State state);
-
-    const GObjectPtr<WebKitDownload> download_;
-    State state_ = State::underWay;
-    std::filesystem::path file_;
+protected:
     sigc::signal<void()> changed_;
-    std::vector<ScopedConnection> signals_;
 };
 
 } // namespace tessaro

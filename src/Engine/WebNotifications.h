@@ -1,20 +1,12 @@
 #pragma once
 
-#include "Platform/GHandle.h"
-#include "Platform/ScopedConnection.h"
-
 #include <functional>
-#include <map>
 #include <string>
-#include <vector>
-
-using WebKitNotification = struct _WebKitNotification;
-using WebKitWebView = struct _WebKitWebView;
 
 namespace tessaro {
 
 /// The desktop notifications that the pages in one web view want to show. Without a delegate every
-/// request is refused, as the engine does by itself. UI thread only.
+/// request is refused. UI thread only.
 class WebNotifications {
 public:
     /// What a page wants to be shown, in plain text.
@@ -36,30 +28,13 @@ public:
     /// Tells the origin that has permission without having to ask; empty for none.
     using PermittedOrigin = std::function<std::string()>;
 
-    /// @param permittedOrigin  asked whenever a process for pages starts, which may be long before
-    ///                         there is a delegate; may be empty
-    WebNotifications(WebKitWebView* view, PermittedOrigin permittedOrigin);
-    WebNotifications(const WebNotifications&) = delete;
-    WebNotifications& operator=(const WebNotifications&) = delete;
+    virtual ~WebNotifications() = default;
 
     /// The delegate must outlive this object or be replaced by nullptr, after which no process that
     /// starts is permitted anything.
-    void setDelegate(Delegate* delegate);
+    virtual void setDelegate(Delegate* delegate) = 0;
     /// Tells the page that the person chose the notification; does nothing once it is closed.
-    void click(const std::string& id);
-
-private:
-    struct Open {
-        GObjectPtr<WebKitNotification> notification;
-        ScopedConnection closed;
-    };
-
-    void show(WebKitNotification* notification);
-
-    PermittedOrigin permittedOrigin_;
-    Delegate* delegate_ = nullptr;
-    std::map<std::string, Open> open_;
-    std::vector<ScopedConnection> signals_;
+    virtual void click(const std::string& id) = 0;
 };
 
 } // namespace tessaro

@@ -1,37 +1,31 @@
 #pragma once
 
-#include "Platform/GHandle.h"
+#include "Engine/WebDownload.h"
+#include "Engine/WebView.h"
+
+#include "Platform/Clock.h"
 #include "Platform/ScopedConnection.h"
 
-#include <filesystem>
 #include <functional>
 #include <memory>
 
-using WebKitNetworkSession = struct _WebKitNetworkSession;
-
 namespace tessaro {
 
-class WebDownload;
-
-/// What all inbox browsers share: cookies, local storage and cache, kept across runs. Drop it after
-/// the last WebView that was made with it. UI thread only.
+/// What all browsers that are made with it share: cookies, local storage and cache, kept across
+/// runs. UI thread only.
 class WebSession {
 public:
-    /// Makes the folders, readable by their owner only, where they are missing.
-    WebSession(const std::filesystem::path& dataFolder, const std::filesystem::path& cacheFolder);
+    virtual ~WebSession() = default;
 
-    /// The one session of the program, in the folders of paths::webDataFolder() and
-    /// webCacheFolder(). Lives until the process ends, so that session cookies do as well.
-    static WebSession& shared();
+    /// @param clock            outlives the view
+    /// @param permittedOrigin  asked whenever a process for pages starts, which may be long before
+    ///                         the view's notifications have a delegate; may be empty
+    virtual std::shared_ptr<WebView>
+    makeView(Clock& clock, WebNotifications::PermittedOrigin permittedOrigin) = 0;
 
     /// Calls `observer` for every download that a page starts until the result is dropped.
-    [[nodiscard]] ScopedConnection
-    observeDownloads(std::function<void(std::shared_ptr<WebDownload>)> observer) const;
-
-    WebKitNetworkSession* get() const { return session_.get(); }
-
-private:
-    GObjectPtr<WebKitNetworkSession> session_;
+    [[nodiscard]] virtual ScopedConnection
+    observeDownloads(std::function<void(std::shared_ptr<WebDownload>)> observer) = 0;
 };
 
 } // namespace tessaro

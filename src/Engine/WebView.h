@@ -1,21 +1,13 @@
 #pragma once
 
+#include "Engine/PageFinder.h"
 #include "Engine/WebNotifications.h"
-#include "Engine/WebSession.h"
 #include "Engine/WebViewDelegate.h"
-
-#include "Platform/Clock.h"
-#include "Platform/GHandle.h"
-#include "Platform/ScopedConnection.h"
 
 #include <gtkmm/widget.h>
 
 #include <chrono>
 #include <string>
-#include <vector>
-
-using WebKitWebView = struct _WebKitWebView;
-using WebKitScriptDialog = struct _WebKitScriptDialog;
 
 namespace tessaro {
 
@@ -28,59 +20,34 @@ public:
     /// Without any progress for this long, a load is stopped and has failed.
     static constexpr auto loadTimeout = std::chrono::seconds(60);
 
-    WebView(
-        const WebSession& session, Clock& clock,
-        WebNotifications::PermittedOrigin permittedOrigin = {});
-    ~WebView();
-    WebView(const WebView&) = delete;
-    WebView& operator=(const WebView&) = delete;
+    virtual ~WebView() = default;
 
     /// The delegate must outlive this object or be replaced by nullptr.
-    void setDelegate(WebViewDelegate* delegate) { delegate_ = delegate; }
+    virtual void setDelegate(WebViewDelegate* delegate) = 0;
 
     /// What to put into a window.
-    Gtk::Widget& widget() const { return *widget_; }
+    virtual Gtk::Widget& widget() const = 0;
 
     /// Replaces the engine's identity in every request to come.
-    void setCustomUserAgent(const std::string& userAgent);
+    virtual void setCustomUserAgent(const std::string& userAgent) = 0;
     /// Starts a navigation, with the cache used as HTTP has it.
-    void load(const std::string& address);
-    void reload();
+    virtual void load(const std::string& address) = 0;
+    virtual void reload() = 0;
     /// Scales the layout; 1 is the natural size.
-    void setPageZoom(double factor);
-    double pageZoom() const;
+    virtual void setPageZoom(double factor) = 0;
+    virtual double pageZoom() const = 0;
     /// Runs a script in the main frame; its result and its errors are ignored.
-    void evaluateScript(const std::string& script);
+    virtual void evaluateScript(const std::string& script) = 0;
     /// The address of the page shown; empty before the first one.
-    std::string address() const;
+    virtual std::string address() const = 0;
     /// Whether address() is of a page that is still to come, and not of the one that is shown.
-    bool isAwaitingPage() const { return isAwaitingPage_; }
-    bool isLoading() const;
+    virtual bool isAwaitingPage() const = 0;
+    virtual bool isLoading() const = 0;
     /// The title of the page shown; empty when it has none.
-    std::string title() const;
+    virtual std::string title() const = 0;
 
-    WebNotifications& notifications() { return notifications_; }
-
-private:
-    void setSwipeGestures(bool areEnabled);
-    void onLoadChanged(int event);
-    void onLoadFailed(const std::string& errorPageAddress);
-    bool onScriptDialog(WebKitScriptDialog* dialog);
-    void onTitleChanged();
-    void onProgress();
-    void onWebProcessTerminated();
-    void expectProgress();
-
-    GObjectPtr<WebKitWebView> view_;
-    Gtk::Widget* widget_;
-    WebNotifications notifications_;
-    Clock& clock_;
-    WebViewDelegate* delegate_ = nullptr;
-    bool hasFailed_ = false;
-    bool isAwaitingPage_ = false;
-    std::string errorPageAddress_; ///< Of the error page that the engine is about to load.
-    ScopedConnection timeout_;
-    std::vector<ScopedConnection> signals_;
+    virtual WebNotifications& notifications() = 0;
+    virtual PageFinder& finder() = 0;
 };
 
 } // namespace tessaro

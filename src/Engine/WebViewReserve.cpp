@@ -1,29 +1,35 @@
 #include "Engine/WebViewReserve.h"
 
-#include "Engine/WebSandbox.h"
+#include <utility>
 
 namespace tessaro {
 
 WebViewReserve::WebViewReserve(
-    Clock& clock, WebNotifications::PermittedOrigin permittedOrigin,
-    std::function<const WebSession&()> session)
-    : clock_(clock), permittedOrigin_(std::move(permittedOrigin)), session_(std::move(session)) {}
+    Engine& engine, std::filesystem::path dataFolder, std::filesystem::path cacheFolder,
+    Clock& clock, WebNotifications::PermittedOrigin permittedOrigin)
+    : engine_(engine),
+      dataFolder_(std::move(dataFolder)),
+      cacheFolder_(std::move(cacheFolder)),
+      clock_(clock),
+      permittedOrigin_(std::move(permittedOrigin)) {}
 
-std::shared_ptr<WebView> WebViewReserve::make() const {
-    return std::make_shared<WebView>(session_(), clock_, permittedOrigin_);
+WebSession& WebViewReserve::session() {
+    if (!session_)
+        session_ = &engine_.makeSession(dataFolder_, cacheFolder_);
+    return *session_;
 }
 
 void WebViewReserve::prepare() {
-    if (ready_ || !webSandboxWorks())
+    if (ready_ || !engine_.worksHere())
         return;
-    ready_ = make();
+    ready_ = session().makeView(clock_, permittedOrigin_);
     // The engine puts its process off until there is something to do, and any script will do.
     ready_->evaluateScript("");
 }
 
 std::shared_ptr<WebView> WebViewReserve::take() {
-    if (!ready_ && webSandboxWorks())
-        ready_ = make();
+    if (!ready_ && engine_.worksHere())
+        ready_ = session().makeView(clock_, permittedOrigin_);
     return std::exchange(ready_, nullptr);
 }
 

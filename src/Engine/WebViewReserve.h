@@ -1,22 +1,22 @@
 #pragma once
 
-#include "Engine/WebSession.h"
-#include "Engine/WebView.h"
+#include "Engine/Engine.h"
 
-#include <functional>
+#include <filesystem>
 #include <memory>
 
 namespace tessaro {
 
-/// Keeps a browser ready whose process runs already: starting the engine takes far longer than
-/// loading a page. UI thread only.
+/// Makes the browsers of one session and keeps one ready whose process runs already: starting it
+/// takes far longer than loading a page. UI thread only.
 class WebViewReserve {
 public:
-    /// @param permittedOrigin  of the site that may show notifications (WebNotifications)
-    /// @param session          what the browsers share; asked for with the first one only
-    explicit WebViewReserve(
-        Clock& clock, WebNotifications::PermittedOrigin permittedOrigin = {},
-        std::function<const WebSession&()> session = &WebSession::shared);
+    /// @param engine, clock    outlive this
+    /// @param dataFolder, cacheFolder  of the session, which is made with the first browser
+    /// @param permittedOrigin  of the site that may show notifications (WebSession::makeView())
+    WebViewReserve(
+        Engine& engine, std::filesystem::path dataFolder, std::filesystem::path cacheFolder,
+        Clock& clock, WebNotifications::PermittedOrigin permittedOrigin);
 
     /// Makes a browser ready, unless one is. Takes some ten milliseconds and starts processes.
     void prepare();
@@ -25,12 +25,14 @@ public:
     /// The browser that is ready, or a new one; nothing where the system forbids its sandbox.
     std::shared_ptr<WebView> take();
 
-private:
-    std::shared_ptr<WebView> make() const;
+    WebSession& session();
 
+private:
+    Engine& engine_;
+    const std::filesystem::path dataFolder_, cacheFolder_;
     Clock& clock_;
-    WebNotifications::PermittedOrigin permittedOrigin_;
-    std::function<const WebSession&()> session_;
+    const WebNotifications::PermittedOrigin permittedOrigin_;
+    WebSession* session_ = nullptr;
     std::shared_ptr<WebView> ready_;
 };
 

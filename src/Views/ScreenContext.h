@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Engine/Engine.h"
+
 #include "Platform/Clock.h"
 #include "Platform/Desktop.h"
 #include "Platform/NotificationCenter.h"
@@ -21,6 +23,7 @@ struct ScreenContext {
     SettingsStore& settings;
     Clock& clock;
     Desktop& desktop;
+    Engine& engine;
     Modals& modals;
     DataStore& store;
     const DeviceIdentity& device;

@@ -19,7 +19,7 @@ DownloadBar::DownloadBar(Desktop& desktop) : desktop_(desktop), list_(Gtk::Orien
 
 DownloadBar::~DownloadBar() = default;
 
-void DownloadBar::follow(const WebSession& session) {
+void DownloadBar::follow(WebSession& session) {
     started_ = session.observeDownloads([this](auto download) { add(std::move(download)); });
 }
 

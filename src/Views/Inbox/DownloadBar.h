@@ -21,7 +21,7 @@ public:
     ~DownloadBar() override;
 
     /// Shows what is downloaded in that session from now on.
-    void follow(const WebSession& session);
+    void follow(WebSession& session);
 
 private:
     void add(std::shared_ptr<WebDownload> download);

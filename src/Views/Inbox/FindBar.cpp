@@ -7,7 +7,7 @@
 namespace tessaro {
 
 FindBar::FindBar(std::shared_ptr<WebView> webView)
-    : webView_(std::move(webView)), finder_(webView_) {
+    : webView_(std::move(webView)), finder_(webView_->finder()) {
     add_css_class("find-bar");
     set_spacing(4);
     set_visible(false);
@@ -38,7 +38,7 @@ FindBar::FindBar(std::shared_ptr<WebView> webView)
         },
         false);
     add_controller(keys);
-    finder_.signalCounted().connect([this](unsigned count) { showCount(count); });
+    counted_ = finder_.signalCounted().connect([this](unsigned count) { showCount(count); });
 }
 
 void FindBar::open() {

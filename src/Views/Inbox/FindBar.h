@@ -1,7 +1,8 @@
 #pragma once
 
-#include "Engine/PageFinder.h"
+#include "Engine/WebView.h"
 
+#include "Platform/ScopedConnection.h"
 #include "Views/Widgets/SymbolButton.h"
 
 #include <gtkmm/box.h>
@@ -27,12 +28,13 @@ private:
     bool onKeyPressed(guint key, Gdk::ModifierType modifiers);
 
     const std::shared_ptr<WebView> webView_;
-    PageFinder finder_;
+    PageFinder& finder_;
     Gtk::SearchEntry entry_;
     SymbolButton previous_{"chevron.up", 14, "Kết quả trước"};
     SymbolButton next_{"chevron.down", 14, "Kết quả tiếp theo"};
     Gtk::Label count_;
     SymbolButton close_{"xmark", 12, "Đóng tìm kiếm"};
+    ScopedConnection counted_;
 };
 
 } // namespace tessaro

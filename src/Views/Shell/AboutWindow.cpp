@@ -6,22 +6,10 @@
 
 #include <gtkmm/image.h>
 #include <gtkmm/label.h>
-#include <webkit/webkit.h>
 
 namespace tessaro {
 
-namespace {
-
-/// The engine in use, which the system may have replaced since the program was built.
-std::string engineVersion() {
-    return std::to_string(webkit_get_major_version()) + "." +
-           std::to_string(webkit_get_minor_version()) + "." +
-           std::to_string(webkit_get_micro_version());
-}
-
-} // namespace
-
-AboutWindow::AboutWindow(Gtk::Window& parent)
+AboutWindow::AboutWindow(Gtk::Window& parent, const std::string& engineName)
     : InfoWindow(parent, "Giới thiệu Tessaro"), lines_(Gtk::Orientation::VERTICAL, 6) {
     auto* const icon = Gtk::make_managed<Gtk::Image>();
     icon->set_from_icon_name("com.vandel.Tessaro");
@@ -32,7 +20,7 @@ AboutWindow::AboutWindow(Gtk::Window& parent)
     addLine("Tessaro", "title-1");
     addLine(Glib::ustring("Phiên bản ") + build::version, "primary-text");
     addLine("Hộp thư của nhiều Trang Facebook trong một cửa sổ.", "secondary-text");
-    addLine("WebKitGTK " + engineVersion(), "secondary-text");
+    addLine(engineName, "secondary-text");
     addLine("Giấy phép: GPL-3.0-or-later", "secondary-text");
     addLine("Dữ liệu: " + paths::dataFolder().string(), "secondary-text");
     set_child(lines_);

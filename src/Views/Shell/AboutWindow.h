@@ -9,7 +9,7 @@ namespace tessaro {
 /// Says what the program is, in which version, on which engine, and where its data lie.
 class AboutWindow : public InfoWindow {
 public:
-    explicit AboutWindow(Gtk::Window& parent);
+    AboutWindow(Gtk::Window& parent, const std::string& engineName);
 
 private:
     void addLine(const Glib::ustring& text, const char* style);

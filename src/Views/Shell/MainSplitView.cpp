@@ -1,5 +1,6 @@
 #include "Views/Shell/MainSplitView.h"
 
+#include "Platform/Paths.h"
 #include "Views/Inbox/SiteNotifications.h"
 #include "Views/Shell/FooterBar.h"
 #include "Views/Widgets/InboxCommands.h"
@@ -27,7 +28,9 @@ MainSplitView::MainSplitView(
       secondDivider_(Gtk::Orientation::VERTICAL),
       detail_(Gtk::Orientation::VERTICAL),
       downloads_(context.desktop),
-      browsers_(context.clock, [&context] { return SiteNotifications::permittedOrigin(context); }) {
+      browsers_(
+          context.engine, paths::webDataFolder(), paths::webCacheFolder(), context.clock,
+          [&context] { return SiteNotifications::permittedOrigin(context); }) {
     layOut(logger, support);
     accountChanged_ = accountsVM_.selectedAccount.observe([this] { followAccount(); });
     pageChanged_ = pagesVM_.selectedPage.observe([this] { showDetail(); });
@@ -114,7 +117,7 @@ void MainSplitView::showDetail() {
     inbox_->set_hexpand();
     inbox_->set_size_request(600);
     detail_.prepend(*inbox_);
-    downloads_.follow(WebSession::shared());
+    downloads_.follow(browsers_.session());
 }
 
 void MainSplitView::prepareBrowser() {

@@ -16,18 +16,19 @@ constexpr int firstHeight = 760;
 constexpr int keyedPages = 9; ///< As many as there are digits to choose a Page by.
 
 /// Brings the window to the front, which lives from here until it is closed.
-template <typename Window>
-void bringUp(std::optional<Window>& window, Gtk::Window& parent) {
+template <typename Window, typename... Arguments>
+void bringUp(std::optional<Window>& window, Gtk::Window& parent, Arguments&&... arguments) {
     if (!window)
-        window.emplace(parent).closed.connect([&window] { window.reset(); });
+        window.emplace(parent, arguments...).closed.connect([&window] { window.reset(); });
     window->present();
 }
 
 } // namespace
 
 MainWindow::MainWindow(
-    const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications)
-    : Gtk::ApplicationWindow(application), notifications_(notifications) {
+    const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications,
+    const Engine& engine)
+    : Gtk::ApplicationWindow(application), notifications_(notifications), engine_(engine) {
     showUnread("");
     unreadChanged_ = notifications_.observe(unreadCountChanged, [this](const Notification& posted) {
         showUnread(posted.userInfo.at("count"));
@@ -123,7 +124,7 @@ void MainWindow::addConversationMenu() {
 
 void MainWindow::addPrimaryMenu() {
     add_action("shortcuts", [this] { bringUp(shortcuts_, *this); });
-    add_action("about", [this] { bringUp(about_, *this); });
+    add_action("about", [this] { bringUp(about_, *this, engine_.name()); });
     get_application()->set_accel_for_action("win.shortcuts", "<Control>question");
     const auto menu = Gio::Menu::create();
     menu->append("Phím tắt", "win.shortcuts");

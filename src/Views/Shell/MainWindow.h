@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Engine/Engine.h"
+
 #include "Platform/NotificationCenter.h"
 #include "Views/Shell/AboutWindow.h"
 #include "Views/Shell/ShortcutsWindow.h"
@@ -18,9 +20,10 @@ namespace tessaro {
 /// the keys. It remembers nothing.
 class MainWindow : public Gtk::ApplicationWindow {
 public:
-    /// @param notifications  carries the commands; outlives this
+    /// @param notifications  carries the commands; outlives this, as does `engine`
     MainWindow(
-        const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications);
+        const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications,
+        const Engine& engine);
 
 private:
     void showUnread(const std::string& count);
@@ -32,6 +35,7 @@ private:
     void addPrimaryMenu();
 
     NotificationCenter& notifications_;
+    const Engine& engine_;
     Gtk::HeaderBar header_;
     Gtk::MenuButton conversationMenu_;
     Gtk::MenuButton primaryMenu_;

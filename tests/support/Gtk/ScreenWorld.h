@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Engine/WebKit/WebKitEngine.h"
+
 #include "Views/ScreenContext.h"
 #include "support/Gtk/FakeAppearance.h"
 #include "support/StoreWorld.h"
@@ -45,6 +47,13 @@ public:
     std::vector<std::string> copied;
 };
 
+/// The engine of all tests of the process, which keeps the sessions of views that scripts still
+/// hold.
+inline Engine& engine() {
+    static WebKitEngine shared;
+    return shared;
+}
+
 /// Everything that a screen is made with, in folders of its own.
 struct ScreenWorld : StoreWorld {
     FakeAppearance appearance;
@@ -57,8 +66,8 @@ struct ScreenWorld : StoreWorld {
 
     /// The same with another clock.
     ScreenContext contextOn(Clock& itsClock) {
-        return {theme, notifications, settings, itsClock,  desktop, modals,
-                store, device,        images,   endpoints, {}};
+        return {theme,  notifications, settings, itsClock, desktop,   engine(),
+                modals, store,         device,   images,   endpoints, {}};
     }
 };
 

@@ -31,7 +31,7 @@ protected:
 
     InboxWorld world;
     WebViewReserve browsers{
-        world.browserContext.clock, {}, [this]() -> const WebSession& { return *world.session; }};
+        engine(), world.folder / "web", world.folder / "web-cache", world.browserContext.clock, {}};
     const Account account = makeAccount();
     Gtk::Window window;
     std::optional<InboxContainerView> container;

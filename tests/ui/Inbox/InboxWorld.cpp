@@ -5,7 +5,6 @@
 
 #include <optional>
 #include <stdexcept>
-#include <vector>
 
 namespace tessaro::test {
 
@@ -18,11 +17,8 @@ InboxWorld::InboxWorld(Time time)
         each->answer("/elsewhere", page("<title>elsewhere</title><p>elsewhere"));
 }
 
-std::unique_ptr<WebSession> InboxWorld::newSession() {
-    // Views that script runs still hold outlive the test, and the engine crashes when the last view
-    // of a session takes it along.
-    static std::vector<WebSession> kept;
-    return std::make_unique<WebSession>(kept.emplace_back(folder / "web", folder / "web-cache"));
+WebSession& InboxWorld::newSession() {
+    return engine().makeSession(folder / "web", folder / "web-cache");
 }
 
 LoopbackServer::Answer InboxWorld::page(const std::string& body) {
@@ -42,8 +38,8 @@ InboxBrowser::InboxBrowser(InboxWorld& world, const std::string& pageId) : world
         isLoading->observe([this] { ++(isLoading->get() ? startedLoads : endedLoads); });
     coordinator = host(pageId).makeCoordinator();
     const auto& context = world.browserContext;
-    container = host(pageId).makeView(
-        *coordinator, std::make_shared<WebView>(*world.session, context.clock, [&context] {
+    container =
+        host(pageId).makeView(*coordinator, world.session->makeView(context.clock, [&context] {
             return SiteNotifications::permittedOrigin(context);
         }));
     window.set_default_size(800, 600);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "DemoServer.h"
-#include "Engine/WebSession.h"
 
 #include "Views/Inbox/ClippedWebViewContainer.h"
 #include "Views/Inbox/Coordinator.h"
@@ -27,10 +26,10 @@ struct InboxWorld : ScreenWorld {
     LoopbackServer server;
     LoopbackServer otherServer; ///< Another host, as the injection sees it.
     ScreenContext browserContext;
-    std::unique_ptr<WebSession> session = newSession();
+    WebSession* session = &newSession();
 
     /// Another one over the same files, as after a new start of the program.
-    std::unique_ptr<WebSession> newSession();
+    WebSession& newSession();
     static LoopbackServer::Answer page(const std::string& body);
 
     static constexpr const char* inboxPath = "/latest/inbox/all";

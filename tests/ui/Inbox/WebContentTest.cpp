@@ -1,4 +1,3 @@
-#include "Engine/WebSandbox.h"
 #include "ui/Inbox/InboxWorld.h"
 #include "ui/Inbox/WebProcesses.h"
 
@@ -17,7 +16,7 @@ namespace fs = std::filesystem;
 using testing::HasSubstr;
 
 TEST(WebContent, RunsInTheSandboxOutOfSightOfTheRecords) {
-    ASSERT_TRUE(webSandboxWorks());
+    ASSERT_TRUE(engine().worksHere());
     InboxWorld world;
     world.store.saveAccounts({makeAccount()});
     const fs::path accounts = world.records / "accounts.json";
@@ -97,7 +96,7 @@ TEST(WebContent, CookiesOutliveTheProgramInAFolderOfTheUsersOwn) {
     page.headers["Set-Cookie"] = "login=kept; Max-Age=3600";
     world.server.answer(InboxWorld::inboxPath, page);
     InboxBrowser(world, "1001");
-    world.session = world.newSession();
+    world.session = &world.newSession();
     InboxBrowser(world, "1001");
     EXPECT_EQ(world.server.requests().back().headers["cookie"], "login=kept");
     EXPECT_EQ(fs::status(world.folder / "web").permissions(), fs::perms::owner_all);

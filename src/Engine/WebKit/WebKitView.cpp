@@ -1,4 +1,4 @@
-#include "Engine/WebView.h"
+#include "Engine/WebKit/WebKitView.h"
 
 #include <webkit/webkit.h>
 
@@ -20,7 +20,7 @@ bool windowsAreDrawnInSoftware() {
     return false;
 }
 
-GObjectPtr<WebKitWebView> makeView(const WebSession& session) {
+GObjectPtr<WebKitWebView> makeView(WebKitNetworkSession* session) {
     const auto settings = GObjectPtr<WebKitSettings>::adopt(webkit_settings_new());
     g_object_set(
         settings.get(), "enable-javascript", TRUE, "media-playback-requires-user-gesture", FALSE,
@@ -43,8 +43,8 @@ GObjectPtr<WebKitWebView> makeView(const WebSession& session) {
     webkit_web_context_set_spell_checking_languages(context.get(), languages);
     webkit_web_context_set_spell_checking_enabled(context.get(), TRUE);
     return GObjectPtr<WebKitWebView>::share(static_cast<WebKitWebView*>(g_object_new(
-        WEBKIT_TYPE_WEB_VIEW, "web-context", context.get(), "network-session", session.get(),
-        "settings", settings.get(), "website-policies", policies.get(), nullptr)));
+        WEBKIT_TYPE_WEB_VIEW, "web-context", context.get(), "network-session", session, "settings",
+        settings.get(), "website-policies", policies.get(), nullptr)));
 }
 
 /// A question of a page, which waits for the answer for as long as this exists.
@@ -90,11 +90,12 @@ bool showsErrorPage(const GError& error) {
 
 } // namespace
 
-WebView::WebView(
-    const WebSession& session, Clock& clock, WebNotifications::PermittedOrigin permittedOrigin)
+WebKitView::WebKitView(
+    WebKitNetworkSession* session, Clock& clock, WebNotifications::PermittedOrigin permittedOrigin)
     : view_(makeView(session)),
       widget_(Glib::wrap(GTK_WIDGET(view_.get()))),
       notifications_(view_.get(), std::move(permittedOrigin)),
+      finder_(view_.get()),
       clock_(clock) {
     const auto connect =
         [this]<typename Signature>(const char* signal, std::function<Signature> handler) {
@@ -138,17 +139,17 @@ WebView::WebView(
         }));
 }
 
-WebView::~WebView() {
+WebKitView::~WebKitView() {
     signals_.clear();
     // A script that still runs would keep the view, and the process, a while longer.
     webkit_web_view_terminate_web_process(view_.get());
 }
 
-void WebView::setCustomUserAgent(const std::string& userAgent) {
+void WebKitView::setCustomUserAgent(const std::string& userAgent) {
     webkit_settings_set_user_agent(webkit_web_view_get_settings(view_.get()), userAgent.c_str());
 }
 
-void WebView::load(const std::string& address) {
+void WebKitView::load(const std::string& address) {
     errorPageAddress_.clear();
     isAwaitingPage_ = true;
     // Several megabytes for each Page would stay in memory for as long as it can be gone back to.
@@ -157,45 +158,45 @@ void WebView::load(const std::string& address) {
     webkit_web_view_load_uri(view_.get(), address.c_str());
 }
 
-void WebView::reload() {
+void WebKitView::reload() {
     errorPageAddress_.clear();
     webkit_web_view_reload(view_.get());
 }
 
-void WebView::setPageZoom(double factor) {
+void WebKitView::setPageZoom(double factor) {
     webkit_web_view_set_zoom_level(view_.get(), factor);
 }
 
-double WebView::pageZoom() const {
+double WebKitView::pageZoom() const {
     return webkit_web_view_get_zoom_level(view_.get());
 }
 
-void WebView::evaluateScript(const std::string& script) {
+void WebKitView::evaluateScript(const std::string& script) {
     webkit_web_view_evaluate_javascript(
         view_.get(), script.data(), static_cast<gssize>(script.size()), nullptr, nullptr, nullptr,
         nullptr, nullptr);
 }
 
-std::string WebView::address() const {
+std::string WebKitView::address() const {
     const char* address = webkit_web_view_get_uri(view_.get());
     return address ? address : "";
 }
 
-bool WebView::isLoading() const {
+bool WebKitView::isLoading() const {
     return webkit_web_view_is_loading(view_.get());
 }
 
-std::string WebView::title() const {
+std::string WebKitView::title() const {
     const char* title = webkit_web_view_get_title(view_.get());
     return title ? title : "";
 }
 
-void WebView::setSwipeGestures(bool areEnabled) {
+void WebKitView::setSwipeGestures(bool areEnabled) {
     webkit_settings_set_enable_back_forward_navigation_gestures(
         webkit_web_view_get_settings(view_.get()), areEnabled);
 }
 
-void WebView::onLoadChanged(int event) {
+void WebKitView::onLoadChanged(int event) {
     if (event == WEBKIT_LOAD_STARTED) {
         const std::string errorPage = std::exchange(errorPageAddress_, {});
         if (!errorPage.empty() && errorPage == address())
@@ -218,7 +219,7 @@ void WebView::onLoadChanged(int event) {
     }
 }
 
-void WebView::onLoadFailed(const std::string& errorPageAddress) {
+void WebKitView::onLoadFailed(const std::string& errorPageAddress) {
     hasFailed_ = true;
     isAwaitingPage_ = false;
     errorPageAddress_ = errorPageAddress;
@@ -227,7 +228,7 @@ void WebView::onLoadFailed(const std::string& errorPageAddress) {
         delegate_->didFailNavigation(*this);
 }
 
-bool WebView::onScriptDialog(WebKitScriptDialog* dialog) {
+bool WebKitView::onScriptDialog(WebKitScriptDialog* dialog) {
     const auto type = webkit_script_dialog_get_dialog_type(dialog);
     if (!delegate_ || (type != WEBKIT_SCRIPT_DIALOG_ALERT && type != WEBKIT_SCRIPT_DIALOG_CONFIRM))
         return false;
@@ -241,21 +242,21 @@ bool WebView::onScriptDialog(WebKitScriptDialog* dialog) {
     return true;
 }
 
-void WebView::onTitleChanged() {
+void WebKitView::onTitleChanged() {
     if (delegate_ && !isAwaitingPage_)
         delegate_->didChangeTitle(*this);
 }
 
-void WebView::onProgress() {
+void WebKitView::onProgress() {
     if (isLoading())
         expectProgress();
 }
 
-void WebView::expectProgress() {
+void WebKitView::expectProgress() {
     timeout_ = clock_.timer(loadTimeout, [this] { webkit_web_view_stop_loading(view_.get()); });
 }
 
-void WebView::onWebProcessTerminated() {
+void WebKitView::onWebProcessTerminated() {
     timeout_.disconnect();
     if (delegate_)
         delegate_->webProcessDidTerminate(*this);

@@ -1,15 +1,14 @@
-#include "Engine/WebSession.h"
+#include "Engine/WebKit/WebKitSession.h"
 
-#include "Engine/WebDownload.h"
-
-#include "Platform/Paths.h"
+#include "Engine/WebKit/WebKitFileDownload.h"
+#include "Engine/WebKit/WebKitView.h"
 
 #include <glib/gstdio.h>
 #include <webkit/webkit.h>
 
 namespace tessaro {
 
-WebSession::WebSession(
+WebKitSession::WebKitSession(
     const std::filesystem::path& dataFolder, const std::filesystem::path& cacheFolder) {
     for (const auto& folder : {dataFolder, cacheFolder}) {
         g_mkdir_with_parents(folder.c_str(), 0700);
@@ -23,17 +22,17 @@ WebSession::WebSession(
         (dataFolder / "cookies.sqlite").c_str(), WEBKIT_COOKIE_PERSISTENT_STORAGE_SQLITE);
 }
 
-WebSession& WebSession::shared() {
-    static WebSession session(paths::webDataFolder(), paths::webCacheFolder());
-    return session;
+std::shared_ptr<WebView>
+WebKitSession::makeView(Clock& clock, WebNotifications::PermittedOrigin permittedOrigin) {
+    return std::make_shared<WebKitView>(session_.get(), clock, std::move(permittedOrigin));
 }
 
 ScopedConnection
-WebSession::observeDownloads(std::function<void(std::shared_ptr<WebDownload>)> observer) const {
+WebKitSession::observeDownloads(std::function<void(std::shared_ptr<WebDownload>)> observer) {
     return connectSignal<void(WebKitNetworkSession*, WebKitDownload*)>(
         session_.get(), "download-started",
         [observer = std::move(observer)](WebKitNetworkSession*, WebKitDownload* download) {
-            observer(std::make_shared<WebDownload>(download));
+            observer(std::make_shared<WebKitFileDownload>(download));
         });
 }
 

@@ -1,4 +1,4 @@
-#include "Engine/PageFinder.h"
+#include "Engine/WebKit/WebKitFinder.h"
 
 #include <webkit/webkit.h>
 
@@ -10,9 +10,8 @@ constexpr guint32 options = WEBKIT_FIND_OPTIONS_CASE_INSENSITIVE | WEBKIT_FIND_O
 
 } // namespace
 
-PageFinder::PageFinder(std::shared_ptr<WebView> webView)
-    : webView_(std::move(webView)),
-      controller_(webkit_web_view_get_find_controller(WEBKIT_WEB_VIEW(webView_->widget().gobj()))) {
+WebKitFinder::WebKitFinder(WebKitWebView* view)
+    : controller_(webkit_web_view_get_find_controller(view)) {
     signals_.push_back(connectSignal<void(WebKitFindController*, guint)>(
         controller_, "counted-matches",
         [this](WebKitFindController*, guint count) { report(count); }));
@@ -20,7 +19,7 @@ PageFinder::PageFinder(std::shared_ptr<WebView> webView)
         controller_, "failed-to-find-text", [this](WebKitFindController*) { report(0); }));
 }
 
-void PageFinder::find(const std::string& text) {
+void WebKitFinder::find(const std::string& text) {
     if (text.empty()) {
         end();
         return;
@@ -31,22 +30,22 @@ void PageFinder::find(const std::string& text) {
     webkit_find_controller_search(controller_, text.c_str(), options, G_MAXUINT);
 }
 
-void PageFinder::findNext() {
+void WebKitFinder::findNext() {
     if (isSearching_)
         webkit_find_controller_search_next(controller_);
 }
 
-void PageFinder::findPrevious() {
+void WebKitFinder::findPrevious() {
     if (isSearching_)
         webkit_find_controller_search_previous(controller_);
 }
 
-void PageFinder::end() {
+void WebKitFinder::end() {
     isSearching_ = false;
     webkit_find_controller_search_finish(controller_);
 }
 
-void PageFinder::report(unsigned count) {
+void WebKitFinder::report(unsigned count) {
     if (isSearching_) // Otherwise a late answer to what nobody looks for any more.
         counted_.emit(count);
 }

@@ -1,4 +1,4 @@
-#include "Engine/WebDownload.h"
+#include "Engine/WebKit/WebKitFileDownload.h"
 
 #include "Platform/FreeFile.h"
 
@@ -33,7 +33,7 @@ WebDownload::State stateAfter(const GError& error) {
 
 } // namespace
 
-WebDownload::WebDownload(WebKitDownload* download)
+WebKitFileDownload::WebKitFileDownload(WebKitDownload* download)
     : download_(GObjectPtr<WebKitDownload>::share(download)) {
     signals_.push_back(connectSignal<gboolean(WebKitDownload*, char*)>(
         download, "decide-destination",
@@ -48,24 +48,24 @@ WebDownload::WebDownload(WebKitDownload* download)
         download, "finished", [this](WebKitDownload*) { finish(); }));
 }
 
-WebDownload::~WebDownload() {
+WebKitFileDownload::~WebKitFileDownload() {
     reservedFiles().erase(file_);
 }
 
-std::uint64_t WebDownload::received() const {
+std::uint64_t WebKitFileDownload::received() const {
     return webkit_download_get_received_data_length(download_.get());
 }
 
-std::uint64_t WebDownload::expected() const {
+std::uint64_t WebKitFileDownload::expected() const {
     WebKitURIResponse* response = webkit_download_get_response(download_.get());
     return response ? webkit_uri_response_get_content_length(response) : 0;
 }
 
-void WebDownload::cancel() {
+void WebKitFileDownload::cancel() {
     webkit_download_cancel(download_.get());
 }
 
-bool WebDownload::decideDestination(const char* suggestedName) {
+bool WebKitFileDownload::decideDestination(const char* suggestedName) {
     const auto folder = downloadFolder();
     g_mkdir_with_parents(folder.c_str(), 0755);
     file_ = freeFile(folder, suggestedName, reservedFiles());
@@ -77,7 +77,7 @@ bool WebDownload::decideDestination(const char* suggestedName) {
     return true;
 }
 
-void WebDownload::finish() {
+void WebKitFileDownload::finish() {
     WebKitURIResponse* response = webkit_download_get_response(download_.get());
     SoupMessageHeaders* headers =
         response ? webkit_uri_response_get_http_headers(response) : nullptr;
@@ -94,7 +94,7 @@ void WebDownload::finish() {
     end(State::disconnected);
 }
 
-void WebDownload::end(State state) {
+void WebKitFileDownload::end(State state) {
     if (state_ != State::underWay)
         return;
     state_ = state;

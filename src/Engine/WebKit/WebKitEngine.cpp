@@ -1,12 +1,18 @@
-#include "Engine/WebSandbox.h"
+#include "Engine/WebKit/WebKitEngine.h"
 
-#include "Platform/GHandle.h"
+#include "Engine/WebKit/WebKitSession.h"
 
-#include <filesystem>
+#include <webkit/webkit.h>
 
 namespace tessaro {
 
-bool webSandboxWorks() {
+std::string WebKitEngine::name() const {
+    return "WebKitGTK " + std::to_string(webkit_get_major_version()) + "." +
+           std::to_string(webkit_get_minor_version()) + "." +
+           std::to_string(webkit_get_micro_version());
+}
+
+bool WebKitEngine::worksHere() const {
     // Inside a Flatpak the engine asks the portal for its sandbox.
     if (std::filesystem::exists("/.flatpak-info"))
         return true;
@@ -20,6 +26,11 @@ bool webSandboxWorks() {
         nullptr, "bwrap", "--unshare-pid", "--unshare-uts", "--unshare-net", "--ro-bind", "/", "/",
         "true", nullptr));
     return process && g_subprocess_wait_check(process.get(), nullptr, nullptr);
+}
+
+WebSession& WebKitEngine::makeSession(
+    const std::filesystem::path& dataFolder, const std::filesystem::path& cacheFolder) {
+    return *sessions_.emplace_back(std::make_unique<WebKitSession>(dataFolder, cacheFolder));
 }
 
 } // namespace tessaro

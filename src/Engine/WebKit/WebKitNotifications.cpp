@@ -1,4 +1,4 @@
-#include "Engine/WebNotifications.h"
+#include "Engine/WebKit/WebKitNotifications.h"
 
 #include <webkit/webkit.h>
 
@@ -19,7 +19,7 @@ void permit(WebKitWebContext* context, const std::string& origin) {
 
 } // namespace
 
-WebNotifications::WebNotifications(WebKitWebView* view, PermittedOrigin permittedOrigin)
+WebKitNotifications::WebKitNotifications(WebKitWebView* view, PermittedOrigin permittedOrigin)
     : permittedOrigin_(std::move(permittedOrigin)) {
     signals_.push_back(connectSignal<gboolean(WebKitWebView*, WebKitPermissionRequest*)>(
         view, "permission-request",
@@ -49,20 +49,20 @@ WebNotifications::WebNotifications(WebKitWebView* view, PermittedOrigin permitte
         }));
 }
 
-void WebNotifications::setDelegate(Delegate* delegate) {
+void WebKitNotifications::setDelegate(Delegate* delegate) {
     delegate_ = delegate;
     if (!delegate_)
         permittedOrigin_ = nullptr;
 }
 
-void WebNotifications::click(const std::string& id) {
+void WebKitNotifications::click(const std::string& id) {
     if (const auto found = open_.find(id); found != open_.end()) {
         const auto notification = found->second.notification; // The page may close it.
         webkit_notification_clicked(notification.get());
     }
 }
 
-void WebNotifications::show(WebKitNotification* notification) {
+void WebKitNotifications::show(WebKitNotification* notification) {
     if (!delegate_)
         return;
     const std::string id = std::to_string(webkit_notification_get_id(notification));

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "Engine/WebKit/WebKitFinder.h"
+#include "Engine/WebKit/WebKitNotifications.h"
+#include "Engine/WebView.h"
+
+#include "Platform/Clock.h"
+#include "Platform/GHandle.h"
+#include "Platform/ScopedConnection.h"
+
+#include <string>
+#include <vector>
+
+using WebKitNetworkSession = struct _WebKitNetworkSession;
+using WebKitScriptDialog = struct _WebKitScriptDialog;
+using WebKitWebView = struct _WebKitWebView;
+
+namespace tessaro {
+
+class WebKitView final : public WebView {
+public:
+    /// See WebSession::makeView().
+    WebKitView(
+        WebKitNetworkSession* session, Clock& clock,
+        WebNotifications::PermittedOrigin permittedOrigin);
+    ~WebKitView() override;
+    WebKitView(const WebKitView&) = delete;
+    WebKitView& operator=(const WebKitView&) = delete;
+
+    void setDelegate(WebViewDelegate* delegate) override { delegate_ = delegate; }
+    Gtk::Widget& widget() const override { return *widget_; }
+    void setCustomUserAgent(const std::string& userAgent) override;
+    void load(const std::string& address) override;
+    void reload() override;
+    void setPageZoom(double factor) override;
+    double pageZoom() const override;
+    void evaluateScript(const std::string& script) override;
+    std::string address() const override;
+    bool isAwaitingPage() const override { return isAwaitingPage_; }
+    bool isLoading() const override;
+    std::string title() const override;
+    WebNotifications& notifications() override { return notifications_; }
+    PageFinder& finder() override { return finder_; }
+
+private:
+    void setSwipeGestures(bool areEnabled);
+    void onLoadChanged(int event);
+    void onLoadFailed(const std::string& errorPageAddress);
+    bool onScriptDialog(WebKitScriptDialog* dialog);
+    void onTitleChanged();
+    void onProgress();
+    void onWebProcessTerminated();
+    void expectProgress();
+
+    GObjectPtr<WebKitWebView> view_;
+    Gtk::Widget* widget_;
+    WebKitNotifications notifications_;
+    WebKitFinder finder_;
+    Clock& clock_;
+    WebViewDelegate* delegate_ = nullptr;
+    bool hasFailed_ = false;
+    bool isAwaitingPage_ = false;
+    std::string errorPageAddress_; ///< Of the error page that the engine is about to load.
+    ScopedConnection timeout_;
+    std::vector<ScopedConnection> signals_;
+};
+
+} // namespace tessaro
