@@ -4,6 +4,16 @@
 
 namespace tessaro {
 
+Account AccountDraft::appliedTo(Account account) const {
+    account.name = name;
+    account.proxyHost = proxyHost;
+    account.proxyPort = proxyPort;
+    account.proxyUsername = proxyUsername;
+    account.proxyPassword = proxyPassword;
+    account.proxyEnabled = proxyEnabled;
+    return account;
+}
+
 void to_json(nlohmann::json& object, const Account& account) {
     object["id"] = account.id.text();
     object["name"] = account.name;

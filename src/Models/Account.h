@@ -31,6 +31,21 @@ struct Account {
     bool operator==(const Account& other) const { return id == other.id; }
 };
 
+/// What a person enters about an account; the rest of one comes from the computer.
+struct AccountDraft {
+    std::string name;
+    std::string proxyHost;
+    std::int64_t proxyPort = 0;
+    std::string proxyUsername;
+    SecretText proxyPassword;
+    bool proxyEnabled = false;
+
+    /// The account with these values in the place of its own.
+    Account appliedTo(Account account) const;
+
+    bool operator==(const AccountDraft&) const = default;
+};
+
 /// Sets every member, so that one object can serve record after record.
 void to_json(nlohmann::json& object, const Account& account);
 /// Every member is required and strictly typed; unknown members are ignored.

@@ -150,7 +150,7 @@ Result<void> setAside(const std::filesystem::path& file, TimePoint time) {
     std::error_code ignored;
     for (int number = 2; std::filesystem::exists(name, ignored); ++number)
         name = wanted + "-" + std::to_string(number);
-    if (::rename(file.c_str(), name.c_str()) != 0)
+    if (::rename(file.c_str(), name.c_str()) != 0 && errno != ENOENT)
         return systemFailure();
     return {};
 }

@@ -23,6 +23,7 @@ std::optional<std::string> readFile(const std::filesystem::path& file);
 Result<void> replaceFile(const std::filesystem::path& file, std::string_view bytes);
 
 /// Renames the file to its name, ".unreadable-" and the time in UTC, and never over another file.
+/// One that is not there counts as set aside.
 Result<void> setAside(const std::filesystem::path& file, TimePoint time);
 
 /// Takes group and others out of the modes of the folder and of what lies directly in it, links

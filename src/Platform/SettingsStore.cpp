@@ -15,8 +15,10 @@ constexpr const char* group = "settings";
 SettingsStore::SettingsStore(std::filesystem::path file)
     : file_(std::move(file)), values_(g_key_file_new()) {
     makePrivate(file_.parent_path());
-    if (const auto bytes = readFile(file_))
-        setAsideFirst_ = !g_key_file_load_from_data(
+    const auto bytes = readFile(file_);
+    setAsideFirst_ =
+        !bytes ||
+        !g_key_file_load_from_data(
             values_.get(), bytes->data(), bytes->size(),
             static_cast<GKeyFileFlags>(G_KEY_FILE_KEEP_COMMENTS | G_KEY_FILE_KEEP_TRANSLATIONS),
             nullptr);

@@ -13,8 +13,8 @@ namespace tessaro {
 ///
 /// The file is read once, at construction, and replaced as a whole at each change; groups and keys
 /// that the program does not know survive. Nothing is reported: what cannot be read is absent, what
-/// cannot be written is kept in memory. A file that is no key file is set aside before the first
-/// change replaces it.
+/// cannot be written is kept in memory. A file that could not be read or is no key file is set
+/// aside before the first change replaces it.
 class SettingsStore {
 public:
     explicit SettingsStore(std::filesystem::path file);

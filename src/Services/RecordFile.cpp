@@ -17,12 +17,11 @@ const std::vector<Record>& RecordFile<Record>::load() {
     if (cache_)
         return *cache_;
     ensureFolder(file_.parent_path());
+    // A missing file too: it may lie on a disk that is mounted later.
+    setAsideFirst_ = true;
     const auto bytes = readFile(file_);
-    if (!bytes) {
-        std::error_code ignored;
-        setAsideFirst_ = std::filesystem::exists(file_, ignored);
+    if (!bytes)
         return none;
-    }
     auto records = decodeList(*bytes, decode_);
     setAsideFirst_ = !records;
     return cache_.emplace(records ? std::move(*records) : none);

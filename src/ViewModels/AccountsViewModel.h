@@ -6,15 +6,14 @@
 #include "Services/DataStore.h"
 #include "Services/DeviceIdentity.h"
 
-#include <cstdint>
 #include <optional>
-#include <string>
 #include <vector>
 
 namespace tessaro {
 
 /// The accounts behind the account column: the list, the selection, and which dialog is open.
-/// Every change is saved at once. UI thread only.
+/// Every change is made to what the store holds at that moment, which can be more than what could
+/// be read before, and is saved at once. UI thread only.
 class AccountsViewModel {
 public:
     /// Loads the stored accounts; none is selected.
@@ -28,9 +27,7 @@ public:
     /// Reads the list again; the selection follows its account or becomes empty.
     void loadAccounts();
     /// Appends, saves and selects a new account. An empty name becomes "Tài khoản " and a number.
-    void addAccount(
-        std::string name, std::string proxyHost, std::int64_t proxyPort, std::string proxyUsername,
-        SecretText proxyPassword, bool proxyEnabled);
+    void addAccount(AccountDraft draft);
     /// Replaces the account of the same id and saves; does nothing when there is none.
     void updateAccount(const Account& account);
     /// Removes the account with its Pages; a selection that is lost goes to the first account left.
@@ -38,6 +35,8 @@ public:
     void selectAccount(const Account& account);
 
 private:
+    void save(std::vector<Account> list);
+
     DataStore& store_;
     const DeviceIdentity& device_;
     const Clock& clock_;

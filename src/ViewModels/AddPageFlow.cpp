@@ -13,11 +13,7 @@ AddPageFlow::AddPageFlow(
     : pagesVM_(pagesVM),
       account_(std::move(account)),
       makeClient_(std::move(makeClient)),
-      dismiss_(std::move(dismiss)),
-      verifyErrorChanged_(pagesVM.verifyError.observe([this] {
-          if (*pagesVM_.verifyError)
-              errorMessage.set(*pagesVM_.verifyError);
-      })) {}
+      dismiss_(std::move(dismiss)) {}
 
 SecretText AddPageFlow::trimmedToken() const {
     return SecretText(trimWhitespaceAndNewlines(*token));
@@ -82,17 +78,23 @@ bool AddPageFlow::canAdd() const {
 }
 
 void AddPageFlow::addSelectedPage() {
-    if (*tokenType == TokenType::pageToken)
-        add(trimmedToken()).detach();
-    else if (*tokenType == TokenType::userToken && *selectedResolvedPage)
-        add((*selectedResolvedPage)->accessToken).detach();
+    if (*isAdding || !canAdd())
+        return;
+    isAdding.set(true);
+    const bool isPicked = *tokenType == TokenType::userToken;
+    add(isPicked ? (*selectedResolvedPage)->accessToken : trimmedToken()).detach();
 }
 
 Task<void> AddPageFlow::add(SecretText pageToken) {
     const auto alive = lifetime_.watch();
-    co_await pagesVM_.addPage(std::move(pageToken), account_);
-    if (!alive || *pagesVM_.verifyError)
+    const auto added = co_await pagesVM_.addPage(std::move(pageToken), account_);
+    if (!alive)
         co_return;
+    isAdding.set(false);
+    if (!added) {
+        errorMessage.set(added.error().message);
+        co_return;
+    }
     // The dialog that it closes may drop this flow, and the action with it.
     const auto dismiss = dismiss_;
     dismiss();

@@ -28,6 +28,7 @@ public:
 
     Property<std::string> token; ///< The text of the token field, as typed or pasted.
     Property<bool> isVerifying;
+    Property<bool> isAdding; ///< The chosen Page is being added.
     Property<std::optional<std::string>> errorMessage;
     Property<TokenType> tokenType;
     Property<std::vector<ResolvedPage>> resolvedPages;
@@ -38,6 +39,8 @@ public:
     bool hasToken() const;
     void verifyToken();
     bool canAdd() const;
+    /// Adds the chosen Page and then closes the dialog, or shows why not. Does nothing while one is
+    /// being added.
     void addSelectedPage();
 
 private:
@@ -49,7 +52,6 @@ private:
     const Account account_;
     GraphClientFactory makeClient_;
     std::function<void()> dismiss_;
-    ScopedConnection verifyErrorChanged_;
     Lifetime lifetime_;
 };
 

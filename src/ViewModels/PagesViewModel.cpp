@@ -6,6 +6,10 @@
 
 namespace tessaro {
 
+namespace {
+constexpr const char* domain = "Pages";
+}
+
 PagesViewModel::PagesViewModel(
     DataStore& store, AppLogger& logger, const Clock& clock, GraphClientFactory makeClient)
     : store_(store), logger_(logger), clock_(clock), makeClient_(std::move(makeClient)) {}
@@ -57,59 +61,65 @@ void PagesViewModel::clearPages() {
     selectedPage.set(std::nullopt);
 }
 
-Task<void> PagesViewModel::addPage(SecretText token, Account account) {
+Task<Result<void>> PagesViewModel::addPage(SecretText token, Account account) {
     const auto alive = lifetime_.watch();
     isVerifying.set(true);
     verifyError.set(std::nullopt);
     const auto client = makeClient_(token, account);
-    const auto info = co_await client->fetchPageInfo();
+    auto info = co_await client->fetchPageInfo();
     if (!alive)
-        co_return;
-    if (!info) {
+        co_return tl::unexpected(Error{}); // Nobody is left to show one.
+    const auto accounts = store_.loadAccounts();
+    if (info && std::ranges::find(accounts, account) == accounts.end())
+        info = failure(domain, 0, "Tài khoản đã bị xóa nên Page không được thêm.");
+    if (!info)
         logger_.log("PagesVM: Lỗi khi thêm trang: " + info.error().message, "ERROR");
-        verifyError.set(info.error().message);
-    } else if (std::ranges::find(*pages, info->id, &PageConfig::pageId) != pages->end()) {
-        verifyError.set("Page \"" + info->name + "\" đã tồn tại trong tài khoản này.");
-    } else {
-        append(
-            {.id = PageConfigId::random(),
-             .accountId = account.id,
-             .pageToken = token,
-             .pageId = info->id,
-             .pageName = info->name,
-             .pageAvatarUrl = info->picture ? info->picture->data.url : "",
-             .isConnected = true,
-             .createdAt = clock_.now()});
-        isVerifying.set(false);
+    const auto added = info ? append(
+                                  {.id = PageConfigId::random(),
+                                   .accountId = account.id,
+                                   .pageToken = token,
+                                   .pageId = info->id,
+                                   .pageName = info->name,
+                                   .pageAvatarUrl = info->picture ? info->picture->data.url : "",
+                                   .isConnected = true,
+                                   .createdAt = clock_.now()})
+                            : tl::unexpected(info.error());
+    if (!added)
+        verifyError.set(added.error().message);
+    isVerifying.set(false);
+    if (added)
         fetchPicture(client, info->id, "PagesVM: Lỗi tải avatar khi thêm trang " + info->name)
             .detach();
-        co_return;
+    co_return added;
+}
+
+Result<void> PagesViewModel::append(PageConfig page) {
+    const auto own = store_.pages(page.accountId);
+    if (std::ranges::find(own, page.pageId, &PageConfig::pageId) != own.end())
+        return failure(domain, 0, "Page \"" + page.pageName + "\" đã tồn tại trong tài khoản này.");
+    savePagesGlobal(page);
+    if (page.accountId == currentAccountId_) {
+        pages.set(store_.pages(page.accountId));
+        selectedPage.set(std::move(page));
     }
-    isVerifying.set(false);
+    return {};
 }
 
-void PagesViewModel::append(PageConfig page) {
-    auto list = *pages;
-    list.push_back(page);
-    pages.set(std::move(list));
-    savePagesGlobal();
-    selectedPage.set(std::move(page));
-}
-
-void PagesViewModel::savePagesGlobal() {
+void PagesViewModel::savePagesGlobal(const PageConfig& added) {
     auto all = store_.loadPages();
-    std::erase_if(all, [&](const PageConfig& page) { return page.accountId == currentAccountId_; });
-    all.insert(all.end(), pages->begin(), pages->end());
+    std::ranges::stable_partition(
+        all, [&](const PageConfig& page) { return page.accountId != currentAccountId_; });
+    all.push_back(added);
     store_.savePages(std::move(all));
 }
 
 void PagesViewModel::deletePage(const PageConfig& page) {
     // The argument may be one of the entries that go.
     const PageConfig deleted = page;
+    store_.deletePage(deleted.id);
     auto list = *pages;
     std::erase(list, deleted);
     pages.set(std::move(list));
-    store_.deletePage(deleted.id);
     if (*selectedPage == deleted)
         selectedPage.set(pages->empty() ? std::nullopt : std::optional(pages->front()));
 }

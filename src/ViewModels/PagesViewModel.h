@@ -34,15 +34,20 @@ public:
     /// Shows that account's Pages and fetches the pictures that the cache lacks.
     void loadPages(const AccountId& account);
     void clearPages();
-    /// Verifies the token once more and stores its Page under the account. Ends with `verifyError`
-    /// empty on success.
-    Task<void> addPage(SecretText token, Account account);
+    /// Verifies the token once more and stores its Page under the account, unless the account is
+    /// gone by then or has that Page. The Page is shown and selected if its account is shown.
+    /// Fails with the Graph client's error, or with the domain "Pages" and code 0. `verifyError`
+    /// tells the last one's message.
+    Task<Result<void>> addPage(SecretText token, Account account);
     void deletePage(const PageConfig& page);
     void selectPage(const PageConfig& page);
 
 private:
-    void append(PageConfig page);
-    void savePagesGlobal();
+    /// Refuses a Page that its account has already.
+    Result<void> append(PageConfig page);
+    /// Writes what is stored, with the Pages of the account that is shown moved to the end, and
+    /// the new Page behind them.
+    void savePagesGlobal(const PageConfig& added);
     void fetchMissingPictures();
     /// Puts the picture into the cache; a failure is logged behind the complaint.
     Task<void>

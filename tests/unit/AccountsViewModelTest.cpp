@@ -18,7 +18,7 @@ protected:
         model.loadAccounts();
     }
 
-    void addNameless() { model.addAccount("", "", 0, "", SecretText(), false); }
+    void addNameless() { model.addAccount({}); }
     std::vector<Account> stored() { return world.newStore().loadAccounts(); }
 
     test::StoreWorld world;
@@ -36,7 +36,13 @@ Account renamed(Account account, const std::string& name) {
 TEST_F(AccountsViewModelTest, AppendsSavesAndSelectsANewAccountAsGiven) {
     EXPECT_THAT(*model.accounts, ElementsAre(first, second));
     EXPECT_EQ(*model.selectedAccount, std::nullopt);
-    model.addAccount(" ", " host ", 70000, "user", SecretText("password"), true);
+    model.addAccount(
+        {.name = " ",
+         .proxyHost = " host ",
+         .proxyPort = 70000,
+         .proxyUsername = "user",
+         .proxyPassword = SecretText("password"),
+         .proxyEnabled = true});
     const Account added = model.accounts->back();
     EXPECT_THAT(*model.selectedAccount, Optional(added));
     ASSERT_THAT(stored(), ElementsAre(first, second, added));
@@ -79,4 +85,23 @@ TEST_F(AccountsViewModelTest, MovesALostSelectionToTheFirstAccountLeft) {
     model.deleteAccount(first);
     EXPECT_EQ(*model.selectedAccount, std::nullopt);
     EXPECT_THAT(stored(), IsEmpty());
+}
+
+TEST_F(AccountsViewModelTest, KeepsTheAccountsThatCouldNotBeReadBefore) {
+    const auto file = world.records / "accounts.json";
+    const auto elsewhere = world.folder / "elsewhere";
+    for (const bool anotherReaderIsFirst : {false, true}) {
+        std::filesystem::rename(file, elsewhere);
+        std::filesystem::create_directory(file);
+        auto store = world.newStore();
+        AccountsViewModel late(store, world.device, world.clock);
+        EXPECT_THAT(*late.accounts, IsEmpty());
+        std::filesystem::remove(file);
+        std::filesystem::rename(elsewhere, file);
+        const auto before = stored();
+        EXPECT_EQ(anotherReaderIsFirst ? store.loadAccounts() : before, before);
+        late.addAccount({});
+        EXPECT_EQ(late.accounts->size(), before.size() + 1);
+        EXPECT_EQ(*late.accounts, stored());
+    }
 }

@@ -79,7 +79,7 @@ TEST_F(DataStoreTest, ReadsAMissingFileAgainButAReadOneNever) {
 
 TEST_F(DataStoreTest, SetsAFileAsideThatDidNotDecodeBeforeItIsReplaced) {
     const std::string aside = "accounts.json.unreadable-2025-03-01T09-30-05Z";
-    put("accounts.json", "[{}]");
+    put("accounts.json", "[-1]");
     put(aside, "earlier");
     EXPECT_THAT(store.loadAccounts(), IsEmpty());
     put("accounts.json", "[{}, {}]");
@@ -90,11 +90,27 @@ TEST_F(DataStoreTest, SetsAFileAsideThatDidNotDecodeBeforeItIsReplaced) {
     EXPECT_EQ(bytesOf(aside), "earlier");
     EXPECT_EQ(bytesOf(aside + "-2"), "[{}, {}]");
     EXPECT_THAT(world.newStore().loadAccounts(), SizeIs(2));
+}
 
+TEST_F(DataStoreTest, SetsASideWhatCannotBeReadAndSavesWhenThereIsNothingToSetAside) {
     // A folder in the file's place cannot be read, not even by root.
     std::filesystem::create_directories(world.records / "pages.json" / "kept");
     EXPECT_THAT(store.loadPages(), IsEmpty());
     store.savePages({a});
-    EXPECT_THAT(names(), testing::Contains("pages.json.unreadable-2025-03-01T09-30-05Z"));
+    const std::string aside = "pages.json.unreadable-2025-03-01T09-30-05Z";
+    EXPECT_THAT(names(), ElementsAre("pages.json", aside));
     EXPECT_THAT(world.newStore().loadPages(), ElementsAre(a));
+
+    put("accounts.json", "[{}]");
+    EXPECT_THAT(store.loadAccounts(), IsEmpty());
+    std::filesystem::remove(world.records / "accounts.json");
+    store.saveAccounts({first});
+    EXPECT_THAT(world.newStore().loadAccounts(), ElementsAre(first));
+    // It was not there yet when it was read, as on a disk that is mounted late.
+    auto late = world.newStore();
+    std::filesystem::rename(world.records / "pages.json", world.folder / "later");
+    EXPECT_THAT(late.loadPages(), IsEmpty());
+    std::filesystem::rename(world.folder / "later", world.records / "pages.json");
+    late.savePages({b});
+    EXPECT_EQ(bytesOf(aside + "-2"), encodeList(std::vector{a}));
 }

@@ -171,13 +171,15 @@ TEST(HostileGraph, AMillionPagesAreRefusedAndWhatJustFitsDoesNotStallTheLoop) {
 
 TEST(HostileGraph, StrangeTextsOfAPageAreKeptAsTextsAndInTheirPlace) {
     GraphWorld world;
+    const Account account = makeAccount();
+    world.store.saveAccounts({account});
     PagesViewModel pages(world.store, world.logger, world.clock, world.makeClient);
+    pages.loadPages(account.id);
     const std::string name = "<b>&amp;\u202e\u2066" + std::string(1 << 20, 'n');
     world.server.answer("*", "picture");
     for (const std::string id : {"../../x", "..", "/etc/x", ".hidden", ""}) {
         world.answerMe({200, R"({"id":")" + id + R"(","name":")" + name + R"("})", {}});
-        pages.addPage(SecretText("page-token"), makeAccount()).detach();
-        ASSERT_TRUE(runUntil([&] { return !*pages.isVerifying; }));
+        ASSERT_TRUE(await(pages.addPage(SecretText("page-token"), account)));
         EXPECT_EQ(pages.pages->back().pageId.text, id);
         EXPECT_EQ(pages.pages->back().pageName, name);
         const auto file = world.store.localAvatarURL(id);

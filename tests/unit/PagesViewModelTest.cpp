@@ -1,6 +1,7 @@
 #include "ViewModels/PagesViewModel.h"
 
 #include "Platform/FileStore.h"
+#include "support/FakeGraph.h"
 #include "support/GraphWorld.h"
 #include "support/LongestTurn.h"
 #include "support/MainLoop.h"
@@ -13,7 +14,7 @@
 using namespace tessaro;
 using namespace tessaro::test;
 using namespace std::chrono_literals;
-using testing::ElementsAre, testing::HasSubstr, testing::IsEmpty, testing::Optional,
+using testing::ElementsAre, testing::Field, testing::HasSubstr, testing::IsEmpty, testing::Optional,
     testing::SizeIs;
 
 namespace {
@@ -36,8 +37,8 @@ protected:
         model->loadPages(account.id);
     }
     void add(const std::string& token = "page-token") {
-        model->addPage(SecretText(token), account).detach();
-        ASSERT_TRUE(runUntil([&] { return !*model->isVerifying; }));
+        const auto added = await(model->addPage(SecretText(token), account));
+        EXPECT_EQ(added ? std::nullopt : std::optional(added.error().message), *model->verifyError);
     }
     std::vector<PageConfig> stored() { return world.newStore().loadPages(); }
     std::optional<std::string> cached(const std::string& id) {
@@ -137,12 +138,61 @@ TEST_F(PagesViewModelTest, ReportsAndLogsWhyATokenIsRefused) {
     world.answerMe({200, R"({"id":"9","name":"Trang Chín"})", {}});
     add();
     EXPECT_EQ(*model->verifyError, std::nullopt);
-    EXPECT_EQ(model->pages->back().pageAvatarUrl, "");
+    EXPECT_EQ(stored().at(0).pageAvatarUrl, "");
     show({a, b});
+    model->selectPage(a);
     model->clearPages();
     EXPECT_THAT(*model->pages, IsEmpty());
+    EXPECT_EQ(*model->selectedPage, std::nullopt);
     add();
-    EXPECT_THAT(stored(), ElementsAre(a, b, model->pages->back())) << "every stored Page stays";
+    EXPECT_THAT(stored(), ElementsAre(a, b, Field(&PageConfig::pageId, PageId{"9"})));
+}
+
+TEST_F(PagesViewModelTest, StoresALatePageUnderItsAccountAndShowsItUnderNoOther) {
+    FakeGraph graph;
+    graph.objects["page-token"] = {PageId{"9"}, "Trang Chín", std::nullopt};
+    model.emplace(world.store, world.logger, world.clock, graph.factory());
+    const auto same = makePage(other, "9");
+    show({same, a});
+    const auto addDuring = [&](std::function<void()> work) {
+        graph.gate.shut();
+        auto adding = model->addPage(SecretText("page-token"), account);
+        work();
+        graph.gate.open();
+        return await(std::move(adding));
+    };
+    const auto showOther = [&] { model->loadPages(other.id); };
+    EXPECT_TRUE(addDuring(showOther)) << "only the other account had it";
+    EXPECT_THAT(*model->pages, ElementsAre(same));
+    EXPECT_EQ(*model->selectedPage, std::nullopt);
+    ASSERT_THAT(stored(), SizeIs(3));
+    model->loadPages(account.id);
+    EXPECT_THAT(*model->pages, ElementsAre(a, Field(&PageConfig::pageId, PageId{"9"})));
+    EXPECT_FALSE(addDuring(showOther)) << "now its own account has it";
+
+    world.store.savePages({same});
+    EXPECT_FALSE(addDuring([&] { world.store.deleteAccount(account.id); }));
+    EXPECT_THAT(stored(), ElementsAre(same));
+    EXPECT_THAT(
+        world.loggedLines(),
+        HasSubstr("PagesVM: Lỗi khi thêm trang: Tài khoản đã bị xóa nên Page không được thêm.\n"));
+}
+
+TEST_F(PagesViewModelTest, KeepsThePagesThatCouldNotBeReadBefore) {
+    world.store.savePages({a, b});
+    const auto file = world.records / "pages.json";
+    std::filesystem::rename(file, world.folder / "elsewhere");
+    std::filesystem::create_directory(file);
+    auto store = world.newStore();
+    model.emplace(store, world.logger, world.clock, world.makeClient);
+    model->loadPages(account.id);
+    EXPECT_THAT(*model->pages, IsEmpty());
+    std::filesystem::remove(file);
+    std::filesystem::rename(world.folder / "elsewhere", file);
+    add();
+    const PageConfig added = **model->selectedPage;
+    EXPECT_THAT(*model->pages, ElementsAre(a, added));
+    EXPECT_THAT(stored(), ElementsAre(b, a, added));
 }
 
 TEST_F(PagesViewModelTest, MovesALostSelectionToTheFirstPageLeft) {

@@ -39,18 +39,24 @@ TEST_F(SettingsStoreTest, RemembersEveryTextAcrossStartsAndKeepsWhatItDoesNotKno
     EXPECT_THAT(bytes(), testing::HasSubstr("name[vi]=tên\nkey=new\n"));
 }
 
-TEST_F(SettingsStoreTest, SetsAFileAsideThatIsNoKeyFile) {
-    put(std::string("[settings]\nkey=a\0b\nrest", 23));
-    SettingsStore(file).setText("key", "new");
-    EXPECT_EQ(SettingsStore(file).text("key"), "new");
-    const std::filesystem::directory_iterator files(folder.path());
-    EXPECT_EQ(
-        std::ranges::count_if(
-            files,
-            [](const auto& entry) {
-                return entry.path().filename().string().starts_with("settings.ini.unreadable-");
-            }),
-        1);
+TEST_F(SettingsStoreTest, SetsAFileAsideThatItCannotReadAndSavesWhenThereIsNothingToSetAside) {
+    const std::string damaged("[settings]\nkey=a\0b\nrest", 23);
+    const auto change = [&](auto before, auto meanwhile) {
+        std::filesystem::remove_all(file);
+        before();
+        SettingsStore settings(file);
+        meanwhile();
+        settings.setText("key", "new");
+        EXPECT_EQ(SettingsStore(file).text("key"), "new");
+        const std::filesystem::directory_iterator files(folder.path());
+        return std::ranges::count_if(files, [](const auto& entry) {
+            return entry.path().filename().string().starts_with("settings.ini.unreadable-");
+        });
+    };
+    EXPECT_EQ(change([&] { put(damaged); }, [] {}), 1);
+    EXPECT_EQ(change([&] { std::filesystem::create_directory(file); }, [] {}), 2);
+    EXPECT_EQ(change([] {}, [&] { put("[settings]\nkey=late\n"); }), 3);
+    EXPECT_EQ(change([&] { put(damaged); }, [&] { std::filesystem::remove(file); }), 3);
 }
 
 TEST_F(SettingsStoreTest, GivesTheAddressesOrTheBuiltInOnes) {

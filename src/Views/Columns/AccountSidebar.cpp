@@ -47,8 +47,6 @@ AccountSidebar::AccountSidebar(const ScreenContext& context, AccountsViewModel& 
         const auto& selected = *viewModel_.selectedAccount;
         column_.setSelected(selected ? std::optional(selected->id) : std::nullopt);
     }));
-    connections_.push_back(viewModel_.showAddSheet.observe([this] { showSheets(); }));
-    connections_.push_back(viewModel_.editingAccount.observe([this] { showSheets(); }));
     connections_.push_back(context_.theme.observe([this] { showToggleSymbol(); }));
 }
 
@@ -62,10 +60,10 @@ RecordColumn<Account>::Behaviour AccountSidebar::columnBehaviour() {
         .makeAddButton =
             [] { return Gtk::make_managed<AddButton>(AddButton::Shape::circle, "Thêm tài khoản"); },
         .choose = [this](const Account& account) { viewModel_.selectAccount(account); },
-        .add = [this] { viewModel_.showAddSheet.set(true); },
+        .add = [this] { openSheet(std::nullopt); },
         .menu = [this](const Account& account) -> RecordColumn<Account>::Commands {
             return {
-                {"Chỉnh sửa", [this, account] { viewModel_.editingAccount.set(account); }},
+                {"Chỉnh sửa", [this, account] { openSheet(account); }},
                 {"Xóa tài khoản", [this, account] { viewModel_.deleteAccount(account); }, true},
             };
         },
@@ -93,39 +91,22 @@ void AccountSidebar::showToggleSymbol() {
         context_.theme.appearanceMode() == "light" ? "moon.fill" : "sun.max.fill");
 }
 
-void AccountSidebar::showSheets() {
-    const std::optional<Account> edited = *viewModel_.editingAccount;
-    if (!edited && !*viewModel_.showAddSheet) {
-        sheets_.dismiss();
-        return;
-    }
+void AccountSidebar::openSheet(const std::optional<Account>& edited) {
     auto mode = edited ? AccountDetailSheet::Mode::edit(*edited) : AccountDetailSheet::Mode::add();
     auto sheet = std::make_unique<AccountDetailSheet>(
-        context_, std::move(mode),
-        [this, edited](
-            std::string name, std::string proxyHost, std::int64_t proxyPort,
-            std::string proxyUsername, SecretText proxyPassword, bool proxyEnabled) {
-            if (!edited) {
-                viewModel_.addAccount(
-                    std::move(name), std::move(proxyHost), proxyPort, std::move(proxyUsername),
-                    std::move(proxyPassword), proxyEnabled);
-                return;
-            }
-            Account changed = *edited;
-            changed.name = std::move(name);
-            changed.proxyHost = std::move(proxyHost);
-            changed.proxyPort = proxyPort;
-            changed.proxyUsername = std::move(proxyUsername);
-            changed.proxyPassword = std::move(proxyPassword);
-            changed.proxyEnabled = proxyEnabled;
-            viewModel_.updateAccount(changed);
+        context_, std::move(mode), [this, edited](AccountDraft draft) {
+            if (edited)
+                viewModel_.updateAccount(draft.appliedTo(*edited));
+            else
+                viewModel_.addAccount(std::move(draft));
         });
-    sheet->onDismiss([this, edited] {
-        if (edited)
-            viewModel_.editingAccount.set(std::nullopt);
-        else
-            viewModel_.showAddSheet.set(false);
+    sheet->onDismiss([this] {
+        viewModel_.showAddSheet.set(false);
+        viewModel_.editingAccount.set(std::nullopt);
+        sheets_.dismiss();
     });
+    viewModel_.showAddSheet.set(!edited);
+    viewModel_.editingAccount.set(edited);
     sheets_.present(std::move(sheet), *this);
 }
 

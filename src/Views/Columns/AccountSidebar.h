@@ -24,7 +24,8 @@ private:
     void addCommand(const char* symbol, const char* tooltip, const char* notification);
     void addDivider();
     void showToggleSymbol();
-    void showSheets();
+    /// Opens the dialog for the account, or for a new one.
+    void openSheet(const std::optional<Account>& edited);
 
     const ScreenContext& context_;
     AccountsViewModel& viewModel_;

@@ -23,7 +23,6 @@ PageListView::PageListView(const ScreenContext& context, PagesViewModel& pagesVM
     column_.setRecords(*pagesVM_.pages);
     connections_.push_back(pagesVM_.pages.observe([this] { column_.setRecords(*pagesVM_.pages); }));
     connections_.push_back(pagesVM_.selectedPage.observe([this] { showSelection(); }));
-    connections_.push_back(pagesVM_.showAddSheet.observe([this] { showSheet(); }));
     connections_.push_back(
         context_.notifications.observe(unreadCountChanged, [this](const Notification& posted) {
             unread_.set(posted.userInfo.at("count"));
@@ -44,7 +43,7 @@ RecordColumn<PageConfig>::Behaviour PageListView::columnBehaviour() {
                 return Gtk::make_managed<AddButton>(AddButton::Shape::roundedSquare, "Thêm Page");
             },
         .choose = [this](const PageConfig& page) { pagesVM_.selectPage(page); },
-        .add = [this] { pagesVM_.showAddSheet.set(true); },
+        .add = [this] { openSheet(); },
         .menu = [this](const PageConfig& page) -> RecordColumn<PageConfig>::Commands {
             return {{"Xóa Page", [this, page] { pagesVM_.deletePage(page); }, true}};
         },
@@ -71,13 +70,13 @@ void PageListView::showSelection() {
     column_.setSelected(selected ? std::optional(selected->id) : std::nullopt);
 }
 
-void PageListView::showSheet() {
-    if (!*pagesVM_.showAddSheet || !account_) {
-        sheets_.dismiss();
-        return;
-    }
+void PageListView::openSheet() {
     auto sheet = std::make_unique<AddPageSheet>(context_, pagesVM_, *account_);
-    sheet->onDismiss([this] { pagesVM_.showAddSheet.set(false); });
+    sheet->onDismiss([this] {
+        pagesVM_.showAddSheet.set(false);
+        sheets_.dismiss();
+    });
+    pagesVM_.showAddSheet.set(true);
     sheets_.present(std::move(sheet), *this);
 }
 

@@ -24,7 +24,7 @@ private:
     RecordColumn<PageConfig>::Behaviour columnBehaviour();
     void selectAt(std::size_t index);
     void showSelection();
-    void showSheet();
+    void openSheet();
 
     const ScreenContext& context_;
     tessaro::Property<std::string> unread_; ///< Of the selected Page, as its site writes it.

@@ -143,9 +143,12 @@ std::int64_t AccountDetailSheet::portFromText(std::string_view text) {
 
 void AccountDetailSheet::save() {
     onSave_(
-        name_.get_text().raw(), proxyHost_.get_text().raw(),
-        portFromText(proxyPort_.get_text().raw()), proxyUsername_.get_text().raw(),
-        SecretText(proxyPassword_.get_text().raw()), proxyEnabled_.get_active());
+        {.name = name_.get_text().raw(),
+         .proxyHost = proxyHost_.get_text().raw(),
+         .proxyPort = portFromText(proxyPort_.get_text().raw()),
+         .proxyUsername = proxyUsername_.get_text().raw(),
+         .proxyPassword = SecretText(proxyPassword_.get_text().raw()),
+         .proxyEnabled = proxyEnabled_.get_active()});
     dismiss();
 }
 

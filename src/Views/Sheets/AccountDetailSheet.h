@@ -14,8 +14,8 @@
 
 namespace tessaro {
 
-/// The dialog in which an account is made or edited. It stores nothing itself: saving hands the six
-/// values to whoever opened it.
+/// The dialog in which an account is made or edited. It stores nothing itself: saving hands what
+/// was entered to whoever opened it.
 class AccountDetailSheet : public Sheet {
 public:
     /// Adding, or editing the account that is given.
@@ -25,9 +25,7 @@ public:
         static Mode add() { return {}; }
         static Mode edit(Account account) { return {std::move(account)}; }
     };
-    using OnSave = std::function<void(
-        std::string name, std::string proxyHost, std::int64_t proxyPort, std::string proxyUsername,
-        SecretText proxyPassword, bool proxyEnabled)>;
+    using OnSave = std::function<void(AccountDraft draft)>;
 
     /// @param onSave  called at most once per showing, before the sheet closes
     AccountDetailSheet(const ScreenContext& context, Mode mode, OnSave onSave);

@@ -14,12 +14,10 @@ namespace {
 /// The sheet in front of nothing, with what it saved and how often it was dismissed.
 class AccountDetailSheetTest : public testing::Test {
 protected:
-    using Saved = std::tuple<std::string, std::string, std::int64_t, std::string, SecretText, bool>;
-
     void open(AccountDetailSheet::Mode mode) {
         sheet_ = std::make_unique<AccountDetailSheet>(
             screen_.context, std::move(mode),
-            [this](auto&&... values) { saved_.emplace_back(std::move(values)...); });
+            [this](AccountDraft draft) { saved_.push_back(std::move(draft)); });
         sheet_->onDismiss([this] { ++dismissed_; });
         sheet_->present();
         TestScreen::settle(*sheet_);
@@ -28,7 +26,7 @@ protected:
 
     TestScreen screen_;
     std::unique_ptr<AccountDetailSheet> sheet_;
-    std::vector<Saved> saved_;
+    std::vector<AccountDraft> saved_;
     int dismissed_ = 0;
 };
 
@@ -48,7 +46,7 @@ TEST_F(AccountDetailSheetTest, ReturnSavesANameThatIsMoreThanBlanksAndEscapeNoth
     name.set_text(" Mai");
     Keyboard::press(GDK_KEY_Return);
     EXPECT_TRUE(runUntil([this] { return dismissed_ == 2; }));
-    EXPECT_THAT(saved_, ElementsAre(Saved(" Mai", "", 0, "", SecretText(), false)));
+    EXPECT_THAT(saved_, ElementsAre(AccountDraft{.name = " Mai"}));
 }
 
 TEST_F(AccountDetailSheetTest, GivesAnEditedAccountsValuesBackEvenWhenTheProxyIsHidden) {
@@ -65,7 +63,8 @@ TEST_F(AccountDetailSheetTest, GivesAnEditedAccountsValuesBackEvenWhenTheProxyIs
     EXPECT_TRUE(runUntil([this] { return !find(*sheet_, "Port"); }));
     press(*sheet_, "Lưu thay đổi");
     const auto values = [](bool enabled) {
-        return Saved("Cửa hàng", "proxy.example", 8080, "mai", SecretText("bí mật"), enabled);
+        return AccountDraft{"Cửa hàng", "proxy.example",      8080,
+                            "mai",      SecretText("bí mật"), enabled};
     };
     EXPECT_THAT(saved_, ElementsAre(values(true), values(false)));
 }

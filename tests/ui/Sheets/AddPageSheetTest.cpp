@@ -15,6 +15,7 @@ class AddPageSheetTest : public testing::Test {
 protected:
     AddPageSheetTest() {
         screen_.graph.objects["page"] = PageInfo{PageId{"4"}, "Cúc", std::nullopt};
+        screen_.store.saveAccounts({account_});
         pagesVM_.loadPages(account_.id);
         open();
     }
