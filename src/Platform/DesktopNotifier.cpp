@@ -71,11 +71,17 @@ DesktopNotifier::DesktopNotifier(std::filesystem::path marker)
       }()) {}
 
 void DesktopNotifier::show(DesktopNotification notification, Clicked clicked) {
-    shown_[notification.id].clicked = std::move(clicked);
-    send(std::move(notification)).detach();
+    auto& shown = shown_[notification.id];
+    // The identifier of one that is under way is not known yet, so that it cannot be replaced.
+    const bool isReplaceable = shown && !shown->isUnderWay;
+    if (shown)
+        shown->isWithdrawn = true;
+    shown = std::make_shared<Shown>(
+        Shown{.clicked = std::move(clicked), .serverId = isReplaceable ? shown->serverId : 0});
+    send(std::move(notification), shown).detach();
 }
 
-Task<void> DesktopNotifier::send(DesktopNotification notification) {
+Task<void> DesktopNotifier::send(DesktopNotification notification, std::shared_ptr<Shown> shown) {
     const auto alive = lifetime_.watch();
     const auto bus = co_await AsyncCall(
         [](GAsyncReadyCallback ready, gpointer data) {
@@ -84,7 +90,7 @@ Task<void> DesktopNotifier::send(DesktopNotification notification) {
         [](GObject*, GAsyncResult* result) {
             return GObjectPtr<GDBusConnection>::adopt(g_bus_get_finish(result, nullptr));
         });
-    if (!alive || !bus)
+    if (!alive || !bus || shown->isWithdrawn)
         co_return;
     listen(bus);
     if (isConfined_) {
@@ -92,38 +98,37 @@ Task<void> DesktopNotifier::send(DesktopNotification notification) {
         co_return;
     }
     const auto capabilities = co_await call(bus, notificationService, "GetCapabilities", nullptr);
-    if (!alive)
+    if (!alive || shown->isWithdrawn)
         co_return;
     std::string body = notification.body;
     if (readsMarkup(capabilities.get()))
         body = takeString(g_markup_escape_text(body.c_str(), -1));
-    const auto before = shown_.find(notification.id);
-    if (before == shown_.end())
-        co_return; // Withdrawn meanwhile.
     const auto answer = co_await call(
         bus, notificationService, "Notify",
-        notifyArguments(before->second.serverId, notification.title, body));
+        notifyArguments(shown->serverId, notification.title, body));
+    shown->isUnderWay = false;
     if (!alive || !answer || !g_variant_is_of_type(answer.get(), G_VARIANT_TYPE("(u)")))
         co_return;
-    std::uint32_t serverId = 0;
-    g_variant_get(answer.get(), "(u)", &serverId);
-    if (const auto shown = shown_.find(notification.id); shown != shown_.end())
-        shown->second.serverId = serverId;
+    g_variant_get(answer.get(), "(u)", &shown->serverId);
+    if (shown->isWithdrawn)
+        close(shown->serverId);
 }
 
 void DesktopNotifier::withdraw(const std::string& id) {
     const auto shown = shown_.find(id);
     if (shown == shown_.end())
         return;
-    const auto serverId = shown->second.serverId;
+    shown->second->isWithdrawn = true;
+    const auto serverId = shown->second->serverId;
     shown_.erase(shown);
-    if (!bus_)
-        return;
-    if (isConfined_)
+    if (isConfined_ && bus_)
         call(bus_, portal, "RemoveNotification", g_variant_new("(s)", id.c_str())).detach();
     else if (serverId)
-        call(bus_, notificationService, "CloseNotification", g_variant_new("(u)", serverId))
-            .detach();
+        close(serverId);
+}
+
+void DesktopNotifier::close(std::uint32_t serverId) {
+    call(bus_, notificationService, "CloseNotification", g_variant_new("(u)", serverId)).detach();
 }
 
 void DesktopNotifier::listen(const GObjectPtr<GDBusConnection>& bus) {
@@ -154,18 +159,20 @@ void DesktopNotifier::onServiceSignal(const std::string& name, GVariant* argumen
     if (!g_variant_is_of_type(serverId.get(), G_VARIANT_TYPE_UINT32))
         return;
     const auto found = std::ranges::find_if(shown_, [&](const auto& entry) {
-        return entry.second.serverId == g_variant_get_uint32(serverId.get());
+        return entry.second->serverId == g_variant_get_uint32(serverId.get());
     });
     // The service tells everybody about everybody's notifications.
     if (found == shown_.end())
         return;
     const GVariantPtr detail(g_variant_get_child_value(arguments, 1));
-    if (name == "NotificationClosed")
+    if (name == "NotificationClosed" && found->second->isUnderWay)
+        found->second->serverId = 0; // What replaces it comes all the same.
+    else if (name == "NotificationClosed")
         shown_.erase(found);
     else if (!g_variant_is_of_type(detail.get(), G_VARIANT_TYPE_STRING))
         return;
     else if (name == "ActivationToken")
-        found->second.activationToken = g_variant_get_string(detail.get(), nullptr);
+        found->second->activationToken = g_variant_get_string(detail.get(), nullptr);
     else if (name == "ActionInvoked")
         click(found->first);
 }
@@ -182,7 +189,7 @@ void DesktopNotifier::click(const std::string& id) {
     if (shown == shown_.end())
         return;
     // A copy: whoever hears of the click may withdraw the notification.
-    const Shown clicked = shown->second;
+    const Shown clicked = *shown->second;
     clicked.clicked(clicked.activationToken);
 }
 

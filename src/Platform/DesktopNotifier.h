@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 
 namespace tessaro {
@@ -39,9 +40,12 @@ private:
         Clicked clicked;
         std::uint32_t serverId = 0; ///< The notification service's own; 0 before its answer.
         std::string activationToken;
+        bool isUnderWay = true;   ///< The service has not answered yet.
+        bool isWithdrawn = false; ///< To be closed as soon as it has.
     };
 
-    Task<void> send(DesktopNotification notification);
+    Task<void> send(DesktopNotification notification, std::shared_ptr<Shown> shown);
+    void close(std::uint32_t serverId);
     void listen(const GObjectPtr<GDBusConnection>& bus);
     void onServiceSignal(const std::string& name, GVariant* arguments);
     void onPortalSignal(const std::string& name, GVariant* arguments);
@@ -49,7 +53,7 @@ private:
 
     const bool isConfined_;
     GObjectPtr<GDBusConnection> bus_;
-    std::map<std::string, Shown> shown_;
+    std::map<std::string, std::shared_ptr<Shown>> shown_;
     ScopedConnection signals_;
     Lifetime lifetime_;
 };

@@ -70,6 +70,11 @@ MockBusService::refuse(GDBusMessage* call, const char* errorName, const char* te
     return Reply::adopt(g_dbus_message_new_method_error_literal(call, errorName, text));
 }
 
+void MockBusService::reply(const Reply& answer) const {
+    g_dbus_connection_send_message(
+        connection_.get(), answer.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
+}
+
 void MockBusService::emit(
     const char* path, const std::string& signal, const char* arguments) const {
     const auto dot = signal.rfind('.');

@@ -29,6 +29,9 @@ public:
     static Reply answer(GDBusMessage* call, const char* body);
     static Reply refuse(GDBusMessage* call, const char* errorName, const char* text);
 
+    /// Sends an answer that the handler left out.
+    void reply(const Reply& answer) const;
+
     /// Tells everybody on the bus. The arguments are a tuple in GVariant's text form.
     void emit(const char* path, const std::string& signal, const char* arguments) const;
 

@@ -7,8 +7,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <fstream>
 #include <functional>
+#include <mutex>
 
 using namespace tessaro;
 using test::MockBusService;
@@ -25,6 +27,11 @@ protected:
     MockBusService::Reply answer(const std::string& method, GDBusMessage* call) {
         if (method.ends_with("GetCapabilities"))
             return MockBusService::answer(call, "(['body-markup'],)");
+        if (method.ends_with("Notify") && keepsBack_) {
+            const std::lock_guard lock(mutex_);
+            kept_.push_back(MockBusService::Reply::share(call));
+            return {};
+        }
         if (method.ends_with("Notify"))
             return MockBusService::answer(call, g_variant_new("(u)", nextId_++));
         return MockBusService::answer(call);
@@ -41,12 +48,26 @@ protected:
             clicks_.push_back(notification.id + token);
         });
     }
+    void waitForKept(std::size_t count) {
+        EXPECT_TRUE(runUntil([&] {
+            const std::lock_guard lock(mutex_);
+            return kept_.size() == count;
+        }));
+    }
+    void answerKept(const MockBusService& mock) {
+        const std::lock_guard lock(mutex_);
+        for (const auto& call : std::exchange(kept_, {}))
+            mock.reply(MockBusService::answer(call.get(), g_variant_new("(u)", nextId_++)));
+    }
     bool waitForClicks(const std::vector<std::string>& wanted) {
         return runUntil([&] { return clicks_ == wanted; });
     }
 
     const test::PrivateSessionBus bus_;
     std::uint32_t nextId_ = 7;
+    std::atomic<bool> keepsBack_ = false; ///< The service takes its time to show.
+    std::mutex mutex_;
+    std::vector<MockBusService::Reply> kept_;
     std::vector<std::string> clicks_;
     test::TempFolder temp_;
     std::optional<DesktopNotifier> notifier_{temp_ / "confined"};
@@ -82,6 +103,39 @@ TEST_F(DesktopNotifierTest, ShowsPlainTextAndHearsOfItsOwnClicksAlone) {
     waitForCall(service, notify + "'Hoa', ''" + end);
     emit("ActionInvoked", "(uint32 9, 'default')");
     EXPECT_TRUE(waitForClicks({"b token", "a", "c"}));
+}
+
+TEST_F(DesktopNotifierTest, LeavesNothingBehindThatWasWithdrawnReplacedOrDismissedWhileBeingShown) {
+    keepsBack_ = true;
+    const auto service = mock(name);
+    const std::string close = name + ".CloseNotification";
+    const auto emit = [&](const char* signal, const std::string& arguments) {
+        service.emit(path, name + "." + signal, arguments.c_str());
+    };
+    show({"a", "Mai", ""});
+    waitForKept(1);
+    notifier_->withdraw("a");
+    answerKept(service);
+    waitForCall(service, close + "(7,)");
+
+    show({"b", "Lan", "một"});
+    waitForKept(1);
+    show({"b", "Lan", "hai"});
+    waitForKept(2);
+    answerKept(service);
+    waitForCall(service, close + "(8,)");
+    emit("ActionInvoked", "(uint32 9, 'default')");
+    EXPECT_TRUE(waitForClicks({"b"}));
+
+    show({"b", "Lan", "ba"});
+    waitForKept(1);
+    emit("NotificationClosed", "(uint32 9, uint32 2)");
+    answerKept(service);
+    // Tells of the answer's arrival: the two come in order.
+    emit("ActionInvoked", "(uint32 10, 'default')");
+    EXPECT_TRUE(waitForClicks({"b", "b"}));
+    notifier_->withdraw("b");
+    waitForCall(service, close + "(10,)");
 }
 
 TEST_F(DesktopNotifierTest, GoesThroughThePortalFromWithinAConfinedPackage) {
