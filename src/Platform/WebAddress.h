@@ -12,4 +12,8 @@ bool isOpenableAddress(const std::string& address);
 /// told apart (RFC 6454); empty for anything else.
 std::string originOf(const std::string& address);
 
+/// The host of an http or https address in lower case, followed by its port where that is not the
+/// scheme's own: as it stands in an address that a browser has written. Empty for anything else.
+std::string hostOf(const std::string& address);
+
 } // namespace tessaro

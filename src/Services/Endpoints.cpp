@@ -33,14 +33,10 @@ Endpoints Endpoints::fromSettings(const SettingsStore& settings) {
     };
 }
 
-std::string Endpoints::inboxHost() const {
-    const GUriPtr uri(g_uri_parse(inboxOrigin.c_str(), G_URI_FLAGS_NONE, nullptr));
-    if (!uri || !g_uri_get_host(uri.get()))
-        return {};
-    auto host = takeString(g_ascii_strdown(g_uri_get_host(uri.get()), -1));
-    if (const int port = g_uri_get_port(uri.get()); port > 0)
-        host += ":" + std::to_string(port);
-    return host;
+bool Endpoints::namesInboxHost(const std::string& address) const {
+    const std::string host = inboxHost();
+    const std::string lowered = takeString(g_ascii_strdown(address.c_str(), -1));
+    return !host.empty() && lowered.find(host) != std::string::npos;
 }
 
 bool Endpoints::isInboxSite(const std::string& address) const {

@@ -23,8 +23,10 @@ struct Endpoints {
 
     /// The address before every Graph request path, version segment included.
     std::string graphBaseUrl() const { return graphApiOrigin + "/v25.0"; }
-    /// The host name of the inbox site in lower case, with its port where it has one.
-    std::string inboxHost() const;
+    /// The host of the inbox site as hostOf(); empty when its origin is no web address.
+    std::string inboxHost() const { return hostOf(inboxOrigin); }
+    /// Whether the inbox site's host stands anywhere in the address, in upper or lower case.
+    bool namesInboxHost(const std::string& address) const;
     /// Whether the address is of the inbox site: same scheme, host and port.
     bool isInboxSite(const std::string& address) const;
 };

@@ -19,6 +19,13 @@ constexpr Clock::Delay hiderDelays[] = {
     Clock::Delay(500), Clock::Delay(1500), Clock::Delay(3000), Clock::Delay(6000),
     Clock::Delay(10000)};
 
+/// Whether a page may have the program load this, which it does on its own authority: local files
+/// and scripts, which the engine keeps from a page that asks in another way, stay out of reach.
+bool mayOpen(const std::string& address) {
+    return isOpenableAddress(address) || address == "about:blank" || address.starts_with("blob:") ||
+           address.starts_with("data:");
+}
+
 } // namespace
 
 Coordinator::Coordinator(PageInboxWebView parent) : parent_(std::move(parent)) {}
@@ -33,6 +40,11 @@ void Coordinator::attach(const std::shared_ptr<WebView>& webView) {
     webView->setDelegate(this);
     mainWebView_ = webView;
     siteNotifications_.emplace(parent_.context, webView);
+    themeChanged_ = parent_.context.theme.observe([this] {
+        // The accent, of which it also tells, is none of the page's concern.
+        if (std::exchange(wasDark_, isDarkMode()) != isDarkMode())
+            handleThemeChanged();
+    });
 }
 
 void Coordinator::setupNotifications() {
@@ -110,9 +122,7 @@ void Coordinator::didStartProvisionalNavigation(WebView&) {
 
 void Coordinator::didFinishNavigation(WebView& webView) {
     setLoadingNextTurn(false);
-    std::string address = webView.address();
-    std::transform(address.begin(), address.end(), address.begin(), g_ascii_tolower);
-    if (address.find(parent_.context.endpoints.inboxHost()) != std::string::npos)
+    if (parent_.context.endpoints.namesInboxHost(webView.address()))
         injectTopBarHider(mainWebView_.lock());
 }
 
@@ -126,9 +136,7 @@ void Coordinator::didChangeTitle(WebView& webView) {
 }
 
 void Coordinator::createWebView(WebView& webView, const std::string& address) {
-    // Loaded on the program's own authority: local files and scripts, which the engine keeps from a
-    // page that asks in another way, must stay out of reach here as well.
-    if (isOpenableAddress(address))
+    if (mayOpen(address))
         webView.load(address);
 }
 

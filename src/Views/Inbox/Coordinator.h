@@ -73,6 +73,8 @@ private:
     std::optional<SiteNotifications> siteNotifications_;
     sigc::signal<void()> processTerminated_;
     std::vector<ScopedConnection> commands_;
+    bool wasDark_ = isDarkMode(); ///< When the theme was last told of.
+    ScopedConnection themeChanged_;
 };
 
 } // namespace tessaro

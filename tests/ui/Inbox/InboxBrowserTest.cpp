@@ -53,12 +53,23 @@ TEST(InboxBrowser, OpensNewWindowsInTheSameViewButNothingThatThePageMayNotReach)
     EXPECT_EQ(browser.ask("document.title"), "inbox");
     EXPECT_EQ(browser.startedLoads, 1);
 
-    clickLink("/elsewhere");
+    clickLink("/elsewhere?%E1%");
     ASSERT_TRUE(browser.waitForLoads(2));
     EXPECT_EQ(browser.ask("document.title"), "elsewhere");
-    browser.ask("window.open('" + world.otherServer.origin() + "/elsewhere')");
+    // Such as a picture that the page has put together, or a document.
+    browser.ask("window.open(URL.createObjectURL(new Blob(['<title>blob</title>'], {type: "
+                "'text/html'})))");
     ASSERT_TRUE(browser.waitForLoads(3));
+    EXPECT_EQ(browser.ask("document.title"), "blob");
+    clickLink("data:text/html,<title>data</title>");
+    ASSERT_TRUE(browser.waitForLoads(4));
+    EXPECT_EQ(browser.ask("document.title"), "data");
+    browser.ask("window.open('" + world.otherServer.origin() + "/elsewhere')");
+    ASSERT_TRUE(browser.waitForLoads(5));
     EXPECT_EQ(browser.ask("location.origin"), world.otherServer.origin());
+    clickLink("about:blank");
+    ASSERT_TRUE(browser.waitForLoads(6));
+    EXPECT_EQ(browser.ask("location.href"), "about:blank");
 }
 
 TEST(InboxBrowser, AsksThePagesQuestionsInAlertsOfTheProgram) {
