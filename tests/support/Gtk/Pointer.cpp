@@ -32,10 +32,13 @@ Gdk::Rectangle placeOnDisplay(Gtk::Widget& widget) {
 }
 
 void Pointer::click(Gtk::Widget& widget) {
+    click(widget, widget.get_width() / 2, widget.get_height() / 2);
+}
+
+void Pointer::click(Gtk::Widget& widget, double x, double y) {
     const auto place = placeOnDisplay(widget);
     XTestFakeMotionEvent(
-        display(), -1, place.get_x() + place.get_width() / 2,
-        place.get_y() + place.get_height() / 2, CurrentTime);
+        display(), -1, place.get_x() + int(x), place.get_y() + int(y), CurrentTime);
     XTestFakeButtonEvent(display(), 1, True, CurrentTime);
     XTestFakeButtonEvent(display(), 1, False, CurrentTime);
     XSync(display(), False);

@@ -12,6 +12,8 @@ class Pointer {
 public:
     /// Presses and releases the first button in the middle of the widget.
     static void click(Gtk::Widget& widget);
+    /// The same at a point of the widget.
+    static void click(Gtk::Widget& widget, double x, double y);
 };
 
 } // namespace tessaro::test

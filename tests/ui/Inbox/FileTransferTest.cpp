@@ -2,6 +2,8 @@
 
 #include "Platform/FileStore.h"
 #include "Views/Inbox/DownloadBar.h"
+#include "support/Gtk/Keyboard.h"
+#include "support/Gtk/Pointer.h"
 #include "support/Gtk/Widgets.h"
 #include "support/ScopedEnvironment.h"
 
@@ -125,6 +127,32 @@ TEST_F(FileTransfer, SaysWhyADownloadFailedUntilThatIsDismissed) {
     press(bar, "Đóng");
     press(bar, "Đóng");
     EXPECT_FALSE(bar.get_visible());
+}
+
+TEST_F(FileTransfer, AttachesTheFileThatThePersonChoosesInADialog) {
+    const fs::path chosen = home / "bao-gia.txt";
+    std::ofstream(chosen) << "hoa hồng 20.000";
+    ASSERT_TRUE(browser.waitForConversations());
+    browser.window.present();
+    ASSERT_TRUE(runUntil([&] { return browser.window.is_active(); }));
+    clickOn(browser.webView(), ".attach");
+    const auto isChoosing = [] {
+        for (auto* each : Gtk::Window::list_toplevels())
+            if (GTK_IS_FILE_CHOOSER(each->gobj()))
+                return each->is_active();
+        return false;
+    };
+    ASSERT_TRUE(runUntil(isChoosing));
+    gdk_clipboard_set_text(gdk_display_get_clipboard(gdk_display_get_default()), chosen.c_str());
+    Keyboard::press(GDK_KEY_l, GDK_KEY_Control_L); // To where a name can be written.
+    Keyboard::press(GDK_KEY_v, GDK_KEY_Control_L);
+    Keyboard::press(GDK_KEY_Return);
+    ASSERT_TRUE(browser.waitUntil(
+        "document.querySelector('.messages li:last-child').innerText.includes('bao-gia.txt')"));
+    browser.ask("fetch('/latest/inbox/files/bao-gia.txt').then(answer => answer.text())"
+                ".then(text => window.arrived = text)");
+    EXPECT_TRUE(browser.waitUntil("window.arrived === 'hoa hồng 20.000'"));
+    EXPECT_FALSE(isChoosing());
 }
 
 TEST_F(FileTransfer, EndsADownloadThatIsCancelled) {

@@ -1,5 +1,7 @@
 #include "ui/Inbox/InboxWorld.h"
 
+#include "support/Gtk/Pointer.h"
+
 #include <gtest/gtest.h>
 #include <webkit/webkit.h>
 
@@ -83,6 +85,13 @@ std::string ask(WebView& webView, const std::string& expression) {
 
 bool waitUntil(WebView& webView, const std::string& expression) {
     return runUntil([&] { return ask(webView, expression) == "true"; });
+}
+
+void clickOn(WebView& webView, const std::string& selector) {
+    const std::string box = "document.querySelector('" + selector + "').getBoundingClientRect()";
+    Pointer::click(
+        webView.widget(), std::stod(ask(webView, box + ".x + " + box + ".width / 2")),
+        std::stod(ask(webView, box + ".y + " + box + ".height / 2")));
 }
 
 bool InboxBrowser::waitForConversations() {

@@ -87,4 +87,7 @@ private:
     ScopedConnection loadingChanged_;
 };
 
+/// Clicks with the pointer on the element that the selector finds in the page.
+void clickOn(WebView& webView, const std::string& selector);
+
 } // namespace tessaro::test

@@ -6,6 +6,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <webkit/webkit.h>
 
 #include <filesystem>
 
@@ -69,12 +70,37 @@ TEST(WebContent, ReachesNoLocalFileAndNoOtherProgram) {
 TEST(WebContent, GetsNoCameraMicrophoneOrLocation) {
     InboxWorld world;
     InboxBrowser browser(world);
-    browser.ask("((navigator.mediaDevices ? navigator.mediaDevices.getUserMedia({audio: true, "
-                "video: true}) : Promise.reject()).then(() => window.media = 'yes', "
-                "() => window.media = 'no'), "
-                "navigator.geolocation.getCurrentPosition(() => window.place = 'yes', "
-                "() => window.place = 'no'))");
-    EXPECT_TRUE(browser.waitUntil("window.media === 'no' && window.place === 'no'"));
+    auto* const view = WEBKIT_WEB_VIEW(browser.webView().widget().gobj());
+    // Devices that exist on every computer.
+    webkit_settings_set_enable_mock_capture_devices(webkit_web_view_get_settings(view), TRUE);
+    auto* const places =
+        webkit_web_context_get_geolocation_manager(webkit_web_view_get_context(view));
+    const auto started = connectSignal<gboolean(WebKitGeolocationManager*)>(
+        places, "start", [](WebKitGeolocationManager* manager) -> gboolean {
+            webkit_geolocation_manager_update_position(
+                manager, webkit_geolocation_position_new(10.8, 106.7, 1));
+            return TRUE;
+        });
+    const auto answers = [&] {
+        browser.ask("(window.answers = {}, ['audio', 'video'].forEach(device => "
+                    "navigator.mediaDevices.getUserMedia({[device]: true}).then("
+                    "() => answers[device] = 'granted', error => answers[device] = error.name)), "
+                    "navigator.geolocation.getCurrentPosition(() => answers.place = 'granted', "
+                    "error => answers.place = error.message))");
+        EXPECT_TRUE(browser.waitUntil("Object.keys(answers).length === 3"));
+        return browser.ask("['audio', 'video', 'place'].map(each => answers[each])");
+    };
+    constexpr const char* refused = "NotAllowedError,NotAllowedError,User denied Geolocation";
+    EXPECT_EQ(answers(), refused);
+    // It is for want of permission that nothing comes of it.
+    const auto permitted = connectSignal<gboolean(WebKitWebView*, WebKitPermissionRequest*)>(
+        view, "permission-request",
+        [](WebKitWebView*, WebKitPermissionRequest* request) -> gboolean {
+            webkit_permission_request_allow(request);
+            return TRUE;
+        });
+    ASSERT_TRUE(browser.follow("/elsewhere")); // A page does not ask again for the place.
+    EXPECT_EQ(answers(), "granted,granted,granted");
 }
 
 TEST(WebContent, DoesNotSurviveItsBrowser) {
