@@ -2,7 +2,9 @@
 
 #include "Engine/WebKit/WebKitEngine.h"
 
+#include "Platform/FileStore.h"
 #include "Platform/Gtk/GtkDesktop.h"
+#include "Platform/Paths.h"
 #include "Services/NotificationService.h"
 #include "Views/Shell/ContentView.h"
 #include "Views/Shell/GtkModals.h"
@@ -10,6 +12,7 @@
 #include "Views/Shell/Resources.h"
 #include "Views/Shell/UpdateCheck.h"
 #include "Views/Theme/ThemeStyle.h"
+#include "Views/Widgets/Accessible.h"
 
 #include <adwaita.h>
 #include <glibmm/miscutils.h>
@@ -17,8 +20,42 @@
 namespace tessaro {
 
 namespace {
+
 constexpr auto flushLimit = std::chrono::seconds(1);
-}
+constexpr auto keyringLimit = std::chrono::seconds(5);
+
+/// How long a program that is just ending may still have the data.
+constexpr auto lockPatience = std::chrono::seconds(2);
+
+constexpr const char* refusal =
+    "Tessaro đang chạy trong một phiên làm việc khác trên cùng dữ liệu. "
+    "Hãy đóng cửa sổ đó rồi mở lại.";
+
+} // namespace
+
+/// The toolkit's application. Only the one process that serves its desktop session starts up here;
+/// any other has handed its start over by then.
+class TessaroApp::Instance final : public Gtk::Application {
+public:
+    explicit Instance(TessaroApp& owner) : Gtk::Application(applicationId), owner_(owner) {}
+
+protected:
+    void on_startup() override {
+        owner_.lockData();
+        Gtk::Application::on_startup();
+        adw_init();
+        registerResources();
+    }
+    void on_activate() override {
+        if (owner_.dataLock_)
+            owner_.presentWindow();
+        else
+            owner_.presentRefusal();
+    }
+
+private:
+    TessaroApp& owner_;
+};
 
 /// The window, and what its screens are drawn and driven with.
 struct TessaroApp::Scene {
@@ -66,11 +103,8 @@ struct TessaroApp::Scene {
 };
 
 TessaroApp::TessaroApp()
-    : themeManager_(ThemeManager::shared()),
-      engine_(std::make_unique<WebKitEngine>()),
-      application_(Gtk::Application::create(applicationId)),
-      started_(application_->signal_startup().connect([this] { startToolkit(); })),
-      activated_(application_->signal_activate().connect([this] { presentWindow(); })) {
+    : engine_(std::make_unique<WebKitEngine>()),
+      application_(Glib::make_refptr_for_instance(new Instance(*this))) {
     Glib::set_application_name("Tessaro");
     // What X11 and Wayland tell the task switcher, which finds the desktop entry by it.
     Glib::set_prgname(applicationId);
@@ -80,24 +114,41 @@ TessaroApp::~TessaroApp() = default;
 
 int TessaroApp::run(int argc, char** argv) {
     const int exitCode = application_->run(argc, argv);
+    if (refusal_)
+        return 1;
     if (scene_) {
         scene_.reset();
         AppLogger::shared().flush(flushLimit);
+        // The keyring is no part of the data, and the next start need not wait for it.
+        dataLock_.reset();
+        DataStore::shared().finishDeletions(keyringLimit);
     }
     return exitCode;
 }
 
-void TessaroApp::startToolkit() {
-    adw_init();
-    registerResources();
+void TessaroApp::lockData() {
+    dataLock_ = lockFolder(paths::dataFolder(), lockPatience);
 }
 
 void TessaroApp::presentWindow() {
     if (!scene_) {
-        scene_ = std::make_unique<Scene>(application_, themeManager_, *engine_);
+        scene_ = std::make_unique<Scene>(application_, ThemeManager::shared(), *engine_);
         scene_->window.signal_hide().connect([this] { application_->quit(); });
     }
     scene_->window.present();
+}
+
+void TessaroApp::presentRefusal() {
+    if (!refusal_) {
+        refusal_ = std::make_unique<Gtk::MessageDialog>(
+            refusal, false, Gtk::MessageType::ERROR, Gtk::ButtonsType::NONE);
+        refusal_->set_title("Tessaro");
+        refusal_->add_button("OK", Gtk::ResponseType::OK);
+        accessible::nameButtonsByLabel(GTK_WIDGET(refusal_->gobj()));
+        refusal_->signal_response().connect([this](int) { application_->quit(); });
+        application_->add_window(*refusal_);
+    }
+    refusal_->present();
 }
 
 } // namespace tessaro

@@ -2,16 +2,16 @@
 
 #include "Engine/Engine.h"
 
-#include "Views/Theme/ThemeManager.h"
-
 #include <gtkmm/application.h>
+#include <gtkmm/messagedialog.h>
 
 #include <memory>
 
 namespace tessaro {
 
 /// The application: makes every service, opens the one window and runs the main loop. One process
-/// serves a desktop session; a second start brings the first one's window to the front.
+/// serves a desktop session; a second start brings the first one's window to the front. One process
+/// uses a data folder; a second one, of another session, says so and touches nothing.
 class TessaroApp {
 public:
     static constexpr const char* applicationId = "com.vandel.Tessaro";
@@ -19,21 +19,22 @@ public:
     TessaroApp();
     ~TessaroApp();
 
-    /// Returns the exit code once the window was closed.
+    /// Returns the exit code once the window was closed; 1 when another session has the data.
     int run(int argc, char** argv);
 
 private:
+    class Instance;
     struct Scene;
 
-    void startToolkit();
+    void lockData();
     void presentWindow();
+    void presentRefusal();
 
-    ThemeManager& themeManager_;
     const std::unique_ptr<Engine> engine_; ///< Outlives the scene: it keeps the sessions.
     Glib::RefPtr<Gtk::Application> application_;
-    std::unique_ptr<Scene> scene_; ///< In the process that owns the window, once it was opened.
-    ScopedConnection started_;
-    ScopedConnection activated_;
+    std::shared_ptr<void> dataLock_; ///< Null when another process has the data.
+    std::unique_ptr<Scene> scene_;   ///< In the process that owns the window, once it was opened.
+    std::unique_ptr<Gtk::MessageDialog> refusal_;
 };
 
 } // namespace tessaro

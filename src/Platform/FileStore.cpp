@@ -3,6 +3,7 @@
 #include "Platform/GHandle.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <thread>
 
 namespace tessaro {
 
@@ -60,6 +62,8 @@ public:
         }
         return true;
     }
+    /// Takes the lock of the open file, which ends with it. Fails with errno at once.
+    bool lock() const { return ::flock(number_, LOCK_EX | LOCK_NB) == 0; }
     bool setMode(mode_t mode) const { return ::fchmod(number_, mode) == 0; }
     /// Waits until the disk has everything.
     bool sync() const {
@@ -118,7 +122,8 @@ std::optional<std::string> readFile(const std::filesystem::path& file) {
     return std::string(bytes, size);
 }
 
-Result<void> replaceFile(const std::filesystem::path& file, std::string_view bytes) {
+Result<void>
+replaceFile(const std::filesystem::path& file, std::string_view bytes, Durability durability) {
     const auto folder = file.parent_path();
     std::string temporary;
     const Descriptor written(uninterrupted([&] {
@@ -127,12 +132,15 @@ Result<void> replaceFile(const std::filesystem::path& file, std::string_view byt
     }));
     if (!written)
         return systemFailure();
-    if (!written.setMode(ownerFile) || !written.writeAll(bytes) || !written.sync() ||
+    const bool waits = durability == Durability::powerCut;
+    if (!written.setMode(ownerFile) || !written.writeAll(bytes) || (waits && !written.sync()) ||
         ::rename(temporary.c_str(), file.c_str()) != 0) {
         const auto reason = systemFailure();
         ::unlink(temporary.c_str());
         return reason;
     }
+    if (!waits)
+        return {};
     // The new name itself must reach the disk too.
     const Descriptor opened(
         uninterrupted([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
@@ -153,6 +161,22 @@ Result<void> setAside(const std::filesystem::path& file, TimePoint time) {
     if (::rename(file.c_str(), name.c_str()) != 0 && errno != ENOENT)
         return systemFailure();
     return {};
+}
+
+std::shared_ptr<void>
+lockFolder(const std::filesystem::path& folder, std::chrono::milliseconds patience) {
+    constexpr std::chrono::milliseconds pause(20);
+    ensureFolder(folder);
+    const auto file = folder / ".lock";
+    const auto lock = std::make_shared<Descriptor>(uninterrupted(
+        [&] { return ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, ownerFile); }));
+    while (*lock && !lock->lock() && errno == EWOULDBLOCK) {
+        if (patience <= pause)
+            return nullptr;
+        patience -= pause;
+        std::this_thread::sleep_for(pause);
+    }
+    return lock;
 }
 
 void makePrivate(const std::filesystem::path& folder) {

@@ -31,19 +31,7 @@ std::string formatLocalTime(Clock::TimePoint time, const char* pattern) {
 } // namespace
 
 AppLogger::AppLogger(std::filesystem::path folder, const DeviceIdentity& device, const Clock& clock)
-    : folder_(std::move(folder)),
-      device_(device),
-      clock_(clock),
-      writer_(&AppLogger::writeQueuedLines, this) {}
-
-AppLogger::~AppLogger() {
-    {
-        const std::lock_guard lock(mutex_);
-        stopping_ = true;
-    }
-    wake_.notify_one();
-    writer_.join();
-}
+    : folder_(std::move(folder)), device_(device), clock_(clock) {}
 
 AppLogger& AppLogger::shared() {
     static AppLogger logger(
@@ -52,25 +40,22 @@ AppLogger& AppLogger::shared() {
 }
 
 void AppLogger::log(const std::string& message, const std::string& level) {
-    {
-        const std::lock_guard lock(mutex_);
-        if (queued_.size() > queueLimit)
-            return;
-        if (queued_.empty() || queued_.back().size() > blockSize)
-            queued_.emplace_back();
-        auto& block = queued_.back();
-        const auto sizeBefore = block.size();
-        const auto now = clock_.now();
-        const auto second = std::chrono::floor<std::chrono::seconds>(now);
-        if (second != stampedSecond_ || stamp_.empty()) {
-            stampedSecond_ = second;
-            stamp_ = formatLocalTime(now, "%Y-%m-%d %H:%M:%S");
-        }
-        block.append("[").append(stamp_).append("] [").append(level).append("] ");
-        block.append(message).append("\n");
-        bytesQueued_ += block.size() - sizeBefore;
+    const std::lock_guard lock(mutex_);
+    if (queued_.size() > queueLimit)
+        return;
+    if (queued_.empty() || queued_.back().size() > blockSize) {
+        queued_.emplace_back();
+        writer_.post([this] { writeNextBlock(); });
     }
-    wake_.notify_one();
+    const auto now = clock_.now();
+    const auto second = std::chrono::floor<std::chrono::seconds>(now);
+    if (second != stampedSecond_ || stamp_.empty()) {
+        stampedSecond_ = second;
+        stamp_ = formatLocalTime(now, "%Y-%m-%d %H:%M:%S");
+    }
+    auto& block = queued_.back();
+    block.append("[").append(stamp_).append("] [").append(level).append("] ");
+    block.append(message).append("\n");
 }
 
 std::filesystem::path AppLogger::currentLogURL() const {
@@ -90,26 +75,12 @@ std::string AppLogger::readCurrentLog() const {
     return *text;
 }
 
-void AppLogger::flush(std::chrono::milliseconds limit) {
+void AppLogger::writeNextBlock() {
     std::unique_lock lock(mutex_);
-    const auto queuedSoFar = bytesQueued_;
-    written_.wait_for(lock, limit, [&] { return bytesWritten_ >= queuedSoFar; });
-}
-
-void AppLogger::writeQueuedLines() {
-    std::unique_lock lock(mutex_);
-    for (;;) {
-        wake_.wait(lock, [this] { return stopping_ || !queued_.empty(); });
-        if (stopping_)
-            return;
-        const auto block = std::move(queued_.front());
-        queued_.pop_front();
-        lock.unlock();
-        append(block);
-        lock.lock();
-        bytesWritten_ += block.size();
-        written_.notify_all();
-    }
+    const auto block = std::move(queued_.front());
+    queued_.pop_front();
+    lock.unlock();
+    append(block);
 }
 
 void AppLogger::append(const std::string& block) const {

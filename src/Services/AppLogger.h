@@ -1,32 +1,27 @@
 #pragma once
 
 #include "Platform/Clock.h"
+#include "Platform/WorkQueue.h"
 #include "Services/DeviceIdentity.h"
 
 #include <chrono>
-#include <condition_variable>
-#include <cstdint>
 #include <deque>
 #include <filesystem>
 #include <mutex>
 #include <string>
-#include <thread>
 
 namespace tessaro {
 
 /// Writes diagnostic lines to one text file a day. A caller on any thread only formats its line and
 /// puts it in the queue "com.vandel.AppLogger", which one thread writes out; a line that cannot be
-/// written is lost without a word. Messages never hold a token or a password.
+/// written is lost without a word, and so are lines that are still queued when this object goes:
+/// flush() first. Messages never hold a token or a password.
 class AppLogger {
 public:
     /// @param folder     where the daily files lie; made when needed
     /// @param device     begins each file's name
     /// @param clock      time stamps and the day; read on any thread
     AppLogger(std::filesystem::path folder, const DeviceIdentity& device, const Clock& clock);
-    /// Lines that are still queued are lost: flush() first.
-    ~AppLogger();
-    AppLogger(const AppLogger&) = delete;
-    AppLogger& operator=(const AppLogger&) = delete;
 
     static AppLogger& shared();
 
@@ -41,26 +36,21 @@ public:
     std::string readCurrentLog() const;
 
     /// Waits until every line queued so far is written or lost, at most for `limit`.
-    void flush(std::chrono::milliseconds limit);
+    void flush(std::chrono::milliseconds limit) { writer_.finish(limit); }
 
 private:
-    void writeQueuedLines();
+    void writeNextBlock();
     void append(const std::string& block) const;
 
     const std::filesystem::path folder_;
     const DeviceIdentity& device_;
     const Clock& clock_;
 
-    std::mutex mutex_; ///< Guards everything below but the thread.
-    std::condition_variable wake_;
-    std::condition_variable written_;
+    std::mutex mutex_;                         ///< Guards everything below but the writer.
     std::deque<std::string> queued_;           ///< Blocks of whole lines, each with its line feed.
-    std::uint64_t bytesQueued_ = 0;            ///< Since the start, written or not.
-    std::uint64_t bytesWritten_ = 0;           ///< Or lost.
     std::chrono::sys_seconds stampedSecond_{}; ///< The second that `stamp_` tells.
     std::string stamp_;
-    bool stopping_ = false;
-    std::thread writer_;
+    WorkQueue writer_; ///< One piece of work for each block.
 };
 
 } // namespace tessaro

@@ -80,19 +80,25 @@ void DataStore::deleteAccount(const AccountId& id) {
     accounts_.save(
         without(accounts_.load(), [&](const auto& account) { return account.id == id; }));
 
+    const auto pages = pages_.load();
     const auto belongs = [&](const auto& page) { return page.accountId == id; };
-    const auto& pages = pages_.load();
+    // A list that cannot be read now may be read later; there is nothing to take from it.
+    if (!pages.empty())
+        pages_.save(without(pages, belongs));
     for (const auto& page : pages)
         if (belongs(page))
-            keychain_.remove(tokenKey(page.id));
-    pages_.save(without(pages, belongs));
-    keychain_.remove("proxy_pass_" + id.text());
+            removeSecret(tokenKey(page.id));
+    removeSecret("proxy_pass_" + id.text());
 }
 
 void DataStore::deletePage(const PageConfigId& id) {
     const std::lock_guard lock(queue_);
     pages_.save(without(pages_.load(), [&](const auto& page) { return page.id == id; }));
-    keychain_.remove(tokenKey(id));
+    removeSecret(tokenKey(id));
+}
+
+void DataStore::removeSecret(const std::string& key) {
+    deletions_.post([this, key] { keychain_.remove(key); });
 }
 
 std::filesystem::path DataStore::localAvatarURL(const std::string& id) const {
@@ -101,7 +107,7 @@ std::filesystem::path DataStore::localAvatarURL(const std::string& id) const {
 }
 
 void DataStore::saveAvatarData(const std::string& id, std::string_view data) {
-    replaceFile(localAvatarURL(id), data);
+    replaceFile(localAvatarURL(id), data, Durability::crash);
     clock_.post(Clock::Delay::zero(), [&notifications = notifications_, id] {
         notifications.post(avatarDownloaded, {{"id", id}});
     });

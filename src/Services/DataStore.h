@@ -4,6 +4,7 @@
 #include "Models/PageConfig.h"
 #include "Platform/Clock.h"
 #include "Platform/NotificationCenter.h"
+#include "Platform/WorkQueue.h"
 #include "Services/KeychainService.h"
 #include "Services/RecordFile.h"
 
@@ -17,7 +18,8 @@ namespace tessaro {
 
 /// The one place where records touch the disk. List operations run one at a time while their
 /// caller waits; any thread. Nothing is reported: what cannot be read is an empty list, what cannot
-/// be written is kept in memory.
+/// be written is kept in memory. The keyring may take its time: its entries are deleted in the
+/// background, in order, once the lists are saved.
 class DataStore {
 public:
     /// Posted on the UI thread after a picture was written; its user info holds the avatar id
@@ -46,6 +48,8 @@ public:
     void deleteAccount(const AccountId& id);
     /// Removes one Page and its keyring entry.
     void deletePage(const PageConfigId& id);
+    /// Waits for the keyring to have deleted what it was asked to, at most for `limit`.
+    void finishDeletions(std::chrono::milliseconds limit) { deletions_.finish(limit); }
 
     /// Where the picture of that id lies or would lie: always a file directly in "avatars".
     std::filesystem::path localAvatarURL(const std::string& id) const;
@@ -53,6 +57,8 @@ public:
     void saveAvatarData(const std::string& id, std::string_view data);
 
 private:
+    void removeSecret(const std::string& key);
+
     const std::filesystem::path folder_;
     const std::filesystem::path avatars_;
     KeychainService& keychain_;
@@ -62,6 +68,7 @@ private:
     std::mutex queue_;
     RecordFile<Account> accounts_;
     RecordFile<PageConfig> pages_;
+    WorkQueue deletions_;
 };
 
 } // namespace tessaro

@@ -31,8 +31,10 @@ void PagesViewModel::fetchMissingPictures() {
         }
     }
     for (const PageConfig& page : *pages) {
-        std::error_code ignored;
-        if (std::filesystem::exists(store_.localAvatarURL(page.pageId.text), ignored))
+        // A power cut can leave an empty file.
+        std::error_code missing;
+        if (std::filesystem::file_size(store_.localAvatarURL(page.pageId.text), missing) > 0 &&
+            !missing)
             continue;
         fetchPicture(
             makeClient_(page.pageToken, owner), page.pageId,

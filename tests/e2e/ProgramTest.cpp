@@ -1,8 +1,10 @@
 #include "WalkTest.h"
 
 #include "support/MockBusService.h"
+#include "support/PrivateSessionBus.h"
 
 #include <algorithm>
+#include <csignal>
 
 using namespace tessaro;
 using namespace tessaro::demo;
@@ -31,6 +33,52 @@ TEST_F(TheProgram, ComesBackWhenItIsStartedAgain) {
     Program second(TESSARO_PROGRAM, home_ / "second.txt");
     EXPECT_TRUE(second.endsWell(std::chrono::seconds(20)));
     waitForFocus(true);
+    walk_.closeProgram();
+}
+
+TEST_F(TheProgram, LeavesDataAloneThatAProgramOfAnotherSessionUses) {
+    const std::string sentence = "Tessaro đang chạy trong một phiên làm việc khác trên cùng dữ "
+                                 "liệu. Hãy đóng cửa sổ đó rồi mở lại.";
+    const auto everyFile = [&] {
+        std::map<std::filesystem::path, std::filesystem::file_time_type> times;
+        for (const auto& folder : {data_, settings_.parent_path()})
+            for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+                times[entry.path()] = entry.last_write_time();
+        return times;
+    };
+    {
+        Program crashing(TESSARO_PROGRAM, home_ / "crashing.txt");
+        walk_.expect("the lock", [&] { return std::filesystem::exists(data_ / ".lock"); });
+        kill(crashing.processId(), SIGKILL);
+        EXPECT_FALSE(crashing.endsWell(std::chrono::seconds(20)));
+    }
+    startProgram(); // What a crash leaves behind locks nothing.
+    beginAccount(walk_, "Cửa hàng");
+    finishAccount(walk_);
+    const auto before = everyFile();
+    {
+        const std::string display = g_getenv("DISPLAY");
+        const test::PrivateSessionBus otherSession;
+        test::ScopedEnvironment environment;
+        environment.set("DISPLAY", display);
+        Program second(TESSARO_PROGRAM, home_ / "second.txt");
+        const auto find = [&](AtspiRole role, const std::string& name) {
+            const auto program = Node::ofProcess(second.processId());
+            return program ? program->find([&](const Node& node) {
+                return node.role() == role && node.name() == name;
+            })
+                           : std::nullopt;
+        };
+        walk_.expect("the sentence", [&] { return find(ATSPI_ROLE_LABEL, sentence).has_value(); });
+        walk_.expect("its button", [&] {
+            const auto button = find(ATSPI_ROLE_PUSH_BUTTON, "OK");
+            return button && button->press();
+        });
+        EXPECT_FALSE(second.endsWell(std::chrono::seconds(20)));
+        EXPECT_FALSE(second.isRunning()) << "it ended with a failure";
+    }
+    EXPECT_EQ(everyFile(), before);
+
     walk_.closeProgram();
 }
 

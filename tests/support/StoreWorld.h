@@ -5,6 +5,8 @@
 #include "support/ManualClock.h"
 #include "support/TempFolder.h"
 
+#include <future>
+
 namespace tessaro::test {
 
 /// Stands in for the user's keyring where a test only asks which entries are deleted.
@@ -13,11 +15,15 @@ public:
     explicit RecordingKeychain(AppLogger& logger) : KeychainService(nobody_, logger) {}
 
     bool remove(const std::string& key) override {
+        if (slowness.valid())
+            slowness.wait_for(std::chrono::seconds(1));
         removed.push_back(key);
         return true;
     }
 
     std::vector<std::string> removed; ///< The keys, in the order in which they were deleted.
+    /// When it is set, each deletion takes a second until this is ready.
+    std::shared_future<void> slowness;
 
 private:
     SecretStore nobody_; ///< Never called.

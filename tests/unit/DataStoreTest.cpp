@@ -63,10 +63,37 @@ TEST_F(DataStoreTest, DeletesAPageOrAnAccountWithItsPagesAndTheirKeyringEntries)
     auto later = world.newStore();
     EXPECT_THAT(later.loadAccounts(), ElementsAre(second));
     EXPECT_THAT(later.loadPages(), ElementsAre(d));
+    store.finishDeletions(std::chrono::seconds(30));
     EXPECT_THAT(
         world.keychain.removed, ElementsAre(
                                     "page_token_" + b.id.text(), "page_token_" + a.id.text(),
                                     "page_token_" + c.id.text(), "proxy_pass_" + first.id.text()));
+}
+
+TEST_F(DataStoreTest, SavesTheListsBeforeASlowKeyringHasDeletedItsEntries) {
+    std::promise<void> atLast;
+    world.keychain.slowness = atLast.get_future().share();
+    store.saveAccounts({first});
+    store.savePages(std::vector(20, a));
+    const auto begun = std::chrono::steady_clock::now();
+    store.deleteAccount(first.id);
+    EXPECT_THAT(world.newStore().loadAccounts(), IsEmpty());
+    EXPECT_THAT(world.newStore().loadPages(), IsEmpty());
+    store.finishDeletions(std::chrono::milliseconds(1));
+    EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(5));
+    atLast.set_value();
+    store.finishDeletions(std::chrono::seconds(30));
+    ASSERT_THAT(world.keychain.removed, SizeIs(21));
+    EXPECT_EQ(world.keychain.removed.back(), "proxy_pass_" + first.id.text());
+}
+
+TEST_F(DataStoreTest, LeavesPagesAloneThatCannotBeReadWhenAnAccountIsDeleted) {
+    std::filesystem::create_directories(world.records / "pages.json");
+    store.saveAccounts({first});
+    store.deleteAccount(first.id);
+    std::filesystem::remove(world.records / "pages.json");
+    put("pages.json", encodeList(std::vector{b}));
+    EXPECT_THAT(store.loadPages(), ElementsAre(b));
 }
 
 TEST_F(DataStoreTest, ReadsAMissingFileAgainButAReadOneNever) {

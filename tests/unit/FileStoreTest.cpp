@@ -73,6 +73,28 @@ TEST(FileStore, TheNextStartTakesFilesFromOthersAndSweepsOnlyItsOwnTemporaryOnes
     EXPECT_EQ(modeOf(elsewhere), perms::all);
 }
 
+TEST(FileStore, LocksAFolderForOneAtATimeAndForNobodyWhereThereAreNoLocks) {
+    using namespace std::chrono_literals;
+    const test::TempFolder folder;
+    auto first = lockFolder(folder / "data", 0ms);
+    EXPECT_TRUE(first);
+    EXPECT_FALSE(lockFolder(folder / "data", 0ms));
+    first.reset();
+    EXPECT_TRUE(lockFolder(folder / "data", 0ms)) << "the file alone locks nothing";
+    // One that is just ending lets go in time.
+    std::promise<void> locked;
+    std::thread ending([&] {
+        const auto held = lockFolder(folder / "data", 0ms);
+        locked.set_value();
+        std::this_thread::sleep_for(50ms);
+    });
+    locked.get_future().wait();
+    EXPECT_TRUE(lockFolder(folder / "data", 30s));
+    ending.join();
+    ASSERT_TRUE(replaceFile(folder / "file", ""));
+    EXPECT_TRUE(lockFolder(folder / "file", 0ms));
+}
+
 TEST(FileName, StaysInItsFolderAndTellsEveryTextApart) {
     const test::TempFolder folder;
     std::set<std::string> names;

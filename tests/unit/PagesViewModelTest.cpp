@@ -68,6 +68,7 @@ TEST_F(PagesViewModelTest, ShowsTheAccountsPagesAndKeepsASelectionThatIsStillThe
 
 TEST_F(PagesViewModelTest, FetchesOnlyThePicturesThatTheCacheLacks) {
     world.store.saveAvatarData("1", "kept");
+    world.store.saveAvatarData("3", "");
     int changes = 0;
     const ScopedConnection watching(model->changed.connect([&] { ++changes; }));
     show({a, c});
