@@ -1,6 +1,6 @@
 #include "TessaroApp.h"
 
-#include "Engine/WebKit/WebKitEngine.h"
+#include "Engine/EngineLoader.h"
 
 #include "Platform/FileStore.h"
 #include "Platform/Gtk/GtkDesktop.h"
@@ -59,7 +59,7 @@ private:
 
 /// The window, and what its screens are drawn and driven with.
 struct TessaroApp::Scene {
-    Scene(const Glib::RefPtr<Gtk::Application>& application, ThemeManager& theme, Engine& engine)
+    Scene(const Glib::RefPtr<Gtk::Application>& application, ThemeManager& theme)
         : themeStyle(theme),
           window(application, NotificationCenter::shared(), engine),
           modals(window),
@@ -93,6 +93,7 @@ struct TessaroApp::Scene {
 
     ThemeStyle themeStyle;
     GtkDesktop desktop;
+    EngineLoader engine{[] { return loadEngine(engineModule()); }};
     MainWindow window;
     GtkModals modals;
     ImageLoader images;
@@ -102,9 +103,7 @@ struct TessaroApp::Scene {
     ContentView content;
 };
 
-TessaroApp::TessaroApp()
-    : engine_(std::make_unique<WebKitEngine>()),
-      application_(Glib::make_refptr_for_instance(new Instance(*this))) {
+TessaroApp::TessaroApp() : application_(Glib::make_refptr_for_instance(new Instance(*this))) {
     Glib::set_application_name("Tessaro");
     // What X11 and Wayland tell the task switcher, which finds the desktop entry by it.
     Glib::set_prgname(applicationId);
@@ -132,7 +131,7 @@ void TessaroApp::lockData() {
 
 void TessaroApp::presentWindow() {
     if (!scene_) {
-        scene_ = std::make_unique<Scene>(application_, ThemeManager::shared(), *engine_);
+        scene_ = std::make_unique<Scene>(application_, ThemeManager::shared());
         scene_->window.signal_hide().connect([this] { application_->quit(); });
     }
     scene_->window.present();

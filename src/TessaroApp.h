@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Engine/Engine.h"
-
 #include <gtkmm/application.h>
 #include <gtkmm/messagedialog.h>
 
@@ -30,7 +28,6 @@ private:
     void presentWindow();
     void presentRefusal();
 
-    const std::unique_ptr<Engine> engine_; ///< Outlives the scene: it keeps the sessions.
     Glib::RefPtr<Gtk::Application> application_;
     std::shared_ptr<void> dataLock_; ///< Null when another process has the data.
     std::unique_ptr<Scene> scene_;   ///< In the process that owns the window, once it was opened.

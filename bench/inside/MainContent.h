@@ -4,6 +4,7 @@
 
 #include "Services/SupportClient.h"
 #include "Views/Shell/MainSplitView.h"
+#include "support/Gtk/RealEngine.h"
 #include "support/Gtk/TestScreen.h"
 
 #include <functional>
@@ -40,7 +41,7 @@ private:
     void storePictures(const std::vector<PageConfig>& pages);
 
     const Site site_;
-    test::TestScreen screen_;
+    test::TestScreen screen_{&test::realEngine()};
     SupportClient support_{screen_.settings, site_.origin(), screen_.device, screen_.logger, {}};
     std::optional<MainSplitView> view_;
     std::size_t selected_ = 0;

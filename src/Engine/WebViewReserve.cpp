@@ -5,7 +5,7 @@
 namespace tessaro {
 
 WebViewReserve::WebViewReserve(
-    Engine& engine, std::filesystem::path dataFolder, std::filesystem::path cacheFolder,
+    EngineLoader& engine, std::filesystem::path dataFolder, std::filesystem::path cacheFolder,
     Clock& clock, WebNotifications::PermittedOrigin permittedOrigin)
     : engine_(engine),
       dataFolder_(std::move(dataFolder)),
@@ -13,24 +13,40 @@ WebViewReserve::WebViewReserve(
       clock_(clock),
       permittedOrigin_(std::move(permittedOrigin)) {}
 
-WebSession& WebViewReserve::session() {
-    if (!session_)
-        session_ = &engine_.makeSession(dataFolder_, cacheFolder_);
-    return *session_;
+WebViewReserve::Browser WebViewReserve::make(Engine* engine) {
+    if (!engine)
+        return tl::unexpected(Lack::engine);
+    if (!engine->worksHere())
+        return tl::unexpected(Lack::sandbox);
+    if (!session_) {
+        session_ = &engine->makeSession(dataFolder_, cacheFolder_);
+        downloads_ = session_->observeDownloads(started_.make_slot());
+    }
+    return session_->makeView(clock_, permittedOrigin_);
 }
 
 void WebViewReserve::prepare() {
-    if (ready_ || !engine_.worksHere())
-        return;
-    ready_ = session().makeView(clock_, permittedOrigin_);
-    // The engine puts its process off until there is something to do, and any script will do.
-    ready_->evaluateScript("");
+    preparing_ = engine_.whenLoaded([this](Engine* engine) {
+        if (ready_)
+            return;
+        if (const auto browser = make(engine)) {
+            ready_ = *browser;
+            // The engine puts its process off until there is something to do, and any script will
+            // do.
+            ready_->evaluateScript("");
+        }
+    });
 }
 
-std::shared_ptr<WebView> WebViewReserve::take() {
-    if (!ready_ && engine_.worksHere())
-        ready_ = session().makeView(clock_, permittedOrigin_);
-    return std::exchange(ready_, nullptr);
+void WebViewReserve::drop() {
+    preparing_.disconnect();
+    ready_.reset();
+}
+
+ScopedConnection WebViewReserve::take(std::function<void(Browser)> taken) {
+    return engine_.whenLoaded([this, taken = std::move(taken)](Engine* engine) {
+        taken(ready_ ? Browser(std::exchange(ready_, nullptr)) : make(engine));
+    });
 }
 
 } // namespace tessaro

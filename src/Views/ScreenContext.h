@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Engine/Engine.h"
+#include "Engine/EngineLoader.h"
 
 #include "Platform/Clock.h"
 #include "Platform/Desktop.h"
@@ -23,7 +23,7 @@ struct ScreenContext {
     SettingsStore& settings;
     Clock& clock;
     Desktop& desktop;
-    Engine& engine;
+    EngineLoader& engine;
     Modals& modals;
     DataStore& store;
     const DeviceIdentity& device;

@@ -4,6 +4,7 @@
 #include "Views/Sheets/DialogPresenter.h"
 #include "Views/Shell/MainSplitView.h"
 #include "Views/Shell/Resources.h"
+#include "support/Gtk/RealEngine.h"
 #include "support/Gtk/TestScreen.h"
 
 #include <adwaita.h>
@@ -86,7 +87,7 @@ private:
         test::runPending(); // Dismissed sheets are dropped when the loop is idle.
     }
 
-    test::TestScreen screen_;
+    test::TestScreen screen_{&test::realEngine()};
     SupportClient support_{
         screen_.settings, "http://127.0.0.1:9", screen_.device, screen_.logger, {}};
     std::vector<Account> accounts_;

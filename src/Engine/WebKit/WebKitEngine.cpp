@@ -34,3 +34,9 @@ WebSession& WebKitEngine::makeSession(
 }
 
 } // namespace tessaro
+
+/// What the program looks for in the module.
+extern "C" __attribute__((visibility("default"))) tessaro::Engine* TESSARO_ENGINE_ENTRY() {
+    static tessaro::WebKitEngine engine;
+    return &engine;
+}

@@ -19,10 +19,6 @@ DownloadBar::DownloadBar(Desktop& desktop) : desktop_(desktop), list_(Gtk::Orien
 
 DownloadBar::~DownloadBar() = default;
 
-void DownloadBar::follow(WebSession& session) {
-    started_ = session.observeDownloads([this](auto download) { add(std::move(download)); });
-}
-
 void DownloadBar::add(std::shared_ptr<WebDownload> download) {
     // What has landed makes room for what comes; a failure stays until it was seen.
     std::erase_if(rows_, [this](const auto& row) {

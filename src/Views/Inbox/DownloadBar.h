@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Engine/WebSession.h"
+#include "Engine/WebDownload.h"
 
 #include "Platform/Desktop.h"
 #include "Views/Inbox/DownloadRow.h"
@@ -20,17 +20,14 @@ public:
     explicit DownloadBar(Desktop& desktop);
     ~DownloadBar() override;
 
-    /// Shows what is downloaded in that session from now on.
-    void follow(WebSession& session);
+    void add(std::shared_ptr<WebDownload> download);
 
 private:
-    void add(std::shared_ptr<WebDownload> download);
     void showOrHide();
 
     Desktop& desktop_;
     Gtk::Box list_;
     std::vector<std::unique_ptr<DownloadRow>> rows_;
-    ScopedConnection started_;
 };
 
 } // namespace tessaro

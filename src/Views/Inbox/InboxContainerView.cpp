@@ -7,6 +7,9 @@ namespace tessaro {
 
 namespace {
 
+constexpr const char* engineMissing =
+    "Không mở được hộp thư vì trình duyệt nhúng của Tessaro bị thiếu hoặc không khớp với phiên bản "
+    "này. Hãy cài đặt lại Tessaro rồi mở lại ứng dụng.";
 constexpr const char* sandboxForbidden =
     "Không mở được hộp thư vì hệ thống này không cho trình duyệt nhúng chạy trong vùng cách ly. "
     "Hãy cài bubblewrap và xdg-dbus-proxy, cho phép không gian tên người dùng (user namespaces), "
@@ -27,16 +30,16 @@ InboxContainerView::InboxContainerView(
     reloadButton_.set_halign(Gtk::Align::CENTER);
     reloadButton_.set_valign(Gtk::Align::CENTER);
     reloadButton_.signal_clicked().connect(sigc::mem_fun(*this, &InboxContainerView::loadAgain));
+    stack_.add(page_);
     stack_.add(reloadButton_);
-    sandboxNotice_.set_text(sandboxForbidden);
-    sandboxNotice_.set_wrap();
-    sandboxNotice_.set_width_chars(48);
-    sandboxNotice_.set_max_width_chars(56);
-    sandboxNotice_.set_halign(Gtk::Align::CENTER);
-    sandboxNotice_.set_margin(24);
-    sandboxNotice_.set_justify(Gtk::Justification::CENTER);
-    sandboxNotice_.set_css_classes({"points-13", "secondary-text"});
-    stack_.add(sandboxNotice_);
+    notice_.set_wrap();
+    notice_.set_width_chars(48);
+    notice_.set_max_width_chars(56);
+    notice_.set_halign(Gtk::Align::CENTER);
+    notice_.set_margin(24);
+    notice_.set_justify(Gtk::Justification::CENTER);
+    notice_.set_css_classes({"points-13", "secondary-text"});
+    stack_.add(notice_);
     add_overlay(veil_);
     loadingChanged_ = isLoading_->observe([this] { showLoading(); });
     findCommand_ =
@@ -53,16 +56,28 @@ void InboxContainerView::setPage(PageConfig pageConfig, std::optional<Account> a
 }
 
 void InboxContainerView::showBrowser() {
-    const PageInboxWebView host{context_, pageConfig_.pageId.text, isLoading_};
     if (browser_) {
-        host.updateView(*browser_, *coordinator_);
+        PageInboxWebView{context_, pageConfig_.pageId.text, isLoading_}.updateView(
+            *browser_, *coordinator_);
         return;
     }
-    auto webView = browsers_.take();
-    if (!webView) {
-        stack_.set_visible_child(sandboxNotice_);
-        return;
-    }
+    veil_.cover(nullptr); // The engine may still be on its way.
+    taking_ = browsers_.take([this](WebViewReserve::Browser browser) {
+        if (browser)
+            receive(std::move(*browser));
+        else
+            showLack(browser.error());
+    });
+}
+
+void InboxContainerView::showLack(WebViewReserve::Lack lack) {
+    notice_.set_text(lack == WebViewReserve::Lack::engine ? engineMissing : sandboxForbidden);
+    stack_.set_visible_child(notice_);
+    veil_.lift();
+}
+
+void InboxContainerView::receive(std::shared_ptr<WebView> webView) {
+    const PageInboxWebView host{context_, pageConfig_.pageId.text, isLoading_};
     coordinator_ = host.makeCoordinator();
     coordinator_->signalProcessTerminated().connect(
         [this] { stack_.set_visible_child(reloadButton_); });
@@ -70,7 +85,6 @@ void InboxContainerView::showBrowser() {
     findBar_ = std::make_unique<FindBar>(browser_->webView());
     page_.append(*findBar_);
     page_.append(*browser_);
-    stack_.add(page_);
     stack_.set_visible_child(page_);
 }
 
@@ -87,7 +101,7 @@ void InboxContainerView::showLoading() {
 
 void InboxContainerView::find() {
     // Not behind the veil, nor where something else stands in the page's place.
-    if (page_.get_mapped() && !isLoading_->get())
+    if (findBar_ && page_.get_mapped() && !isLoading_->get())
         findBar_->open();
 }
 

@@ -24,8 +24,8 @@ class ClippedWebViewContainer;
 class Coordinator;
 
 /// The column of the selected Page: its inbox in the browser, and above it a veil while it loads.
-/// Where the page crashed, a button to load it again is in its place; where the system forbids the
-/// browser's sandbox, a sentence.
+/// Where the page crashed, a button to load it again is in its place; where no browser can be had,
+/// a sentence.
 class InboxContainerView : public Gtk::Overlay {
 public:
     /// `context` and `browsers` outlive the view.
@@ -42,6 +42,8 @@ public:
 
 private:
     void showBrowser();
+    void receive(std::shared_ptr<WebView> webView);
+    void showLack(WebViewReserve::Lack lack);
     void showLoading();
     void loadAgain();
     void find();
@@ -55,7 +57,7 @@ private:
 
     Gtk::Stack stack_;
     Gtk::Button reloadButton_{"Tải lại trang"};
-    Gtk::Label sandboxNotice_;
+    Gtk::Label notice_;
     Gtk::Box page_{Gtk::Orientation::VERTICAL}; ///< The browser below the bar.
     LoadingVeil veil_;
     bool hasLoaded_ = false; ///< Whether there was a page before the one that loads.
@@ -63,6 +65,7 @@ private:
     std::unique_ptr<Coordinator> coordinator_;
     std::unique_ptr<ClippedWebViewContainer> browser_;
     std::unique_ptr<FindBar> findBar_;
+    ScopedConnection taking_; ///< While a browser is waited for.
     ScopedConnection loadingChanged_;
     ScopedConnection findCommand_;
 };

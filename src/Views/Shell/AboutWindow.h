@@ -1,20 +1,24 @@
 #pragma once
 
+#include "Engine/EngineLoader.h"
+
 #include "Views/Shell/InfoWindow.h"
 
 #include <gtkmm/box.h>
+#include <gtkmm/label.h>
 
 namespace tessaro {
 
 /// Says what the program is, in which version, on which engine, and where its data lie.
 class AboutWindow : public InfoWindow {
 public:
-    AboutWindow(Gtk::Window& parent, const std::string& engineName);
+    AboutWindow(Gtk::Window& parent, EngineLoader& engine);
 
 private:
-    void addLine(const Glib::ustring& text, const char* style);
+    Gtk::Label& addLine(const Glib::ustring& text, const char* style);
 
     Gtk::Box lines_;
+    ScopedConnection engineLoaded_;
 };
 
 } // namespace tessaro

@@ -32,6 +32,7 @@ MainSplitView::MainSplitView(
           context.engine, paths::webDataFolder(), paths::webCacheFolder(), context.clock,
           [&context] { return SiteNotifications::permittedOrigin(context); }) {
     layOut(logger, support);
+    browsers_.signalDownloadStarted().connect(sigc::mem_fun(downloads_, &DownloadBar::add));
     accountChanged_ = accountsVM_.selectedAccount.observe([this] { followAccount(); });
     pageChanged_ = pagesVM_.selectedPage.observe([this] { showDetail(); });
     pagesChanged_ = pagesVM_.pages.observe([this] { prepareBrowser(); });
@@ -64,6 +65,11 @@ void MainSplitView::on_map() {
     Gtk::Box::on_map();
     // The eye begins at the accounts, and so does the keyboard.
     accounts_.child_focus(Gtk::DirectionType::TAB_FORWARD);
+    firstFrame_ = connectSignal<void(GdkFrameClock*)>(
+        get_frame_clock()->gobj(), "after-paint", [this](GdkFrameClock*) {
+            context_.engine.load();
+            firstFrame_.disconnect();
+        });
 }
 
 void MainSplitView::followAccount() {
@@ -117,7 +123,6 @@ void MainSplitView::showDetail() {
     inbox_->set_hexpand();
     inbox_->set_size_request(600);
     detail_.prepend(*inbox_);
-    downloads_.follow(browsers_.session());
 }
 
 void MainSplitView::prepareBrowser() {

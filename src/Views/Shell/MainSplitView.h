@@ -59,6 +59,7 @@ private:
     ScopedConnection pageChanged_;
     ScopedConnection pagesChanged_;
     ScopedConnection browserTimer_;
+    ScopedConnection firstFrame_;
     ScopedConnection inboxRequested_;
 };
 

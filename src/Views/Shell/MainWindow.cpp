@@ -27,7 +27,7 @@ void bringUp(std::optional<Window>& window, Gtk::Window& parent, Arguments&&... 
 
 MainWindow::MainWindow(
     const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications,
-    const Engine& engine)
+    EngineLoader& engine)
     : Gtk::ApplicationWindow(application), notifications_(notifications), engine_(engine) {
     showUnread("");
     unreadChanged_ = notifications_.observe(unreadCountChanged, [this](const Notification& posted) {
@@ -124,7 +124,7 @@ void MainWindow::addConversationMenu() {
 
 void MainWindow::addPrimaryMenu() {
     add_action("shortcuts", [this] { bringUp(shortcuts_, *this); });
-    add_action("about", [this] { bringUp(about_, *this, engine_.name()); });
+    add_action("about", [this] { bringUp(about_, *this, engine_); });
     get_application()->set_accel_for_action("win.shortcuts", "<Control>question");
     const auto menu = Gio::Menu::create();
     menu->append("Phím tắt", "win.shortcuts");

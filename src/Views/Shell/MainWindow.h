@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Engine/Engine.h"
+#include "Engine/EngineLoader.h"
 
 #include "Platform/NotificationCenter.h"
 #include "Views/Shell/AboutWindow.h"
@@ -23,7 +23,7 @@ public:
     /// @param notifications  carries the commands; outlives this, as does `engine`
     MainWindow(
         const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications,
-        const Engine& engine);
+        EngineLoader& engine);
 
 private:
     void showUnread(const std::string& count);
@@ -35,7 +35,7 @@ private:
     void addPrimaryMenu();
 
     NotificationCenter& notifications_;
-    const Engine& engine_;
+    EngineLoader& engine_;
     Gtk::HeaderBar header_;
     Gtk::MenuButton conversationMenu_;
     Gtk::MenuButton primaryMenu_;

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "Engine/WebKit/WebKitEngine.h"
-
 #include "Views/ScreenContext.h"
 #include "support/Gtk/FakeAppearance.h"
+#include "support/Gtk/FakeEngine.h"
 #include "support/StoreWorld.h"
 
 #include <string>
@@ -47,15 +46,15 @@ public:
     std::vector<std::string> copied;
 };
 
-/// The engine of all tests of the process, which keeps the sessions of views that scripts still
-/// hold.
-inline Engine& engine() {
-    static WebKitEngine shared;
-    return shared;
-}
-
 /// Everything that a screen is made with, in folders of its own.
 struct ScreenWorld : StoreWorld {
+    /// @param itsEngine  null for one of its own
+    explicit ScreenWorld(EngineLoader* itsEngine = nullptr)
+        : engine(itsEngine ? *itsEngine : fakeLoader) {}
+
+    FakeEngine fakeEngine;
+    EngineLoader fakeLoader{fakeEngine};
+    EngineLoader& engine;
     FakeAppearance appearance;
     ThemeManager theme{settings, appearance, notifications, clock};
     RecordingModals modals;
@@ -66,7 +65,7 @@ struct ScreenWorld : StoreWorld {
 
     /// The same with another clock.
     ScreenContext contextOn(Clock& itsClock) {
-        return {theme,  notifications, settings, itsClock, desktop,   engine(),
+        return {theme,  notifications, settings, itsClock, desktop,   engine,
                 modals, store,         device,   images,   endpoints, {}};
     }
 };

@@ -2,7 +2,7 @@
 
 namespace tessaro::test {
 
-TestScreen::TestScreen() {
+TestScreen::TestScreen(EngineLoader* itsEngine) : ScreenWorld(itsEngine) {
     endpoints.graphApiOrigin = endpoints.inboxOrigin = "http://127.0.0.1:9"; // Nobody listens.
     context.makeGraphClient = graph.factory();
     theme.setAppearanceMode("light");

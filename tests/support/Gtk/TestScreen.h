@@ -17,7 +17,7 @@ public:
     ThemeStyle style{theme};
     Gtk::Window window;
 
-    TestScreen();
+    explicit TestScreen(EngineLoader* itsEngine = nullptr);
     ~TestScreen();
 
     /// Puts the widget into the window and waits until it is on screen and has the focus.

@@ -22,7 +22,6 @@ using testing::ElementsAre, testing::IsEmpty;
 class FileTransfer : public testing::Test {
 protected:
     FileTransfer() {
-        bar.follow(*world.session);
         window.set_default_size(700, 200);
         window.set_child(bar);
         window.present();
@@ -71,6 +70,8 @@ protected:
     const fs::path folder = nameDownloadFolder();
     DemoWorld world;
     DownloadBar bar{world.desktop};
+    const ScopedConnection started =
+        world.session->observeDownloads([this](auto download) { bar.add(std::move(download)); });
     Gtk::Window window;
     InboxBrowser browser{world, DemoWorld::flowers};
 };

@@ -3,17 +3,22 @@
 
 #include "Views/Inbox/InboxContainerView.h"
 #include "Views/Widgets/InboxCommands.h"
-#include "support/Gtk/Widgets.h"
+#include "support/Gtk/TestScreen.h"
 #include "support/ScopedEnvironment.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
+#include <future>
 #include <optional>
 
 namespace tessaro::test {
 namespace {
 
+constexpr const char* veil = "Đang tải hộp thư...";
+
+/// With the real engine.
 class InboxContainer : public testing::Test {
 protected:
     void show() {
@@ -25,17 +30,43 @@ protected:
     std::size_t inboxRequests() const { return world.server.requestCount(InboxWorld::inboxPath); }
     bool isShown(const std::string& text) { return showsText(*container, text); }
     bool waitForLoaded() {
-        const std::string veil = "Đang tải hộp thư...";
         return runUntil([&] { return isShown(veil); }) && runUntil([&] { return !isShown(veil); });
     }
 
     InboxWorld world;
     WebViewReserve browsers{
-        engine(), world.folder / "web", world.folder / "web-cache", world.browserContext.clock, {}};
+        realEngine(),
+        world.folder / "web",
+        world.folder / "web-cache",
+        world.browserContext.clock,
+        {}};
     const Account account = makeAccount();
     Gtk::Window window;
     std::optional<InboxContainerView> container;
 };
+
+TEST_F(InboxContainer, TakesTheBrowserWhoseProcessRunsAlready) {
+    const auto others = webProcesses();
+    const auto processes = [&] {
+        auto ours = webProcesses();
+        std::erase_if(ours, [&](int id) { return std::ranges::find(others, id) != others.end(); });
+        return ours;
+    };
+    const auto waitForProcesses = [&](std::size_t count) {
+        return runUntil([&] { return processes().size() == count; });
+    };
+    browsers.prepare();
+    EXPECT_TRUE(waitForProcesses(1));
+    runPending(); // The engine itself hears of its process in its next turn only.
+    browsers.drop();
+    EXPECT_TRUE(waitForProcesses(0));
+    browsers.prepare();
+    EXPECT_TRUE(waitForProcesses(1));
+    const auto ready = processes();
+    show();
+    ASSERT_TRUE(waitForLoaded());
+    EXPECT_EQ(processes(), ready);
+}
 
 TEST_F(InboxContainer, OffersToLoadThePageAgainAfterItsProcessCrashed) {
     show();
@@ -57,8 +88,8 @@ TEST_F(InboxContainer, SaysWhatToDoWhereTheSandboxIsForbidden) {
         ScopedEnvironment environment; // Nothing that makes a sandbox is found there.
         environment.set("PATH", world.folder.path());
         show();
+        ASSERT_TRUE(runUntil([&] { return isShown("vùng cách ly"); }));
     }
-    ASSERT_TRUE(runUntil([&] { return isShown("vùng cách ly"); }));
     EXPECT_EQ(inboxRequests(), 0U);
 
     container->setPage(makePage(account, "1002"), account);
@@ -75,6 +106,70 @@ TEST_F(InboxContainer, IsDroppedWhileItLoads) {
     world.notifications.post(webViewReload);
     runPending();
     EXPECT_LE(inboxRequests(), 2U);
+}
+
+/// With an engine that is there when the test says so.
+class InboxBeforeItsEngine : public testing::Test {
+protected:
+    InboxBeforeItsEngine() { screen.show(*container); }
+    ~InboxBeforeItsEngine() override {
+        screen.window.unset_child();
+        if (!isLoaded)
+            letLoad(nullptr);
+    }
+    void letLoad(Engine* engine) {
+        isLoaded = true;
+        loaded.set_value(engine);
+    }
+    bool waitForEnd() {
+        return runUntil([&] {
+            screen.clock.advance(Clock::Delay::zero());
+            return !showsText(screen.window, veil);
+        });
+    }
+
+    std::promise<Engine*> loaded;
+    bool isLoaded = false;
+    EngineLoader loader{[loading = loaded.get_future().share()] { return loading.get(); }};
+    TestScreen screen{&loader};
+    const Account account = makeAccount();
+    WebViewReserve browsers{loader, "", "", screen.clock, {}};
+    std::optional<InboxContainerView> container{
+        std::in_place, screen.context, makePage(account, "1"), account, browsers};
+};
+
+TEST_F(InboxBeforeItsEngine, WaitsForIt) {
+    EXPECT_TRUE(showsText(*container, veil));
+    screen.notifications.post(webViewFind);
+    container->setPage(makePage(account, "2"), account);
+    EXPECT_TRUE(showsText(*container, veil));
+    letLoad(&screen.fakeEngine);
+    ASSERT_TRUE(waitForEnd());
+    ASSERT_EQ(screen.fakeEngine.views.size(), 1u);
+    const auto loads = screen.fakeEngine.views[0].lock()->loads;
+    ASSERT_EQ(loads.size(), 1u);
+    EXPECT_TRUE(loads[0].ends_with("asset_id=2")) << loads[0];
+    EXPECT_EQ(widgetsOf<ClippedWebViewContainer>(*container).size(), 1u);
+}
+
+TEST_F(InboxBeforeItsEngine, IsDroppedMeanwhile) {
+    screen.window.unset_child();
+    container.reset();
+    browsers.prepare();
+    browsers.drop();
+    letLoad(&screen.fakeEngine);
+    std::optional<Engine*> later;
+    const auto connection = loader.whenLoaded([&](Engine* its) { later = its; });
+    ASSERT_TRUE(runUntil([&] { return later.has_value(); }));
+    EXPECT_EQ(later, &screen.fakeEngine);
+    EXPECT_TRUE(screen.fakeEngine.views.empty());
+}
+
+TEST_F(InboxBeforeItsEngine, SaysThatItIsMissingOrDoesNotFit) {
+    EXPECT_FALSE(loadEngine(screen.folder / "webkit.so"));
+    letLoad(loadEngine("libm.so.6")); // A library, but no engine.
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_TRUE(showsText(*container, "bị thiếu hoặc không khớp với phiên bản này"));
 }
 
 } // namespace

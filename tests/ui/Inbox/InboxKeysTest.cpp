@@ -69,7 +69,7 @@ protected:
     FakeGraph graph;
     SupportClient support{world.settings, "http://127.0.0.1:9", world.device, world.logger, {}};
     const Account account = makeAccount();
-    MainWindow window{application(), world.notifications, engine()};
+    MainWindow window{application(), world.notifications, realEngine()};
     std::optional<MainSplitView> content;
 };
 

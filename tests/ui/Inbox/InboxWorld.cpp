@@ -11,7 +11,8 @@
 namespace tessaro::test {
 
 InboxWorld::InboxWorld(Time time)
-    : browserContext(
+    : ScreenWorld(&realEngine()),
+      browserContext(
           contextOn(time == Time::passes ? static_cast<Clock&>(SystemClock::shared()) : clock)) {
     endpoints.inboxOrigin = server.origin();
     server.answer(inboxPath, page("<title>inbox</title><p>inbox"));
@@ -20,7 +21,7 @@ InboxWorld::InboxWorld(Time time)
 }
 
 WebSession& InboxWorld::newSession() {
-    return engine().makeSession(folder / "web", folder / "web-cache");
+    return loadedEngine()->makeSession(folder / "web", folder / "web-cache");
 }
 
 LoopbackServer::Answer InboxWorld::page(const std::string& body) {

@@ -5,6 +5,7 @@
 #include "Views/Inbox/ClippedWebViewContainer.h"
 #include "Views/Inbox/Coordinator.h"
 #include "Views/Inbox/PageInboxWebView.h"
+#include "support/Gtk/RealEngine.h"
 #include "support/Gtk/ScreenWorld.h"
 #include "support/LoopbackServer.h"
 #include "support/MainLoop.h"

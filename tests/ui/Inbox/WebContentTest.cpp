@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 using testing::HasSubstr;
 
 TEST(WebContent, RunsInTheSandboxOutOfSightOfTheRecords) {
-    ASSERT_TRUE(engine().worksHere());
+    ASSERT_TRUE(loadedEngine()->worksHere());
     InboxWorld world;
     world.store.saveAccounts({makeAccount()});
     const fs::path accounts = world.records / "accounts.json";

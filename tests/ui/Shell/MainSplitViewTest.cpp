@@ -1,7 +1,5 @@
 #include "Views/Shell/MainSplitView.h"
 
-#include "ui/Inbox/WebProcesses.h"
-
 #include "Services/SupportClient.h"
 #include "Views/Columns/AccountButton.h"
 #include "Views/Columns/PageButton.h"
@@ -72,31 +70,27 @@ TEST_F(MainSplitViewTest, ThePagesFollowTheAccountAndTheInboxThePage) {
     EXPECT_FALSE(find(*view_, "Thêm Page"));
 }
 
-TEST_F(MainSplitViewTest, TheBrowsersProcessIsReadyBeforeAPageIsOpened) {
+TEST_F(MainSplitViewTest, ABrowserIsReadyBeforeAPageIsOpened) {
     const auto letTimePass = [this] {
         screen_.clock.advance(std::chrono::seconds(1));
         screen_.settle();
     };
-    const auto waitForProcesses = [](std::size_t count) {
-        return runUntil([=] { return webProcesses().size() == count; });
-    };
-    ASSERT_TRUE(waitForProcesses(0)) << "Of other tests.";
+    const auto& browsers = screen_.fakeEngine.views;
     letTimePass();
-    EXPECT_TRUE(webProcesses().empty()) << "Nobody has chosen an account.";
+    EXPECT_TRUE(browsers.empty()) << "Nobody has chosen an account.";
     choose("Một");
-    EXPECT_TRUE(webProcesses().empty()) << "The Pages come first.";
+    EXPECT_TRUE(browsers.empty()) << "The Pages come first.";
     letTimePass();
-    EXPECT_TRUE(waitForProcesses(1));
-    screen_.settle(); // The engine itself hears of its process in its next turn only.
+    ASSERT_EQ(browsers.size(), 1u);
+    EXPECT_EQ(browsers[0].lock()->scripts.size(), 1u) << "Otherwise its process has not begun.";
     view_->pagesVM().deletePage(view_->pagesVM().pages->front());
-    EXPECT_TRUE(waitForProcesses(0)) << "There is no Page left to open.";
+    EXPECT_TRUE(browsers[0].expired()) << "There is no Page left to open.";
 
     choose("Hai");
     letTimePass();
-    EXPECT_TRUE(waitForProcesses(1));
-    const auto ready = webProcesses();
     choose("Lan");
-    EXPECT_EQ(webProcesses(), ready);
+    ASSERT_EQ(browsers.size(), 2u);
+    EXPECT_EQ(browsers[1].lock()->loads.size(), 1u);
 }
 
 TEST_F(MainSplitViewTest, AnAccountsPagesAreShownFromTheFirstOn) {

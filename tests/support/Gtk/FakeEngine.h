@@ -1,0 +1,75 @@
+#pragma once
+
+#include "Engine/Engine.h"
+
+#include <gtkmm/box.h>
+
+#include <string>
+#include <vector>
+
+namespace tessaro::test {
+
+/// A browser whose pages are empty and there at once.
+class FakeView final : public WebView, public WebNotifications, public PageFinder {
+public:
+    FakeView() { widget_.set_focusable(); }
+
+    void setDelegate(WebViewDelegate* delegate) override { delegate_ = delegate; }
+    Gtk::Widget& widget() const override { return widget_; }
+    void setCustomUserAgent(const std::string&) override {}
+    void load(const std::string& address) override {
+        loads.push_back(address);
+        reload();
+    }
+    void reload() override {
+        delegate_->didStartProvisionalNavigation(*this);
+        delegate_->didFinishNavigation(*this);
+    }
+    void setPageZoom(double factor) override { zoom_ = factor; }
+    double pageZoom() const override { return zoom_; }
+    void evaluateScript(const std::string& script) override { scripts.push_back(script); }
+    std::string address() const override { return loads.empty() ? "" : loads.back(); }
+    bool isAwaitingPage() const override { return false; }
+    bool isLoading() const override { return false; }
+    std::string title() const override { return {}; }
+    WebNotifications& notifications() override { return *this; }
+    PageFinder& finder() override { return *this; }
+
+    void setDelegate(WebNotifications::Delegate*) override {}
+    void click(const std::string&) override {}
+
+    void find(const std::string&) override {}
+    void findNext() override {}
+    void findPrevious() override {}
+    void end() override {}
+
+    std::vector<std::string> loads;   ///< Addresses.
+    std::vector<std::string> scripts; ///< That were run, in any page.
+
+private:
+    mutable Gtk::Box widget_;
+    WebViewDelegate* delegate_ = nullptr;
+    double zoom_ = 1;
+};
+
+/// An engine of the test's own with one session, which starts no process and fetches nothing.
+class FakeEngine final : public Engine, public WebSession {
+public:
+    std::string name() const override { return "FakeEngine 1.0"; }
+    bool worksHere() const override { return true; }
+    WebSession& makeSession(const std::filesystem::path&, const std::filesystem::path&) override {
+        return *this;
+    }
+    std::shared_ptr<WebView> makeView(Clock&, WebNotifications::PermittedOrigin) override {
+        const auto view = std::make_shared<FakeView>();
+        views.push_back(view);
+        return view;
+    }
+    ScopedConnection observeDownloads(std::function<void(std::shared_ptr<WebDownload>)>) override {
+        return {};
+    }
+
+    std::vector<std::weak_ptr<FakeView>> views; ///< That were made.
+};
+
+} // namespace tessaro::test
