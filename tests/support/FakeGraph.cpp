@@ -20,7 +20,10 @@ public:
     }
     Task<Result<std::vector<ResolvedPage>>> fetchManagedPages() override {
         co_await graph_.gate.pass();
-        co_return failure("MetaGraph", 100, "Token của một Page.");
+        const auto pages = graph_.managed.find(token_);
+        if (pages == graph_.managed.end())
+            co_return failure("MetaGraph", 100, "Token của một Page.");
+        co_return pages->second;
     }
     Task<Result<std::string>> fetchCustomerAvatarData(PageId) override {
         co_return failure("MetaGraph", 404, "Không có ảnh.");

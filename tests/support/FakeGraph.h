@@ -41,6 +41,8 @@ class FakeGraph {
 public:
     /// What "/me" answers, by token.
     std::map<std::string, PageInfo> objects;
+    /// What "/me/accounts" answers; no other token is a user's.
+    std::map<std::string, std::vector<MetaGraphClient::ResolvedPage>> managed;
     /// The tokens that clients were made for, in order.
     std::vector<std::string> asked;
     /// While it is shut, no answer comes.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Text.h"
 #include "Views/Columns/AddButton.h"
 #include "Views/Columns/Column.h"
 
@@ -26,7 +27,7 @@ protected:
         this->signal_query_tooltip().connect(
             [this](int, int, bool, const Glib::RefPtr<Gtk::Tooltip>& tooltip) {
                 tooltip->set_text(tooltip_);
-                return true;
+                return !trimWhitespaceAndNewlines(tooltip_).empty();
             },
             false);
     }

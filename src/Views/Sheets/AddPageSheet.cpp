@@ -2,18 +2,21 @@
 
 #include "Views/Sheets/SectionCaption.h"
 
+#include <glibmm/main.h>
+
 namespace tessaro {
 
 AddPageSheet::AddPageSheet(const ScreenContext& context, PagesViewModel& pagesVM, Account account)
     : Sheet(460, 540, "Thêm Facebook Page", "Thêm Page"),
       context_(context),
       flow_(pagesVM, std::move(account), context.makeGraphClient, [this] { dismiss(); }),
-      token_("ACCESS TOKEN", [this] { return acceptByReturn(); }),
+      token_("ACCESS TOKEN"),
+      verify_("Xác minh Token", "checkmark.shield", 16),
       picker_(context.images, flow_),
       previewSlide_(previewPlace_, std::chrono::milliseconds(150)) {
     layOut();
     follow();
-    showVerifying();
+    showProgress();
     showResult();
 }
 
@@ -26,6 +29,8 @@ void AddPageSheet::layOut() {
     tokenSection->append(token_);
     tokenSection->append(*hint);
     content().append(*tokenSection);
+    verify_.add_css_class("points-13");
+    verify_.set_halign(Gtk::Align::START);
     content().append(verify_);
     content().append(error_);
     content().append(picker_);
@@ -36,12 +41,14 @@ void AddPageSheet::layOut() {
 void AddPageSheet::follow() {
     token_.onChanged([this] {
         flow_.token.set(token_.text());
-        showVerifying();
+        focusBefore_ = nullptr; // Who goes on typing keeps the keyboard there.
+        showProgress();
     });
     verify_.signal_clicked().connect([this] { flow_.verifyToken(); });
     acceptButton().signal_clicked().connect([this] { flow_.addSelectedPage(); });
 
-    connections_.push_back(flow_.isVerifying.observe([this] { showVerifying(); }));
+    connections_.push_back(flow_.isVerifying.observe([this] { followVerification(); }));
+    connections_.push_back(flow_.isAdding.observe([this] { showProgress(); }));
     const auto showResultAfter = [this](const auto& property) {
         connections_.push_back(property.observe([this] { showResult(); }));
     };
@@ -51,24 +58,45 @@ void AddPageSheet::follow() {
     showResultAfter(flow_.directPageInfo);
 }
 
-void AddPageSheet::showVerifying() {
+void AddPageSheet::followVerification() {
+    if (*flow_.isVerifying)
+        focusBefore_ = get_focus();
+    else // In a turn of its own, when the whole result is there.
+        focusMoves_ = ScopedConnection(Glib::signal_idle().connect(
+            [this] {
+                focusNext();
+                return false;
+            },
+            Glib::PRIORITY_HIGH));
+    showProgress();
+}
+
+void AddPageSheet::focusNext() {
+    if (get_focus() && get_focus() != focusBefore_)
+        return; // The person has gone elsewhere.
+    if (!acceptButton().grab_focus() && !picker_.focusFirst())
+        token_.focus();
+}
+
+void AddPageSheet::showProgress() {
     const bool verifying = *flow_.isVerifying;
-    verify_.setVerifying(verifying);
-    verify_.set_sensitive(flow_.hasToken() && !verifying);
-    // The focus was lost when the pressed button became insensitive.
-    if (!verifying && !get_focus())
-        verify_.grab_focus();
+    verify_.setState(flow_.hasToken(), verifying);
+    acceptButton().setState(flow_.canAdd(), *flow_.isAdding);
 }
 
 void AddPageSheet::showResult() {
-    error_.set_visible(flow_.errorMessage->has_value());
-    error_.setMessage(flow_.errorMessage->value_or(""));
+    const auto& error = *flow_.errorMessage;
+    error_.set_visible(error.has_value());
+    error_.setMessage(error.value_or(""));
     picker_.set_visible(*flow_.tokenType == TokenType::userToken);
-    acceptButton().set_sensitive(flow_.canAdd());
-    if (const auto current = preview())
+    showProgress();
+    const auto current = preview();
+    if (current && current != shownPreview_)
         show(*current);
-    else
-        previewSlide_.reveal(false);
+    else if (!current || error)
+        showStart();
+    previewSlide_.reveal(current.has_value());
+    shownPreview_ = current;
 }
 
 std::optional<AddPageSheet::Preview> AddPageSheet::preview() const {
@@ -87,23 +115,23 @@ std::optional<AddPageSheet::Preview> AddPageSheet::preview() const {
 }
 
 void AddPageSheet::show(const Preview& preview) {
-    previewSlide_.reveal(true);
-    if (shownPreview_ == preview)
-        return;
-    shownPreview_ = preview;
     if (auto* old = previewPlace_.get_first_child())
         previewPlace_.remove(*old);
     auto* box = Gtk::make_managed<PagePreview>(
         context_.images, preview.page, preview.avatarUrl, preview.caption);
     box->set_hexpand();
     previewPlace_.append(*box);
+    showEnd();
 }
 
-bool AddPageSheet::acceptByReturn() {
-    if (!flow_.canAdd())
-        return false;
-    flow_.addSelectedPage();
-    return true;
+bool AddPageSheet::onReturn(Gtk::Widget* focus) {
+    if (const auto* row = dynamic_cast<PagePickerRow*>(focus); row && !row->isSelected())
+        return false; // It is picked first.
+    if (Sheet::onReturn(focus))
+        return true;
+    if (token_.isFocus() && !flow_.canAdd())
+        flow_.verifyToken();
+    return token_.isFocus();
 }
 
 } // namespace tessaro

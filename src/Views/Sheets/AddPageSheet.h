@@ -8,7 +8,6 @@
 #include "Views/Sheets/PagePreview.h"
 #include "Views/Sheets/Sheet.h"
 #include "Views/Sheets/TokenEditor.h"
-#include "Views/Sheets/VerifyButton.h"
 
 namespace tessaro {
 
@@ -29,23 +28,27 @@ private:
         bool operator==(const Preview&) const = default;
     };
 
+    bool onReturn(Gtk::Widget* focus) override;
     void layOut();
     void follow();
-    void showVerifying();
+    void followVerification();
+    void showProgress();
     void showResult();
+    void focusNext();
     std::optional<Preview> preview() const;
     void show(const Preview& preview);
-    bool acceptByReturn();
 
     const ScreenContext& context_;
     AddPageFlow flow_;
     TokenEditor token_;
-    VerifyButton verify_;
+    BusyButton verify_;
     ErrorRow error_;
     PagePicker picker_;
     Gtk::Box previewPlace_;
     FadeSlide previewSlide_;
     std::optional<Preview> shownPreview_;
+    Gtk::Widget* focusBefore_ = nullptr; ///< Where the keyboard was when the verification began.
+    ScopedConnection focusMoves_;
     std::vector<ScopedConnection> connections_;
 };
 

@@ -6,12 +6,15 @@ ErrorRow::ErrorRow()
     : Gtk::Box(Gtk::Orientation::HORIZONTAL, 6), sign_("exclamationmark.triangle.fill", 11) {
     property_accessible_role() = Gtk::Accessible::Role::ALERT;
     set_css_classes({"error-row", "points-11"});
-    sign_.set_valign(Gtk::Align::START);
+    line_.set_child(*Gtk::make_managed<Gtk::Label>(" "));
+    line_.add_overlay(sign_);
+    line_.set_measure_overlay(sign_, true);
+    line_.set_valign(Gtk::Align::START);
     message_.set_xalign(0);
     message_.set_hexpand();
     message_.set_wrap();
     message_.set_wrap_mode(Pango::WrapMode::WORD_CHAR);
-    append(sign_);
+    append(line_);
     append(message_);
 }
 

@@ -4,6 +4,7 @@
 
 #include <gtkmm/box.h>
 #include <gtkmm/label.h>
+#include <gtkmm/overlay.h>
 
 namespace tessaro {
 
@@ -15,6 +16,7 @@ public:
     void setMessage(const std::string& message);
 
 private:
+    Gtk::Overlay line_; ///< As high as a line of the message, with the sign in its middle.
     Symbol sign_;
     Gtk::Label message_;
 };

@@ -19,6 +19,10 @@ PagePicker::PagePicker(ImageLoader& images, AddPageFlow& flow)
     connections_.push_back(flow_.selectedResolvedPage.observe([this] { showSelection(); }));
 }
 
+bool PagePicker::focusFirst() {
+    return !rows_.empty() && rows_.front()->grab_focus();
+}
+
 void PagePicker::showPages() {
     for (PagePickerRow* row : rows_)
         remove(*row);

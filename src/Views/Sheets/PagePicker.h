@@ -16,6 +16,9 @@ public:
     /// @param images, flow  outlive this
     PagePicker(ImageLoader& images, AddPageFlow& flow);
 
+    /// Gives the focus to the first Page; false when there is none.
+    bool focusFirst();
+
 private:
     void showPages();
     void showSelection();

@@ -15,6 +15,7 @@ public:
     PagePickerRow(ImageLoader& images, const MetaGraphClient::ResolvedPage& page);
 
     const PageId& pageId() const { return pageId_; }
+    bool isSelected() const { return has_css_class("selected"); }
     void setSelected(bool selected);
 
 private:

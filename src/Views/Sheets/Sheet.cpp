@@ -1,7 +1,10 @@
 #include "Views/Sheets/Sheet.h"
 
 #include "Views/Widgets/Accessible.h"
-#include "Views/Widgets/Symbol.h"
+
+#include <glibmm/main.h>
+#include <gtkmm/adjustment.h>
+#include <gtkmm/eventcontrollerkey.h>
 
 namespace tessaro {
 
@@ -30,6 +33,17 @@ Sheet::Sheet(int width, int height, const Glib::ustring& title, const Glib::ustr
     scroller_.set_child(content_);
     scroller_.set_policy(Gtk::PolicyType::NEVER, Gtk::PolicyType::AUTOMATIC);
     scroller_.set_vexpand();
+    scroller_.get_vadjustment()->signal_changed().connect([this] {
+        if (!followsEnd_)
+            return;
+        // In a turn of its own: scrolling amid the layout would lose what else asks for a new one.
+        scroll_ = ScopedConnection(Glib::signal_idle().connect(
+            [this] {
+                showEnd();
+                return false;
+            },
+            Glib::PRIORITY_HIGH_IDLE));
+    });
 
     cancel_.set_hexpand();
     cancel_.set_halign(Gtk::Align::START);
@@ -44,10 +58,41 @@ Sheet::Sheet(int width, int height, const Glib::ustring& title, const Glib::ustr
     column().set_size_request(width, height);
     set_default_size(width, height);
     set_default_widget(accept_);
-    accessible::nameButtonsByLabel(GTK_WIDGET(footer_.gobj()));
+    accessible::nameButtonsByLabel(GTK_WIDGET(cancel_.gobj()));
 
     close_.signal_clicked().connect(sigc::mem_fun(*this, &Sheet::dismiss));
     cancel_.signal_clicked().connect(sigc::mem_fun(*this, &Sheet::dismiss));
+
+    auto keys = Gtk::EventControllerKey::create();
+    keys->set_propagation_phase(Gtk::PropagationPhase::CAPTURE); // Before a focused button.
+    keys->signal_key_pressed().connect(
+        [this](guint key, guint, Gdk::ModifierType) {
+            const bool isReturn =
+                key == GDK_KEY_Return || key == GDK_KEY_KP_Enter || key == GDK_KEY_ISO_Enter;
+            return isReturn && onReturn(get_focus());
+        },
+        false);
+    add_controller(keys);
+}
+
+bool Sheet::onReturn(Gtk::Widget* focus) {
+    // A field goes on to the button by itself, once the input method has finished its word.
+    const bool isField = focus && GTK_IS_TEXT(focus->gobj());
+    if (isField || focus == &cancel_ || focus == &close_ || !accept_.is_sensitive())
+        return false;
+    return accept_.activate();
+}
+
+void Sheet::showStart() {
+    followsEnd_ = false;
+    scroll_.disconnect();
+    scroller_.get_vadjustment()->set_value(0);
+}
+
+void Sheet::showEnd() {
+    followsEnd_ = true;
+    const auto heights = scroller_.get_vadjustment();
+    heights->set_value(heights->get_upper());
 }
 
 } // namespace tessaro

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "Platform/ScopedConnection.h"
 #include "Views/Sheets/Dialog.h"
+#include "Views/Widgets/BusyButton.h"
 
-#include <gtkmm/button.h>
-#include <gtkmm/label.h>
 #include <gtkmm/scrolledwindow.h>
 #include <gtkmm/separator.h>
 #include <gtkmm/windowhandle.h>
@@ -21,7 +21,16 @@ public:
 protected:
     /// The column in the middle, 16 points between its parts and around them.
     Gtk::Box& content() { return content_; }
-    Gtk::Button& acceptButton() { return accept_; }
+    BusyButton& acceptButton() { return accept_; }
+
+    /// Return was pressed while `focus` had the keyboard. True when that is all that it does; the
+    /// toolkit lets it press a focused button, or go on from a field to the accept button.
+    virtual bool onReturn(Gtk::Widget* focus);
+
+    /// Scrolls the middle to where it begins.
+    void showStart();
+    /// Scrolls the middle to its end, and on while it grows.
+    void showEnd();
 
 private:
     Gtk::WindowHandle handle_;
@@ -31,10 +40,12 @@ private:
     Gtk::Separator above_;
     Gtk::ScrolledWindow scroller_;
     Gtk::Box content_;
+    bool followsEnd_ = false;
+    ScopedConnection scroll_;
     Gtk::Separator below_;
     Gtk::Box footer_;
     Gtk::Button cancel_;
-    Gtk::Button accept_;
+    BusyButton accept_;
 };
 
 } // namespace tessaro

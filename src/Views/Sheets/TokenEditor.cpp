@@ -2,11 +2,9 @@
 
 #include "Views/Widgets/Accessible.h"
 
-#include <gtkmm/eventcontrollerkey.h>
-
 namespace tessaro {
 
-TokenEditor::TokenEditor(const Glib::ustring& name, std::function<bool()> onReturn) {
+TokenEditor::TokenEditor(const Glib::ustring& name) {
     add_css_class("token-editor");
     set_policy(Gtk::PolicyType::NEVER, Gtk::PolicyType::AUTOMATIC);
     set_size_request(-1, 80);
@@ -17,17 +15,6 @@ TokenEditor::TokenEditor(const Glib::ustring& name, std::function<bool()> onRetu
     view_.set_input_hints(
         Gtk::InputHints::NO_SPELLCHECK | Gtk::InputHints::NO_EMOJI | Gtk::InputHints::PRIVATE);
     accessible::setName(view_, name);
-
-    auto keys = Gtk::EventControllerKey::create();
-    keys->set_propagation_phase(Gtk::PropagationPhase::CAPTURE);
-    keys->signal_key_pressed().connect(
-        [accepted = std::move(onReturn)](guint key, guint, Gdk::ModifierType) {
-            const bool isReturn =
-                key == GDK_KEY_Return || key == GDK_KEY_KP_Enter || key == GDK_KEY_ISO_Enter;
-            return isReturn && accepted();
-        },
-        false);
-    view_.add_controller(keys);
 }
 
 void TokenEditor::onChanged(std::function<void()> action) {

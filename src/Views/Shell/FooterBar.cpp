@@ -26,13 +26,17 @@ FooterBar::FooterBar(const ScreenContext& context, AppLogger& logger, SupportCli
       logger_(logger),
       support_(support),
       version_("Phiên bản v1.0"),
-      divider_(Gtk::Orientation::VERTICAL) {
+      divider_(Gtk::Orientation::VERTICAL),
+      supportButton_("Hỗ trợ", "exclamationmark.bubble", 10) {
     add_css_class("footer-bar");
     dot_.add_css_class("footer-dot");
     dot_.set_valign(Gtk::Align::CENTER);
     for (const auto* style : {"points-10", "medium", "secondary-text"})
         version_.add_css_class(style);
     divider_.set_valign(Gtk::Align::CENTER);
+    supportButton_.set_css_classes({"borderless", "footer-button", "support"});
+    supportButton_.set_valign(Gtk::Align::CENTER);
+    supportButton_.set_tooltip_text("Gửi log hỗ trợ kỹ thuật");
     supportButton_.signal_clicked().connect([this] { sendSupportLogs().detach(); });
     space_.set_hexpand(true);
 
@@ -51,12 +55,12 @@ FooterBar::FooterBar(const ScreenContext& context, AppLogger& logger, SupportCli
 
 Task<void> FooterBar::sendSupportLogs() {
     const auto alive = lifetime_.watch();
-    supportButton_.setBusy(true);
+    supportButton_.setState(true, true);
     const auto sent = co_await support_.uploadLog(
         logger_.currentLogURL().filename(), logExcerpt(logger_.readCurrentLog()));
     if (!alive)
         co_return;
-    supportButton_.setBusy(false);
+    supportButton_.setState(true, false);
     if (!sent) {
         showLogAlert("Lỗi gửi log: " + sent.error().message);
         co_return;

@@ -5,7 +5,7 @@
 #include "Services/AppLogger.h"
 #include "Services/SupportClient.h"
 #include "Views/ScreenContext.h"
-#include "Views/Shell/FooterSupportButton.h"
+#include "Views/Widgets/BusyButton.h"
 
 #include <gtkmm/box.h>
 #include <gtkmm/label.h>
@@ -33,7 +33,7 @@ private:
     Gtk::Box dot_;
     Gtk::Label version_;
     Gtk::Separator divider_;
-    FooterSupportButton supportButton_;
+    BusyButton supportButton_;
     Gtk::Box space_;
     Lifetime lifetime_;
 };

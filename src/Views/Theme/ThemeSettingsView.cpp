@@ -166,6 +166,14 @@ Gtk::Widget& ThemeSettingsView::presetButton() {
     return swatch;
 }
 
+void ThemeSettingsView::on_map() {
+    Gtk::Box::on_map();
+    for (auto* cell = swatches_.get_first_child(); cell; cell = cell->get_next_sibling())
+        if (auto* swatch = dynamic_cast<ColorSwatch*>(cell->get_first_child());
+            swatch && swatch->get_active())
+            swatch->grab_focus(); // The grid scrolls to it.
+}
+
 void ThemeSettingsView::refresh() {
     for (const auto& [mode, button] : modeButtons_)
         button->set_active(theme_.appearanceMode() == mode);

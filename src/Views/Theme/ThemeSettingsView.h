@@ -25,12 +25,16 @@ struct GridColumn {
 
 /// The panel in which the mode and the accent preset are chosen; the content of a popover. Every
 /// choice takes effect at once. It keeps nothing: what is selected is read from the theme manager
-/// at each change. UI thread only.
+/// at each change. When it appears the selected colour is in view and has the focus. UI thread
+/// only.
 class ThemeSettingsView : public Gtk::Box {
 public:
     /// @param theme    outlives this
     /// @param columns  those of the swatch grid
     ThemeSettingsView(ThemeManager& theme, std::vector<GridColumn> columns);
+
+protected:
+    void on_map() override;
 
 private:
     Gtk::Widget& modeSection();

@@ -31,6 +31,13 @@ Gdk::Rectangle placeOnDisplay(Gtk::Widget& widget) {
     return {placeX, placeY, widget.get_width(), widget.get_height()};
 }
 
+bool isWithin(Gtk::Widget& inner, Gtk::Widget& outer) {
+    const auto one = placeOnDisplay(inner), other = placeOnDisplay(outer);
+    auto common = one;
+    common.intersect(other);
+    return common.get_width() == one.get_width() && common.get_height() == one.get_height();
+}
+
 void Pointer::click(Gtk::Widget& widget) {
     click(widget, widget.get_width() / 2, widget.get_height() / 2);
 }

@@ -6,6 +6,8 @@ namespace tessaro::test {
 
 /// Where the widget is on the display, whatever lies over it.
 Gdk::Rectangle placeOnDisplay(Gtk::Widget& widget);
+/// Whether the whole of one widget lies where the other one is.
+bool isWithin(Gtk::Widget& inner, Gtk::Widget& outer);
 
 /// Moves and presses the display's own pointer.
 class Pointer {

@@ -7,7 +7,7 @@
 
 using namespace tessaro;
 using namespace tessaro::test;
-using testing::ElementsAre, testing::IsEmpty;
+using testing::Each, testing::ElementsAre, testing::IsEmpty;
 
 namespace {
 
@@ -46,7 +46,11 @@ TEST_F(AccountDetailSheetTest, ReturnSavesANameThatIsMoreThanBlanksAndEscapeNoth
     name.set_text(" Mai");
     Keyboard::press(GDK_KEY_Return);
     EXPECT_TRUE(runUntil([this] { return dismissed_ == 2; }));
-    EXPECT_THAT(saved_, ElementsAre(AccountDraft{.name = " Mai"}));
+    widgetsOf<Gtk::Switch>(*sheet_).at(0)->grab_focus();
+    Keyboard::press(GDK_KEY_Return);
+    EXPECT_TRUE(runUntil([this] { return dismissed_ == 3; })) << "Space turns the switch.";
+    EXPECT_THAT(saved_, Each(AccountDraft{.name = " Mai"}));
+    EXPECT_EQ(saved_.size(), 2u);
 }
 
 TEST_F(AccountDetailSheetTest, GivesAnEditedAccountsValuesBackEvenWhenTheProxyIsHidden) {

@@ -1,9 +1,12 @@
 #include "Views/Sheets/AddPageSheet.h"
 
 #include "support/Gtk/Keyboard.h"
+#include "support/Gtk/Pointer.h"
 #include "support/Gtk/TestScreen.h"
 
 #include <gtest/gtest.h>
+#include <gtkmm/spinner.h>
+#include <gtkmm/viewport.h>
 
 using namespace tessaro;
 using namespace tessaro::test;
@@ -29,8 +32,29 @@ protected:
     }
     Gtk::TextView& editor() { return the<Gtk::TextView>(*sheet_, "ACCESS TOKEN"); }
     void paste(const std::string& token) { editor().get_buffer()->set_text(token); }
-    VerifyButton& verify() { return *widgetsOf<VerifyButton>(*sheet_).at(0); }
-    bool canAdd() { return the<Gtk::Button>(*sheet_, "Thêm Page").is_sensitive(); }
+    Gtk::Button& button(const std::string& name) { return the<Gtk::Button>(*sheet_, name); }
+    Gtk::Button& verify() { return button("Xác minh Token"); }
+    Gtk::Button& add() { return button("Thêm Page"); }
+    bool canAdd() { return add().is_sensitive(); }
+    static bool isSpinning(Gtk::Button& of) { return !widgetsOf<Gtk::Spinner>(of).empty(); }
+    bool getsFocus(Gtk::Widget& widget) {
+        return runUntil([&] { return widget.has_focus(); });
+    }
+    bool isInView(const std::string& text) {
+        return runUntil([&] {
+            auto* label = find<Gtk::Label>(*sheet_, text);
+            return label && isWithin(*label, *widgetsOf<Gtk::Viewport>(*sheet_).at(0));
+        });
+    }
+    /// Makes the token one of a user who manages that many Pages, named by their numbers.
+    void manage(const std::string& token, int count) {
+        for (int i = 1; i <= count; ++i) {
+            const auto name = std::to_string(i);
+            screen_.graph.objects["of " + name] = PageInfo{PageId{name}, name, std::nullopt};
+            screen_.graph.managed[token].push_back(
+                {PageId{name}, name, SecretText("of " + name), std::nullopt});
+        }
+    }
     void verifyToken(const std::string& token) {
         paste(token);
         press(*sheet_, "Xác minh Token");
@@ -55,29 +79,94 @@ TEST_F(AddPageSheetTest, VerifiesATokenThatIsMoreThanBlanksAndWaitsForTheAnswer)
     EXPECT_TRUE(canAdd());
     screen_.graph.gate.shut();
     verifyToken("page");
-    EXPECT_TRUE(verify().isSpinning());
+    EXPECT_TRUE(isSpinning(verify()));
     EXPECT_FALSE(verify().is_sensitive());
     EXPECT_FALSE(canAdd()) << "The earlier result is gone.";
     EXPECT_TRUE(runUntil([this] { return !showsText(*sheet_, "ID: 4"); }));
     screen_.graph.gate.open();
-    EXPECT_FALSE(verify().isSpinning());
+    EXPECT_FALSE(isSpinning(verify()));
     EXPECT_TRUE(verify().is_sensitive());
     EXPECT_TRUE(canAdd());
 }
 
-TEST_F(AddPageSheetTest, ReturnAddsOnlyWhatCanBeAddedTabLeavesTheTokenAndEscapeTheSheet) {
+TEST_F(AddPageSheetTest, TabLeavesTheTokenAndEscapeTheSheet) {
     paste("page");
     editor().grab_focus();
-    Keyboard::press(GDK_KEY_Return);
-    EXPECT_TRUE(pagesVM_.pages->empty());
     Keyboard::press(GDK_KEY_Escape);
     EXPECT_TRUE(runUntil([this] { return dismissed_ == 1; }));
     Keyboard::press(GDK_KEY_Tab);
-    EXPECT_TRUE(runUntil([this] { return verify().has_focus(); }));
-    Keyboard::press(GDK_KEY_space);
-    ASSERT_TRUE(runUntil([this] { return canAdd(); }));
+    EXPECT_TRUE(getsFocus(verify()));
+}
+
+TEST_F(AddPageSheetTest, ReturnVerifiesThenPicksAndThenAddsWhatIsPicked) {
+    manage("user", 3);
+    paste("user");
     editor().grab_focus();
     Keyboard::press(GDK_KEY_Return);
+    ASSERT_TRUE(runUntil([this] { return find<Gtk::Button>(*sheet_, "1"); }));
+    EXPECT_TRUE(getsFocus(button("1")));
+    Keyboard::press(GDK_KEY_Return);
+    ASSERT_TRUE(runUntil([this] { return canAdd(); }));
+    button("3").grab_focus();
+    Keyboard::press(GDK_KEY_Return);
+    ASSERT_TRUE(runUntil([this] { return showsText(*sheet_, "ID: 3"); }));
+    TestScreen::settle(*sheet_);
+    Pointer::click(button("2"));
+    EXPECT_TRUE(pagesVM_.pages->empty());
+    Keyboard::press(GDK_KEY_Return);
+    ASSERT_TRUE(runUntil([this] { return dismissed_ == 1; }));
+    EXPECT_EQ(pagesVM_.pages->at(0).pageToken.reveal(), "of 2");
+
+    verify().grab_focus();
+    Keyboard::press(GDK_KEY_Return);
+    EXPECT_TRUE(isInView("Page \"2\" đã tồn tại trong tài khoản này.")) << "It can be added.";
+    button("Hủy").grab_focus();
+    Keyboard::press(GDK_KEY_Return);
     EXPECT_TRUE(runUntil([this] { return dismissed_ == 2; }));
-    EXPECT_EQ(pagesVM_.pages->at(0).pageToken.reveal(), "page") << "Return is no part of it.";
+}
+
+TEST_F(AddPageSheetTest, TheFocusGoesToWhatComesNextUnlessThePersonHasMovedIt) {
+    manage("one", 1);
+    const std::pair<const char*, std::function<Gtk::Widget&()>> next[] = {
+        {"page", [this]() -> Gtk::Widget& { return add(); }},
+        {"one", [this]() -> Gtk::Widget& { return add(); }},
+        {"refused", [this]() -> Gtk::Widget& { return editor(); }},
+    };
+    const auto startVerifying = [this](const std::string& token) {
+        paste(token);
+        screen_.graph.gate.shut();
+        Pointer::click(verify());
+        EXPECT_TRUE(runUntil([this] { return isSpinning(verify()); }));
+    };
+    for (const auto& [token, widget] : next) {
+        startVerifying(token);
+        screen_.graph.gate.open();
+        EXPECT_TRUE(getsFocus(widget())) << token;
+    }
+    startVerifying("page");
+    button("Hủy").grab_focus();
+    screen_.graph.gate.open();
+    TestScreen::settle(*sheet_);
+    EXPECT_TRUE(button("Hủy").has_focus());
+}
+
+TEST_F(AddPageSheetTest, ShowsThePickedPageTheWorkOfAddingAndWhatWentWrong) {
+    manage("user", 30);
+    verifyToken("user");
+    Pointer::click(button("2"));
+    EXPECT_TRUE(isInView("Page đã chọn — sẽ dùng Page Access Token"));
+    TestScreen::settle(*sheet_);
+    screen_.graph.gate.shut();
+    const auto asked = screen_.graph.asked.size();
+    for (int time = 1; time <= 2; ++time) {
+        Pointer::click(add());
+        EXPECT_TRUE(runUntil([this] { return isSpinning(add()); }));
+        EXPECT_FALSE(canAdd());
+    }
+    screen_.graph.objects.clear();
+    screen_.graph.gate.open();
+    EXPECT_TRUE(isInView("Token không hợp lệ."));
+    EXPECT_TRUE(getsFocus(add()));
+    EXPECT_FALSE(isSpinning(add()));
+    EXPECT_EQ(screen_.graph.asked.size(), asked + 1);
 }

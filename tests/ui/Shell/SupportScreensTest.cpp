@@ -1,5 +1,6 @@
 #include "Views/Shell/FooterBar.h"
 #include "Views/Shell/UpdateCheck.h"
+#include "support/Gtk/Keyboard.h"
 #include "support/Gtk/TestScreen.h"
 #include "support/LoopbackServer.h"
 
@@ -50,8 +51,10 @@ TEST_F(SupportScreens, OnlyOkLeadsFromASentLogToTheSupportStaff) {
     for (const auto button : {std::optional<std::size_t>(), std::optional<std::size_t>(0)}) {
         EXPECT_TRUE(screen_.desktop.opened.empty());
         const auto before = screen_.modals.alerts.size();
-        press(*bar_, buttonName);
+        the<Gtk::Button>(*bar_, buttonName).grab_focus();
+        Keyboard::press(GDK_KEY_space);
         ASSERT_TRUE(runUntil([&] { return screen_.modals.alerts.size() > before; }));
+        EXPECT_TRUE(the<Gtk::Button>(*bar_, buttonName).has_focus());
         screen_.modals.answers.back()(button);
     }
     EXPECT_EQ(screen_.desktop.opened, std::vector{screen_.endpoints.linkTelegram});

@@ -4,6 +4,7 @@
 #include "Views/Theme/ColorSwatch.h"
 #include "Views/Theme/ThemeManager.h"
 #include "Views/Theme/ThemeStyle.h"
+#include "support/Gtk/Pointer.h"
 #include "support/Gtk/WidgetPicture.h"
 #include "support/Gtk/Widgets.h"
 #include "support/MainLoop.h"
@@ -11,6 +12,7 @@
 #include "support/TempFolder.h"
 
 #include <gmock/gmock.h>
+#include <gtkmm/scrolledwindow.h>
 
 using namespace tessaro;
 using namespace tessaro::test;
@@ -82,4 +84,16 @@ TEST_F(ThemeSettingsViewTest, ShowsGoldInDarkWithItsAccentAndGoesBackToTheDeskto
     theme_.setAppearanceMode("sepia");
     theme_.setActivePresetId("none of them");
     EXPECT_THAT(selected(), IsEmpty());
+}
+
+TEST_F(ThemeSettingsViewTest, OpensWhereTheSelectedColourIs) {
+    for (const char* id : {"cocoa", "emerald"}) {
+        panel_.hide();
+        theme_.setActivePresetId(id);
+        panel_.show();
+        EXPECT_TRUE(runUntil([&] {
+            return isWithin(swatch(id), *widgetsOf<Gtk::ScrolledWindow>(panel_).at(0));
+        })) << id;
+        EXPECT_TRUE(swatch(id).has_focus()) << id;
+    }
 }
