@@ -1,22 +1,27 @@
 #pragma once
 
 #include "Models/Account.h"
-#include "Views/Columns/AccountFace.h"
+#include "Views/Columns/FaceBadge.h"
 #include "Views/Columns/RecordColumn.h"
+
+#include <gtkmm/label.h>
+#include <gtkmm/overlay.h>
 
 namespace tessaro {
 
-/// One account in the account column.
+/// One account in the account column: the first character of its name on a disc of the accent or
+/// its tint, and an orange dot while the account's proxy is switched on.
 class AccountButton : public RecordButton<Account> {
 public:
     AccountButton();
 
     void show(const Account& account) override;
     void setSelected(bool selected) override;
-    const AccountFace& face() const { return face_; }
 
 private:
-    AccountFace face_;
+    Gtk::Overlay face_;
+    Gtk::Label initial_;
+    FaceBadge proxyDot_;
 };
 
 } // namespace tessaro

@@ -38,19 +38,20 @@ void PageButton::show(const PageConfig& page) {
         page.pageId.text, page.pageName,
         graphBaseUrl_ + "/" + page.pageId.text +
             "/picture?type=normal&access_token=" + page.pageToken.reveal());
-    badge_.setConnected(page.isConnected);
+    badge_.setDot(page.isConnected ? face::green : face::grey);
     setTooltip(name_);
     showUnread();
 }
 
 void PageButton::setSelected(bool selected) {
-    badge_.setSelected(selected);
+    isSelected_ = selected;
+    badge_.setOutlined(selected);
     accessible::setPressed(*this, selected);
     showUnread();
 }
 
 void PageButton::showUnread() {
-    const std::string count = badge_.isSelected() ? *unread_ : "";
+    const std::string count = isSelected_ ? *unread_ : "";
     count_.set_visible(!count.empty());
     count_.set_text(count.empty() ? "" : shortened(count));
     accessible::setName(*this, count.empty() ? name_ : name_ + ", " + count + " chưa đọc");

@@ -2,7 +2,7 @@
 
 #include "Models/PageConfig.h"
 #include "Platform/Property.h"
-#include "Views/Columns/PageBadge.h"
+#include "Views/Columns/FaceBadge.h"
 #include "Views/Columns/RecordColumn.h"
 #include "Views/Pictures/SafeAvatarView.h"
 
@@ -19,7 +19,6 @@ public:
 
     void show(const PageConfig& page) override;
     void setSelected(bool selected) override;
-    const PageBadge& badge() const { return badge_; }
 
 private:
     void showUnread();
@@ -27,9 +26,10 @@ private:
     const std::string graphBaseUrl_;
     const tessaro::Property<std::string>& unread_;
     std::string name_;
+    bool isSelected_ = false;
     Gtk::Overlay face_;
     SafeAvatarView avatar_;
-    PageBadge badge_;
+    FaceBadge badge_;
     Gtk::Label count_;
     ScopedConnection unreadChanged_;
 };

@@ -1,8 +1,8 @@
 #include "Views/Sheets/AccountDetailSheet.h"
 
 #include "Platform/Text.h"
-#include "Views/Sheets/SectionCaption.h"
 #include "Views/Widgets/Accessible.h"
+#include "Views/Widgets/TextLine.h"
 
 #include <charconv>
 
@@ -19,14 +19,14 @@ void setUpField(Gtk::Entry& field, const Glib::ustring& placeholder) {
 }
 
 void addDeviceLine(Gtk::Grid& grid, int row, const Glib::ustring& title, Gtk::Label& value) {
-    auto* label = Gtk::make_managed<Gtk::Label>(title, Gtk::Align::START, Gtk::Align::START);
-    label->add_css_class("secondary-text");
+    auto& label = textLine(title, {"secondary-text"});
+    label.set_valign(Gtk::Align::START);
     value.set_xalign(0);
     value.set_hexpand();
     value.add_css_class("monospace");
     value.set_wrap();
     value.set_wrap_mode(Pango::WrapMode::CHAR);
-    grid.attach(*label, 0, row);
+    grid.attach(label, 0, row);
     grid.attach(value, 1, row);
 }
 
@@ -48,7 +48,7 @@ AccountDetailSheet::AccountDetailSheet(const ScreenContext& context, Mode mode, 
 
 void AccountDetailSheet::layOutName() {
     auto* section = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL, 6);
-    section->append(*Gtk::make_managed<SectionCaption>("TÊN TÀI KHOẢN"));
+    section->append(textLine("TÊN TÀI KHOẢN", {"section-caption"}));
     setUpField(name_, "Ví dụ: Tài khoản chính");
     accessible::setName(name_, "TÊN TÀI KHOẢN");
     section->append(name_);
@@ -61,7 +61,7 @@ void AccountDetailSheet::layOutName() {
 
 void AccountDetailSheet::layOutDevice() {
     auto* section = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL, 6);
-    section->append(*Gtk::make_managed<SectionCaption>("THÔNG TIN THIẾT BỊ"));
+    section->append(textLine("THÔNG TIN THIẾT BỊ", {"section-caption"}));
     auto* box = Gtk::make_managed<Gtk::Grid>();
     box->set_css_classes({"device-box", "points-11"});
     box->set_column_spacing(8);
@@ -76,12 +76,12 @@ void AccountDetailSheet::layOutDevice() {
 void AccountDetailSheet::layOutProxy() {
     auto* section = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL);
     auto* head = Gtk::make_managed<Gtk::Box>();
-    auto* caption = Gtk::make_managed<SectionCaption>("CẤU HÌNH PROXY");
-    caption->set_hexpand();
+    auto& caption = textLine("CẤU HÌNH PROXY", {"section-caption"});
+    caption.set_hexpand();
     proxyEnabled_.add_css_class("mini");
     proxyEnabled_.set_valign(Gtk::Align::CENTER);
     accessible::setName(proxyEnabled_, "CẤU HÌNH PROXY");
-    head->append(*caption);
+    head->append(caption);
     head->append(proxyEnabled_);
     section->append(*head);
     section->append(proxySlide_);

@@ -1,6 +1,6 @@
 #include "Views/Sheets/AddPageSheet.h"
 
-#include "Views/Sheets/SectionCaption.h"
+#include "Views/Widgets/TextLine.h"
 
 #include <glibmm/main.h>
 
@@ -22,12 +22,10 @@ AddPageSheet::AddPageSheet(const ScreenContext& context, PagesViewModel& pagesVM
 
 void AddPageSheet::layOut() {
     auto* tokenSection = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL, 6);
-    auto* hint = Gtk::make_managed<Gtk::Label>(
-        "Nhập User Access Token hoặc Page Access Token", Gtk::Align::START);
-    hint->set_css_classes({"points-10", "secondary-text"});
-    tokenSection->append(*Gtk::make_managed<SectionCaption>("ACCESS TOKEN"));
+    tokenSection->append(textLine("ACCESS TOKEN", {"section-caption"}));
     tokenSection->append(token_);
-    tokenSection->append(*hint);
+    tokenSection->append(
+        textLine("Nhập User Access Token hoặc Page Access Token", {"points-10", "secondary-text"}));
     content().append(*tokenSection);
     verify_.add_css_class("points-13");
     verify_.set_halign(Gtk::Align::START);

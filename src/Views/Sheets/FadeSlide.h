@@ -19,7 +19,6 @@ public:
     ~FadeSlide() override;
 
     void reveal(bool revealed);
-    bool isRevealed() const { return revealed_; }
 
 protected:
     Gtk::SizeRequestMode get_request_mode_vfunc() const override;

@@ -5,6 +5,7 @@
 #include "Views/Theme/ThemeManager.h"
 #include "Views/Widgets/Accessible.h"
 #include "Views/Widgets/Symbol.h"
+#include "Views/Widgets/TextLine.h"
 
 #include <gdkmm/general.h>
 #include <gtkmm/eventcontrollerkey.h>
@@ -27,12 +28,7 @@ constexpr int swatchBoxHeight = 190;
 constexpr double swatchBoxRadius = 6;
 
 Gtk::Label& caption(const Glib::ustring& text) {
-    auto& label = *Gtk::make_managed<Gtk::Label>(text);
-    label.set_xalign(0);
-    label.add_css_class("points-9");
-    label.add_css_class("semibold");
-    label.add_css_class("secondary-text");
-    return label;
+    return textLine(text, {"points-9", "semibold", "secondary-text"});
 }
 
 } // namespace
@@ -46,10 +42,7 @@ ThemeSettingsView::ThemeSettingsView(ThemeManager& theme, std::vector<GridColumn
     set_margin(panelMargin);
     set_size_request(panelWidth - 2 * panelMargin, panelHeight - 2 * panelMargin);
 
-    auto& title = *Gtk::make_managed<Gtk::Label>("Cấu hình Giao diện");
-    title.set_xalign(0);
-    title.add_css_class("headline");
-    append(title);
+    append(textLine("Cấu hình Giao diện", {"headline"}));
     append(modeSection());
     append(*Gtk::make_managed<Gtk::Separator>());
     append(colorSection());

@@ -40,7 +40,7 @@ TEST_F(AccountSidebarTest, DrawsInitialsTheProxysDotAndTheSelectionInTheAccent) 
     Account proxied = makeAccount("bình");
     proxied.proxyEnabled = true;
     show({makeAccount("ánh"), proxied});
-    EXPECT_EQ(button("bình").face().initial(), "B");
+    EXPECT_TRUE(find<Gtk::Label>(button("bình"), "B"));
     const auto hasDot = [&] { return nearlyEqual(pixel("bình", 33, 33), {1, 0.584, 0, 1}); };
     EXPECT_TRUE(hasDot());
     proxied.proxyEnabled = false;
@@ -126,5 +126,5 @@ TEST_F(AccountSidebarTest, AThousandAccountsNeedFewButtonsAndTheSelectedOneIsInV
     EXPECT_LE(descendants<AccountButton>(*sidebar_).size(), 250u);
     viewModel_->deleteAccount(accounts[500]);
     screen_.settle();
-    EXPECT_EQ(button("999").face().initial(), "9");
+    EXPECT_TRUE(find<Gtk::Label>(button("999"), "9"));
 }

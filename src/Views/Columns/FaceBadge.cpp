@@ -1,4 +1,4 @@
-#include "Views/Columns/PageBadge.h"
+#include "Views/Columns/FaceBadge.h"
 
 #include "Views/Pictures/FaceDrawing.h"
 
@@ -9,28 +9,29 @@
 
 namespace tessaro {
 
-PageBadge::PageBadge() {
+FaceBadge::FaceBadge() {
     add_css_class("accent-text");
     set_can_target(false);
 }
 
-void PageBadge::setConnected(bool connected) {
-    if (std::exchange(connected_, connected) != connected)
+void FaceBadge::setDot(const std::optional<Rgba>& color) {
+    dot_ = color;
+    queue_draw();
+}
+
+void FaceBadge::setOutlined(bool outlined) {
+    if (std::exchange(isOutlined_, outlined) != outlined)
         queue_draw();
 }
 
-void PageBadge::setSelected(bool selected) {
-    if (std::exchange(selected_, selected) != selected)
-        queue_draw();
-}
-
-void PageBadge::snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot) {
-    if (selected_)
+void FaceBadge::snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot) {
+    if (isOutlined_)
         drawOutline(*snapshot);
-    face::drawStatusDot(*this, *snapshot, connected_ ? face::green : face::grey);
+    if (dot_)
+        face::drawStatusDot(*this, *snapshot, *dot_);
 }
 
-void PageBadge::drawOutline(Gtk::Snapshot& snapshot) {
+void FaceBadge::drawOutline(Gtk::Snapshot& snapshot) {
     constexpr double side = 42, radius = 10, lineWidth = 2, quarter = std::numbers::pi / 2;
     const double left = (get_width() - side) / 2, top = (get_height() - side) / 2;
     const double right = left + side, bottom = top + side;

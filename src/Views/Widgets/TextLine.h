@@ -1,0 +1,19 @@
+#pragma once
+
+#include <gtkmm/label.h>
+
+#include <vector>
+
+namespace tessaro {
+
+/// A text that begins at the leading edge.
+/// @param style  classes of the style sheet
+/// @return a managed label
+inline Gtk::Label& textLine(const Glib::ustring& text, const std::vector<Glib::ustring>& style) {
+    auto& label = *Gtk::make_managed<Gtk::Label>(text, Gtk::Align::START);
+    label.set_xalign(0);
+    label.set_css_classes(style);
+    return label;
+}
+
+} // namespace tessaro
