@@ -79,7 +79,7 @@ struct TessaroApp::Scene {
               .makeGraphClient =
                   [this](SecretText token, std::optional<Account> account) {
                       return std::make_shared<MetaGraphClient>(
-                          endpoints.graphBaseUrl(), std::move(token), account);
+                          endpoints.graphBaseUrl(), std::move(token), account, routes);
                   },
           },
           updateCheck(SupportClient::shared(), AppLogger::shared(), modals, desktop),
@@ -96,7 +96,8 @@ struct TessaroApp::Scene {
     EngineLoader engine{[] { return loadEngine(engineModule()); }};
     MainWindow window;
     GtkModals modals;
-    ImageLoader images;
+    AccountRoutes routes;
+    ImageLoader images{DataStore::shared(), NotificationCenter::shared(), routes};
     const Endpoints endpoints;
     const ScreenContext context;
     UpdateCheck updateCheck;

@@ -11,7 +11,7 @@
 namespace tessaro {
 
 /// One call of an HttpClient while it is under way: what ends it early, and why. That may be its
-/// caller, the time that it may take in all, or what the server sends. Main thread.
+/// caller, the time that it may take in all, or what the server sends. UI thread.
 class HttpCall {
 public:
     /// @param total  counted from now; nothing means no limit

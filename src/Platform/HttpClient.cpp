@@ -1,6 +1,5 @@
 #include "Platform/HttpClient.h"
 
-#include "Platform/ChunkedDecoder.h"
 #include "Platform/HttpCall.h"
 #include "Platform/HttpSession.h"
 
@@ -65,28 +64,6 @@ bool leavesTls(GUri* from, GUri* to) {
            std::string_view(g_uri_get_scheme(to)) == "http";
 }
 
-/// Whether the answer's body comes in chunks. HTTP/2 has framing of its own, which the library
-/// checks.
-bool isChunked(SoupMessage* message) {
-    const unsigned status = soup_message_get_status(message);
-    return soup_message_get_http_version(message) != SOUP_HTTP_2_0 && status != 204 &&
-           status != 304 && std::string_view(soup_message_get_method(message)) != "HEAD" &&
-           soup_message_headers_get_encoding(soup_message_get_response_headers(message)) ==
-               SOUP_ENCODING_CHUNKED;
-}
-
-/// The stream of the bytes as they come off the connection: the innermost of the filters through
-/// which the library hands out a body. It still holds what was read along with the head.
-GInputStream* wireBelow(GInputStream* body) {
-    GInputStream* wire = body;
-    while (true) {
-        GInputStream* base = g_filter_input_stream_get_base_stream(G_FILTER_INPUT_STREAM(wire));
-        if (!G_IS_FILTER_INPUT_STREAM(base))
-            return wire;
-        wire = base;
-    }
-}
-
 /// Reads the answer's body to its end. The call outlives the reading.
 Task<Result<std::string>> readBody(
     GObjectPtr<SoupMessage> message, GObjectPtr<GInputStream> stream, HttpCall* call,
@@ -96,37 +73,26 @@ Task<Result<std::string>> readBody(
         static_cast<goffset>(limit))
         co_return call->end(HttpClient::bodyTooLong, tooLong);
 
-    // The library takes a chunked body that was cut short for a whole one, so the framing is
-    // taken off here.
-    const bool chunked = isChunked(message.get());
-    GInputStream* source = chunked ? wireBelow(stream.get()) : stream.get();
-    ChunkedDecoder decoder;
     std::string body;
     std::vector<char> block(64 * 1024);
-    while (!decoder.isComplete()) {
+    while (body.size() <= limit) {
         GErrorSlot error;
         const gssize length = co_await AsyncCall(
             [&](GAsyncReadyCallback ready, gpointer data) {
                 g_input_stream_read_async(
-                    source, block.data(), block.size(), G_PRIORITY_DEFAULT, call->cancellable(),
-                    ready, data);
+                    stream.get(), block.data(), block.size(), G_PRIORITY_DEFAULT,
+                    call->cancellable(), ready, data);
             },
             [&](GObject*, GAsyncResult* result) {
-                return g_input_stream_read_finish(source, result, error.out());
+                return g_input_stream_read_finish(stream.get(), result, error.out());
             });
         if (length < 0)
             co_return call->failureOf(error);
-        const std::string_view bytes(block.data(), static_cast<std::size_t>(length));
-        if (chunked && (bytes.empty() || !decoder.feed(bytes, body)))
-            co_return call->end(HttpClient::cutShort, "Phản hồi bị cắt ngang.");
-        if (!chunked && bytes.empty())
-            break;
-        if (!chunked)
-            body += bytes;
-        if (body.size() > limit)
-            co_return call->end(HttpClient::bodyTooLong, tooLong);
+        if (length == 0)
+            co_return std::move(body);
+        body.append(block.data(), static_cast<std::size_t>(length));
     }
-    co_return body;
+    co_return call->end(HttpClient::bodyTooLong, tooLong);
 }
 
 } // namespace
@@ -149,10 +115,6 @@ struct HttpClient::Session {
 
 HttpClient::HttpClient(HttpOptions options)
     : session_(std::make_shared<Session>(Session{std::move(options), {}})) {}
-
-HttpClient::~HttpClient() = default;
-HttpClient::HttpClient(HttpClient&&) noexcept = default;
-HttpClient& HttpClient::operator=(HttpClient&&) noexcept = default;
 
 Task<Result<HttpResponse>> HttpClient::send(HttpRequest request, Cancellation cancellation) {
     return run(session_, std::move(request), std::move(cancellation));

@@ -18,6 +18,8 @@ struct HttpOptions {
     struct Proxy {
         std::string host;
         std::int64_t port = 0;
+
+        auto operator<=>(const Proxy&) const = default;
     };
 
     /// A request fails when no data arrives for this long. Whole seconds.
@@ -27,7 +29,7 @@ struct HttpOptions {
     /// The longest body that is accepted, in bytes.
     std::size_t bodyLimit = 16 * 1024 * 1024;
     /// The most connections open at a time; an idle one makes way for one to another host.
-    unsigned connectionLimit = 6;
+    unsigned connectionLimit = 8;
     /// Plain and TLS requests alike go through this HTTP proxy, without credentials.
     std::optional<Proxy> proxy;
     /// Without `proxy`: go by the desktop's own proxy settings instead of directly.
@@ -47,23 +49,25 @@ struct HttpRequest {
 struct HttpResponse {
     unsigned status = 0;
     std::string body;
+
+    bool isSuccess() const { return status >= 200 && status <= 299; }
 };
 
-/// An HTTP/1.1 and HTTP/2 client over libsoup. Main thread.
+/// An HTTP/1.1 and HTTP/2 client over libsoup. Copies share its connections, which stay open for a
+/// while. UI thread.
 ///
 /// Any answer with a status is a response, also a proxy's 407. Everything else is an error of the
 /// domain "HTTP": no connection, an answer that is not HTTP, a refused certificate, silence, too
-/// long in all, a body that is longer than allowed or was cut short, a redirect from HTTPS to HTTP,
-/// more than ten redirects, the caller's cancellation. A message never holds the address.
+/// long in all, a body that is longer than allowed or than its length says, a redirect from HTTPS
+/// to HTTP, more than ten redirects, the caller's cancellation. A message never holds the address.
+///
+/// A body that comes in chunks and is cut short looks whole here; whoever reads it will tell.
 ///
 /// No compressed answer is asked for and none is inflated. A redirect is followed to the address
 /// that the server names and to nothing else: no part of the first address's query travels on.
 class HttpClient {
 public:
     explicit HttpClient(HttpOptions options);
-    ~HttpClient();
-    HttpClient(HttpClient&&) noexcept;
-    HttpClient& operator=(HttpClient&&) noexcept;
 
     enum ErrorCode {
         invalidUrl = 1,

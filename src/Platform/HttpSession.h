@@ -9,7 +9,7 @@
 namespace tessaro {
 
 /// A session of the HTTP library that carries requests as the options say. Fails when the proxy or
-/// the authorities cannot be used: a request must then not go out another way. Main thread.
+/// the authorities cannot be used: a request must then not go out another way. UI thread.
 Result<GObjectPtr<SoupSession>> openHttpSession(const HttpOptions& options);
 
 } // namespace tessaro

@@ -51,6 +51,13 @@ std::vector<Account> DataStore::loadAccounts() {
     return accounts_.load();
 }
 
+std::optional<Account> DataStore::account(const AccountId& id) {
+    const std::lock_guard lock(queue_);
+    const auto& accounts = accounts_.load();
+    const auto found = std::ranges::find(accounts, id, &Account::id);
+    return found == accounts.end() ? std::nullopt : std::optional(*found);
+}
+
 void DataStore::saveAccounts(std::vector<Account> accounts) {
     const std::lock_guard lock(queue_);
     accounts_.save(std::move(accounts));

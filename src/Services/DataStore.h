@@ -10,6 +10,7 @@
 
 #include <filesystem>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,8 @@ public:
     static DataStore& shared();
 
     std::vector<Account> loadAccounts();
+    /// The account of that id, if there is one.
+    std::optional<Account> account(const AccountId& id);
     void saveAccounts(std::vector<Account> accounts);
     /// The Pages of all accounts in stored order.
     std::vector<PageConfig> loadPages();

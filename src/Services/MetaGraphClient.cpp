@@ -2,7 +2,6 @@
 
 #include "Services/AnswerDecoding.h"
 #include "Services/GraphAnswers.h"
-#include "Services/PictureDownloads.h"
 #include "Services/TokenRedaction.h"
 
 #include <algorithm>
@@ -15,20 +14,8 @@ namespace {
 
 constexpr const char* domain = "MetaGraph";
 
-HttpOptions optionsFor(HttpOptions options, const std::optional<Account>& account) {
-    options.proxy.reset();
-    options.useSystemProxy = false;
-    if (account && account->proxyEnabled && !account->proxyHost.empty() && account->proxyPort > 0)
-        options.proxy = HttpOptions::Proxy{account->proxyHost, account->proxyPort};
-    return options;
-}
-
-bool isSuccess(const HttpResponse& response) {
-    return response.status >= 200 && response.status <= 299;
-}
-
 Result<void> checkHTTPResponse(const HttpResponse& response) {
-    if (isSuccess(response))
+    if (response.isSuccess())
         return {};
     const int status = static_cast<int>(response.status);
     const auto inBrackets = " (" + std::to_string(status) + ")";
@@ -56,7 +43,7 @@ Error errorOf(const Result<HttpResponse>& response, const SecretText& token) {
 /// Waits for the answer and tells success from failure.
 Task<Result<std::string>> bodyOf(Task<Result<HttpResponse>> sending, SecretText token) {
     auto response = co_await std::move(sending);
-    if (response && isSuccess(*response))
+    if (response && response->isSuccess())
         co_return std::move(response->body);
     auto work = [response = std::move(response), token] { return errorOf(response, token); };
     auto explaining = inBackground(std::move(work)); // The body may be a long one.
@@ -77,14 +64,17 @@ decoded(Task<Result<std::string>> receiving, Result<Value> (*decode)(const nlohm
 
 MetaGraphClient::MetaGraphClient(
     std::string graphBaseURL, SecretText pageToken, const std::optional<Account>& account,
-    HttpOptions options)
+    AccountRoutes& routes)
     : graphBaseURL_(std::move(graphBaseURL)),
       pageToken_(std::move(pageToken)),
-      session_(optionsFor(std::move(options), account)) {}
+      session_(routes.of(account)) {}
+
+std::string MetaGraphClient::addressOf(const std::string& path) const {
+    return graphBaseURL_ + path + encodedForQuery(pageToken_);
+}
 
 Task<Result<std::string>> MetaGraphClient::get(const std::string& path) {
-    return bodyOf(
-        session_.send({.url = graphBaseURL_ + path + encodedForQuery(pageToken_)}), pageToken_);
+    return bodyOf(session_.http.send({.url = addressOf(path)}), pageToken_);
 }
 
 Task<Result<PageInfo>> MetaGraphClient::fetchPageInfo() {
@@ -104,11 +94,8 @@ Task<Result<std::vector<MetaGraphClient::ResolvedPage>>> MetaGraphClient::fetchM
 }
 
 Task<Result<std::string>> MetaGraphClient::fetchCustomerAvatarData(PageId customerId) {
-    const auto alive = lifetime_.watch();
-    const auto place = co_await pictureDownloads().acquire();
-    if (!alive)
-        co_return failure(domain, 0, "Yêu cầu đã bị hủy.");
-    co_return co_await get("/" + customerId.text + "/picture?type=normal&access_token=");
+    const auto address = addressOf("/" + customerId.text + "/picture?type=normal&access_token=");
+    return bodyOf(session_.pictures.fetch(address), pageToken_);
 }
 
 } // namespace tessaro

@@ -2,11 +2,10 @@
 
 #include "Models/Account.h"
 #include "Models/PageInfo.h"
-#include "Platform/HttpClient.h"
 #include "Platform/Lifetime.h"
 #include "Platform/Result.h"
 #include "Platform/SecretText.h"
-#include "Platform/Task.h"
+#include "Services/AccountRoutes.h"
 
 #include <functional>
 #include <memory>
@@ -17,7 +16,7 @@
 namespace tessaro {
 
 /// A client of the Facebook Graph API for one access token and, optionally, the account under which
-/// it is used. Short-lived; main thread. Errors have the domain "MetaGraph", "HTTP" or "JSON", and
+/// it is used. Short-lived; UI thread. Errors have the domain "MetaGraph", "HTTP" or "JSON", and
 /// their messages never hold the token, in clear or percent-encoded, even when the server echoes
 /// it.
 class MetaGraphClient {
@@ -34,28 +33,27 @@ public:
 
     /// @param graphBaseURL  scheme, host and version path that begin every request
     /// @param account       its proxy is used when it is switched on and complete
-    /// @param options       limits and certificate authorities; `proxy` is set from the account
     MetaGraphClient(
         std::string graphBaseURL, SecretText pageToken, const std::optional<Account>& account,
-        HttpOptions options = {});
+        AccountRoutes& routes);
     virtual ~MetaGraphClient() = default;
 
     /// The description of the token's own object, "/me". Asked once: the first answer is kept.
     virtual Task<Result<PageInfo>> fetchPageInfo();
     /// The Pages that a user token manages, "/me/accounts", in the order received.
     virtual Task<Result<std::vector<ResolvedPage>>> fetchManagedPages();
-    /// The picture bytes of any Graph object. Waits for one of the places that all picture
-    /// downloads of the program share.
+    /// The picture bytes of any Graph object. Waits in the route's queue of pictures.
     virtual Task<Result<std::string>> fetchCustomerAvatarData(PageId customerId);
 
 private:
-    /// Sends the request for that path, which ends in the name of the token's parameter, and yields
-    /// the body of an answer that reports success.
+    /// The address of that path, which ends in the name of the token's parameter.
+    std::string addressOf(const std::string& path) const;
+    /// Asks for it and yields the body of an answer that reports success.
     Task<Result<std::string>> get(const std::string& path);
 
     std::string graphBaseURL_;
     SecretText pageToken_;
-    HttpClient session_;
+    AccountRoutes::Route session_;
     std::optional<PageInfo> cachedPageInfo_;
     Lifetime lifetime_;
 };

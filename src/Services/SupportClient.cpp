@@ -87,7 +87,7 @@ Task<Result<Answer>> SupportClient::performRequest(
                 response.error().message,
             response.error());
     const unsigned status = response->status;
-    if (status < 200 || status > 299) {
+    if (!response->isSuccess()) {
         auto decoding =
             decodedAnswer(std::move(response->body), &decodeSupportAnswer<APIErrorResponse>);
         const auto message = messageOf(co_await std::move(decoding), status);

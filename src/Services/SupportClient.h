@@ -22,7 +22,7 @@ struct UpdateInfo {
 };
 
 /// Talks to the maker's support server in JSON over HTTPS. Every failure is logged and returned;
-/// its domain is "SupportClient", "HTTP" or "JSON". Main thread.
+/// its domain is "SupportClient", "HTTP" or "JSON". UI thread.
 class SupportClient {
 public:
     static constexpr const char* serverURLKey = "skarn_server_url";

@@ -35,6 +35,7 @@ public:
     Property<std::optional<ResolvedPage>> selectedResolvedPage;
     Property<std::optional<PageInfo>> directPageInfo;
 
+    const Account& account() const { return account_; }
     /// Whether there is anything to verify once blanks and line breaks are trimmed.
     bool hasToken() const;
     void verifyToken();

@@ -1,5 +1,7 @@
 #include "ViewModels/PagesViewModel.h"
 
+#include "Platform/Background.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <utility>
@@ -11,8 +13,13 @@ constexpr const char* domain = "Pages";
 }
 
 PagesViewModel::PagesViewModel(
-    DataStore& store, AppLogger& logger, const Clock& clock, GraphClientFactory makeClient)
-    : store_(store), logger_(logger), clock_(clock), makeClient_(std::move(makeClient)) {}
+    DataStore& store, AppLogger& logger, const Clock& clock, GraphClientFactory makeClient,
+    PictureCheck isPicture)
+    : store_(store),
+      logger_(logger),
+      clock_(clock),
+      makeClient_(std::move(makeClient)),
+      isPicture_(std::move(isPicture)) {}
 
 void PagesViewModel::loadPages(const AccountId& account) {
     currentAccountId_ = account;
@@ -23,13 +30,7 @@ void PagesViewModel::loadPages(const AccountId& account) {
 }
 
 void PagesViewModel::fetchMissingPictures() {
-    std::optional<Account> owner;
-    for (auto& candidate : store_.loadAccounts()) {
-        if (candidate.id == currentAccountId_) {
-            owner = std::move(candidate);
-            break;
-        }
-    }
+    const auto owner = store_.account(*currentAccountId_);
     for (const PageConfig& page : *pages) {
         // A power cut can leave an empty file.
         std::error_code missing;
@@ -37,23 +38,39 @@ void PagesViewModel::fetchMissingPictures() {
             !missing)
             continue;
         fetchPicture(
-            makeClient_(page.pageToken, owner), page.pageId,
-            "PagesVM: Lỗi tải avatar trang " + page.pageName)
-            .detach();
+            makeClient_(page.pageToken, owner),
+            {page.pageId, page.pageToken, AccountRoutes::proxyOf(owner)},
+            "PagesVM: Lỗi tải avatar trang " + page.pageName);
     }
 }
 
-Task<void> PagesViewModel::fetchPicture(
-    std::shared_ptr<MetaGraphClient> client, PageId id, std::string complaint) {
+void PagesViewModel::fetchPicture(
+    const std::shared_ptr<MetaGraphClient>& client, Download download, std::string complaint) {
+    if (std::ranges::find(downloads_, download) != downloads_.end())
+        return;
+    downloads_.push_back(download);
+    run(client, std::move(download), std::move(complaint)).detach();
+}
+
+Task<void> PagesViewModel::run(
+    std::shared_ptr<MetaGraphClient> client, Download download, std::string complaint) {
     const auto alive = lifetime_.watch();
-    const auto picture = co_await client->fetchCustomerAvatarData(id);
+    const auto isPicture = isPicture_;
+    auto picture = co_await client->fetchCustomerAvatarData(download.id);
+    if (picture && isPicture) {
+        auto work = [&] { return isPicture(*picture); };
+        auto checking = inBackground(std::move(work));
+        if (!co_await std::move(checking))
+            picture = failure("Pictures", 0, "Dữ liệu nhận được không phải là ảnh.");
+    }
     if (!alive)
         co_return;
+    std::erase(downloads_, download);
     if (!picture) {
         logger_.log(complaint + ": " + picture.error().message, "ERROR");
         co_return;
     }
-    store_.saveAvatarData(id.text, *picture);
+    store_.saveAvatarData(download.id.text, *picture);
     changed.emit();
 }
 
@@ -71,8 +88,7 @@ Task<Result<void>> PagesViewModel::addPage(SecretText token, Account account) {
     auto info = co_await client->fetchPageInfo();
     if (!alive)
         co_return tl::unexpected(Error{}); // Nobody is left to show one.
-    const auto accounts = store_.loadAccounts();
-    if (info && std::ranges::find(accounts, account) == accounts.end())
+    if (info && !store_.account(account.id))
         info = failure(domain, 0, "Tài khoản đã bị xóa nên Page không được thêm.");
     if (!info)
         logger_.log("PagesVM: Lỗi khi thêm trang: " + info.error().message, "ERROR");
@@ -90,8 +106,9 @@ Task<Result<void>> PagesViewModel::addPage(SecretText token, Account account) {
         verifyError.set(added.error().message);
     isVerifying.set(false);
     if (added)
-        fetchPicture(client, info->id, "PagesVM: Lỗi tải avatar khi thêm trang " + info->name)
-            .detach();
+        fetchPicture(
+            client, {info->id, token, AccountRoutes::proxyOf(account)},
+            "PagesVM: Lỗi tải avatar khi thêm trang " + info->name);
     co_return added;
 }
 

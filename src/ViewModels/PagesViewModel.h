@@ -9,9 +9,11 @@
 #include "Services/DataStore.h"
 #include "Services/MetaGraphClient.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tessaro {
@@ -20,8 +22,13 @@ namespace tessaro {
 /// only.
 class PagesViewModel {
 public:
+    /// Tells a whole picture from what is none. Called in the background.
+    using PictureCheck = std::function<bool(std::string_view)>;
+
+    /// @param isPicture  what it refuses does not get into the cache; without it everything does
     PagesViewModel(
-        DataStore& store, AppLogger& logger, const Clock& clock, GraphClientFactory makeClient);
+        DataStore& store, AppLogger& logger, const Clock& clock, GraphClientFactory makeClient,
+        PictureCheck isPicture = {});
 
     Property<std::vector<PageConfig>> pages;          ///< In stored order; a new one comes last.
     Property<std::optional<PageConfig>> selectedPage; ///< A copy of the selected Page.
@@ -48,15 +55,29 @@ private:
     /// Writes what is stored, with the Pages of the account that is shown moved to the end, and
     /// the new Page behind them.
     void savePagesGlobal(const PageConfig& added);
+    /// A picture that is on its way, and by which token and which way it was asked for.
+    struct Download {
+        PageId id;
+        SecretText token;
+        std::optional<HttpOptions::Proxy> proxy;
+
+        bool operator==(const Download&) const = default;
+    };
+
     void fetchMissingPictures();
-    /// Puts the picture into the cache; a failure is logged behind the complaint.
+    /// Puts the picture into the cache, unless it is on its way already; a failure is logged behind
+    /// the complaint.
+    void fetchPicture(
+        const std::shared_ptr<MetaGraphClient>& client, Download download, std::string complaint);
     Task<void>
-    fetchPicture(std::shared_ptr<MetaGraphClient> client, PageId id, std::string complaint);
+    run(std::shared_ptr<MetaGraphClient> client, Download download, std::string complaint);
 
     DataStore& store_;
     AppLogger& logger_;
     const Clock& clock_;
     GraphClientFactory makeClient_;
+    PictureCheck isPicture_;
+    std::vector<Download> downloads_;
     std::optional<AccountId> currentAccountId_;
     Lifetime lifetime_;
 };

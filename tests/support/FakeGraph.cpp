@@ -7,7 +7,7 @@ namespace {
 class FakeClient final : public MetaGraphClient {
 public:
     FakeClient(FakeGraph& graph, const SecretText& token)
-        : MetaGraphClient("http://127.0.0.1:9/v25.0", token, std::nullopt),
+        : MetaGraphClient("http://127.0.0.1:9/v25.0", token, std::nullopt, graph.routes),
           graph_(graph),
           token_(token.reveal()) {}
 

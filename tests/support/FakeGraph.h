@@ -47,6 +47,7 @@ public:
     std::vector<std::string> asked;
     /// While it is shut, no answer comes.
     Gate gate;
+    AccountRoutes routes; ///< Taken by nobody.
 
     /// Outlived by this.
     GraphClientFactory factory();

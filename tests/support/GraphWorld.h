@@ -11,9 +11,9 @@ namespace tessaro::test {
 struct GraphWorld : StoreWorld {
     LoopbackServer server;
     std::string baseUrl = server.origin() + "/v25.0";
-    HttpOptions options;
+    AccountRoutes routes;
     GraphClientFactory makeClient = [this](SecretText token, std::optional<Account> account) {
-        return std::make_shared<MetaGraphClient>(baseUrl, std::move(token), account, options);
+        return std::make_shared<MetaGraphClient>(baseUrl, std::move(token), account, routes);
     };
 
     void answerMe(LoopbackServer::Answer answer) { server.answer("/v25.0/me", std::move(answer)); }

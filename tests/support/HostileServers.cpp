@@ -94,6 +94,7 @@ std::vector<HostileServer> hostileServers(const std::string& body) {
         {"SendsMoreThanItPromised", sends(withLength(body.size()) + body + body), true},
         {"AnnouncesALengthThatIsNoNumber", sends(success + "Content-Length: many\r\n\r\n" + body)},
         {"AnnouncesANegativeLength", sends(success + "Content-Length: -9\r\n\r\n" + body)},
+        {"CutsItsChunksShort", sends(chunked + "fff\r\n" + body.substr(0, body.size() / 2))},
         {"SizesItsChunksInWords", sends(chunked + "five\r\nhello\r\n0\r\n\r\n")},
         {"SpeaksNoHTTP", sends("SSH-2.0-server\r\n")},
         {"NeverEndsItsHeaders", sendsForEver(success, "X-More: " + block + "\r\n")},

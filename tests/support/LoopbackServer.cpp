@@ -34,7 +34,9 @@ std::string LoopbackServer::origin() const {
 }
 
 void LoopbackServer::answer(const std::string& path, Answer answer) {
-    auto text = "HTTP/1.1 " + std::to_string(answer.status) + " Answer\r\nConnection: close\r\n";
+    auto text = "HTTP/1.1 " + std::to_string(answer.status) + " Answer\r\n";
+    if (!keepsConnections_)
+        text += "Connection: close\r\n";
     for (const auto& [name, value] : answer.headers)
         text += name + ": " + value + "\r\n";
     text += "Content-Length: " + std::to_string(answer.body.size()) + "\r\n\r\n" + answer.body;
@@ -88,8 +90,12 @@ void LoopbackServer::serve(GObjectPtr<GSocketConnection> socket) {
     ServerConnection connection(std::move(socket), stop_);
     if (!identity_.empty())
         connection.startTls(identity_);
-    if (const auto request = connection.readRequest())
+    do {
+        const auto request = connection.readRequest();
+        if (!request)
+            break;
         respond(connection, *request);
+    } while (keepsConnections_);
     connection.close();
     const std::lock_guard lock(mutex_);
     --open_;

@@ -2,6 +2,7 @@
 
 #include "support/ServerConnection.h"
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -42,6 +43,9 @@ public:
     /// Hands every request for that path to the handler; "*" stands for all other paths.
     void handle(const std::string& path, Handler handler);
 
+    /// From now on answers leave their connections open for further requests.
+    void keepConnections() { keepsConnections_ = true; }
+
     /// What has arrived so far, in order.
     std::vector<ReceivedRequest> requests() const;
     /// How many requests for the path have arrived.
@@ -59,6 +63,7 @@ private:
     std::uint16_t port_ = 0;
     GObjectPtr<GSocketListener> listener_;
     GObjectPtr<GCancellable> stop_;
+    std::atomic<bool> keepsConnections_ = false;
 
     mutable std::mutex mutex_; ///< Guards everything below.
     std::map<std::string, Handler> handlers_;

@@ -65,10 +65,11 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_P(AHostileServer, IsEndedInBoundedTimeAndMemoryAndToldOfWithoutTheToken) {
     GraphWorld world;
     // Short enough to wait for each of them.
-    world.options = {.silenceLimit = 1s, .totalLimit = 700ms, .bodyLimit = 1 << 20};
+    const HttpOptions options{.silenceLimit = 1s, .totalLimit = 700ms, .bodyLimit = 1 << 20};
+    world.routes = AccountRoutes(options);
     world.baseUrl = GetParam().start(world.server);
     const auto client = world.makeClient(SecretText(marked), std::nullopt);
-    SupportClient support(world.settings, world.baseUrl, world.device, world.logger, world.options);
+    SupportClient support(world.settings, world.baseUrl, world.device, world.logger, options);
     const auto start = std::chrono::steady_clock::now();
     const PeakMemory memory;
     const auto check = [](const auto& result, bool answers) {

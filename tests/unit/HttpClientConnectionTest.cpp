@@ -82,29 +82,6 @@ TEST_F(HttpClientTls, SendsNothingInTheClearWhateverTheServerDoes) {
     EXPECT_EQ(plain.requests().size(), 0u);
 }
 
-TEST_F(HttpClientTls, TellsAWholeChunkedBodyFromOneThatWasCutShort) {
-    const std::string large(65537, 'd'), whole = "10001\r\n" + large + "\r\n0\r\n\r\n";
-    for (LoopbackServer* server : {&plain, &secure}) {
-        const auto receive = [&](const std::string& body, bool drop) {
-            server->handle("*", [=](ServerConnection& connection, const ReceivedRequest&) {
-                connection.write("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n");
-                connection.write(body.substr(0, 3)); // Not all of it at once.
-                connection.pause(std::chrono::milliseconds(5));
-                connection.write(body.substr(3));
-                if (drop)
-                    connection.drop();
-            });
-            return get(server->origin(), options);
-        };
-        EXPECT_EQ(receive(whole, false).value().body, large);
-        EXPECT_EQ(receive("0\r\n\r\n", false).value().body, "");
-        for (const auto size : {whole.size() - 1, whole.size() - 4, whole.size() - 7, 40000ul, 4ul})
-            for (const bool drop : {false, true})
-                EXPECT_FALSE(receive(whole.substr(0, size), drop)) << size;
-        EXPECT_FALSE(receive("5\r\nhelloo\r\n0\r\n\r\n", false));
-    }
-}
-
 TEST_F(HttpClientProxy, CarriesPlainAndTlsRequestsAlikeWithoutCredentials) {
     // It opens no tunnel, but speaks for the server at its end.
     const auto identity = authority.identity();

@@ -28,7 +28,9 @@ protected:
              R"({"id":"9","name":"Trang Chín","picture":{"data":{"url":"https://p/9"}}})",
              {}});
         world.server.answer("*", "a picture");
-        model.emplace(world.store, world.logger, world.clock, world.makeClient);
+        model.emplace(
+            world.store, world.logger, world.clock, world.makeClient,
+            [](std::string_view bytes) { return bytes != "no picture"; });
     }
 
     /// Stores the Pages and shows those of the account.
@@ -100,6 +102,46 @@ TEST_F(PagesViewModelTest, LogsAPictureThatCannotBeHadAndTriesAgainAtTheNextLoad
     waitForLines(3, "khi thêm trang Trang Chín: Lỗi Graph API (500)");
     EXPECT_THAT(stored(), ElementsAre(c, model->pages->back()));
     EXPECT_EQ(cached("3"), std::nullopt);
+}
+
+TEST_F(PagesViewModelTest, KeepsNothingThatIsNoPicture) {
+    world.answerPicture("3", {200, "no picture", {}});
+    show({c});
+    EXPECT_TRUE(runUntil([&] { return world.loggedLines().ends_with('\n'); }));
+    EXPECT_THAT(
+        world.loggedLines(),
+        HasSubstr("PagesVM: Lỗi tải avatar trang Trang: Dữ liệu nhận được không "
+                  "phải là ảnh.\n"));
+    EXPECT_EQ(cached("3"), std::nullopt);
+}
+
+TEST_F(PagesViewModelTest, AsksForAPictureThatIsOnItsWayAgainOnlyByAnotherWayOrToken) {
+    LoopbackServer proxy;
+    std::atomic<bool> released = false;
+    for (LoopbackServer* server : {&proxy, &world.server})
+        server->handle("*", [&](ServerConnection& connection, const ReceivedRequest&) {
+            while (!released && connection.pause(1ms)) {
+            }
+            connection.write("HTTP/1.1 404 None\r\nContent-Length: 0\r\n\r\n");
+        });
+    auto moved = account;
+    moved.proxyEnabled = true;
+    moved.proxyHost = "127.0.0.1";
+    moved.proxyPort = proxy.port();
+    world.store.saveAccounts({moved, other});
+    for (int load = 0; load < 3; ++load)
+        show({c});
+    EXPECT_TRUE(runUntil([&] { return proxy.requests().size() == 1; }));
+    world.store.saveAccounts({account, other});
+    for (int load = 0; load < 3; ++load)
+        show({c});
+    auto renewed = c;
+    renewed.pageToken = SecretText("another token");
+    show({renewed});
+    EXPECT_TRUE(runUntil([&] { return world.server.requests().size() == 2; }));
+    released = true;
+    EXPECT_TRUE(runUntil([&] { return std::ranges::count(world.loggedLines(), '\n') == 3; }));
+    EXPECT_THAT(proxy.requests(), SizeIs(1));
 }
 
 TEST_F(PagesViewModelTest, AddsThePageThatTheTokenDescribesAndRefusesItTheSecondTime) {

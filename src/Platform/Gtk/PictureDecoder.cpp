@@ -16,10 +16,20 @@ int scaled(int side, double factor) {
     return std::max(1, static_cast<int>(std::lround(side * factor)));
 }
 
+/// Whether the bytes begin a picture and lack its end, which the platform's decoders fill up in
+/// grey: a JPEG without its last marker, a PNG without its last chunk.
+bool isCut(std::string_view bytes) {
+    if (bytes.starts_with("\xFF\xD8"))
+        return bytes.rfind("\xFF\xD9") + 1 <= bytes.rfind("\xFF\xDA") + 1;
+    return bytes.starts_with("\x89PNG") && bytes.rfind("IEND") == bytes.npos;
+}
+
 } // namespace
 
 GObjectPtr<GdkTexture>
 decodePicture(std::string_view bytes, int pixels, const Cancellation& cancellation) {
+    if (isCut(bytes))
+        return {};
     const auto loader = GObjectPtr<GdkPixbufLoader>::adopt(gdk_pixbuf_loader_new());
     bool accepted = true;
     // Emitted as soon as the header is read. A size of zero makes every decoder stop there.
@@ -52,6 +62,11 @@ decodePicture(std::string_view bytes, int pixels, const Cancellation& cancellati
     const auto upright =
         GObjectPtr<GdkPixbuf>::adopt(gdk_pixbuf_apply_embedded_orientation(decoded));
     return GObjectPtr<GdkTexture>::adopt(gdk_texture_new_for_pixbuf(upright.get()));
+}
+
+bool isWholePicture(std::string_view bytes) {
+    constexpr int pixels = 64;
+    return static_cast<bool>(decodePicture(bytes, pixels, Cancellation()));
 }
 
 } // namespace tessaro

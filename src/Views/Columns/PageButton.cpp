@@ -17,7 +17,7 @@ std::string shortened(const std::string& count) {
 PageButton::PageButton(const ScreenContext& context, const tessaro::Property<std::string>& unread)
     : graphBaseUrl_(context.endpoints.graphBaseUrl()),
       unread_(unread),
-      avatar_(context, face::size, AvatarShape::roundedRectangle(8)) {
+      avatar_(context.images, context.theme, face::size, AvatarShape::roundedRectangle(8)) {
     set_css_classes({"borderless", "face-button", "square"});
     set_halign(Gtk::Align::CENTER);
     face_.set_child(avatar_);
@@ -36,8 +36,10 @@ void PageButton::show(const PageConfig& page) {
     name_ = page.pageName.empty() ? "Page" : page.pageName;
     avatar_.setAvatar(
         page.pageId.text, page.pageName,
-        graphBaseUrl_ + "/" + page.pageId.text +
-            "/picture?type=normal&access_token=" + page.pageToken.reveal());
+        WebPicture{
+            graphBaseUrl_ + "/" + page.pageId.text +
+                "/picture?type=normal&access_token=" + page.pageToken.reveal(),
+            page.accountId});
     badge_.setDot(page.isConnected ? face::green : face::grey);
     setTooltip(name_);
     showUnread();

@@ -5,6 +5,7 @@
 #include "Views/Columns/FaceBadge.h"
 #include "Views/Columns/RecordColumn.h"
 #include "Views/Pictures/SafeAvatarView.h"
+#include "Views/ScreenContext.h"
 
 #include <gtkmm/label.h>
 #include <gtkmm/overlay.h>

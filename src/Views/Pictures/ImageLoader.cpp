@@ -1,8 +1,8 @@
 #include "Views/Pictures/ImageLoader.h"
 
+#include "Platform/Background.h"
 #include "Platform/FileStore.h"
 #include "Platform/Gtk/PictureDecoder.h"
-#include "Services/PictureDownloads.h"
 
 #include <glibmm/wrap.h>
 
@@ -13,19 +13,7 @@ namespace tessaro {
 
 namespace {
 
-using TexturePtr = Glib::RefPtr<Gdk::Texture>;
-
 constexpr std::uintmax_t longestFile = 16 * 1024 * 1024;
-
-/// Lives in the coroutine that waits for it; between start and end only the worker touches it.
-struct Job {
-    std::filesystem::path file; ///< Read in place of `bytes` unless it is empty.
-    std::string bytes;
-    int pixels;
-    Cancellation cancellation;
-    ImageLoader::Finish finish; ///< May be empty.
-    GObjectPtr<GdkTexture> texture;
-};
 
 std::string readPicture(const std::filesystem::path& file) {
     std::error_code error;
@@ -35,55 +23,59 @@ std::string readPicture(const std::filesystem::path& file) {
     return readFile(file).value_or(std::string());
 }
 
-void work(GTask* task, gpointer, gpointer data, GCancellable*) noexcept {
-    auto* job = static_cast<Job*>(data);
-    if (!job->cancellation.isCancelled()) {
-        if (!job->file.empty())
-            job->bytes = readPicture(job->file);
-        job->texture = decodePicture(job->bytes, job->pixels, job->cancellation);
-        if (job->texture && job->finish)
-            job->texture = job->finish(*job->texture.get());
-    }
-    g_task_return_boolean(task, TRUE);
-}
-
-Task<TexturePtr> decode(Job job) {
-    co_await AsyncCall(
-        [&job](GAsyncReadyCallback ready, gpointer data) {
-            const auto task = GObjectPtr<GTask>::adopt(g_task_new(nullptr, nullptr, ready, data));
-            g_task_set_task_data(task.get(), &job, nullptr);
-            g_task_run_in_thread(task.get(), &work);
-        },
-        [](GObject*, GAsyncResult* result) {
-            return g_task_propagate_boolean(reinterpret_cast<GTask*>(result), nullptr);
-        });
-    if (!job.texture || job.cancellation.isCancelled())
-        co_return TexturePtr();
-    co_return Glib::wrap(job.texture.get(), true);
+/// Runs the decoding in the background and hands its result to the toolkit.
+template <typename Decode>
+Task<ImageLoader::Picture>
+decodeInBackground(Decode decode, Cancellation cancellation, ImageLoader::Finish finish) {
+    auto work = [&] {
+        auto texture = cancellation.isCancelled() ? nullptr : decode(cancellation);
+        return texture ? finish(*texture.get()) : texture;
+    };
+    auto decoding = inBackground(std::move(work));
+    const auto texture = co_await std::move(decoding);
+    if (!texture || cancellation.isCancelled())
+        co_return ImageLoader::Picture();
+    co_return Glib::wrap(texture.get(), true);
 }
 
 } // namespace
 
-ImageLoader::ImageLoader(HttpOptions options) : http_(std::move(options)) {}
+ImageLoader::ImageLoader(DataStore& store, NotificationCenter& notifications, AccountRoutes& routes)
+    : store_(store), notifications_(notifications), routes_(routes) {}
 
-Task<TexturePtr> ImageLoader::loadFile(
-    std::filesystem::path file, int pixels, Cancellation cancellation, Finish finish) {
-    return decode({std::move(file), {}, pixels, std::move(cancellation), std::move(finish), {}});
+Task<ImageLoader::Picture>
+ImageLoader::loadCached(std::string id, int pixels, Cancellation cancellation, Finish finish) {
+    return decodeInBackground(
+        [file = store_.localAvatarURL(id), pixels](const Cancellation& stop) {
+            return decodePicture(readPicture(file), pixels, stop);
+        },
+        std::move(cancellation), std::move(finish));
 }
 
-Task<TexturePtr>
-ImageLoader::loadUrl(std::string url, int pixels, Cancellation cancellation, Finish finish) {
-    const auto alive = lifetime_.watch();
-    const auto place = co_await pictureDownloads().acquire();
-    if (!alive || cancellation.isCancelled())
-        co_return TexturePtr();
-    auto request = http_.send({.url = std::move(url)}, cancellation);
-    auto response = co_await std::move(request);
-    if (!response || response->status < 200 || response->status > 299 || cancellation.isCancelled())
-        co_return TexturePtr();
-    auto decoding =
-        decode({{}, std::move(response->body), pixels, cancellation, std::move(finish), {}});
-    co_return co_await std::move(decoding);
+ScopedConnection ImageLoader::observeCache(std::function<void(const std::string& id)> written) {
+    return notifications_.observe(
+        DataStore::avatarDownloaded, [written = std::move(written)](const Notification& posted) {
+            if (const auto id = posted.userInfo.find("id"); id != posted.userInfo.end())
+                written(id->second);
+        });
+}
+
+Task<PictureQueue::Answer> ImageLoader::fetch(WebPicture picture) {
+    const auto account = store_.account(picture.account);
+    if (!account)
+        co_return nullptr;
+    auto fetching = routes_.of(account).pictures.fetchOnce(std::move(picture.url));
+    const auto answer = co_await std::move(fetching);
+    co_return *answer && (*answer)->isSuccess() ? answer : nullptr;
+}
+
+Task<ImageLoader::Picture> ImageLoader::decode(
+    PictureQueue::Answer answer, int pixels, Cancellation cancellation, Finish finish) {
+    return decodeInBackground(
+        [answer = std::move(answer), pixels](const Cancellation& stop) {
+            return decodePicture((*answer)->body, pixels, stop);
+        },
+        std::move(cancellation), std::move(finish));
 }
 
 } // namespace tessaro

@@ -1,42 +1,54 @@
 #pragma once
 
-#include "Platform/Cancellation.h"
 #include "Platform/GHandle.h"
-#include "Platform/HttpClient.h"
-#include "Platform/Lifetime.h"
-#include "Platform/Task.h"
+#include "Platform/NotificationCenter.h"
+#include "Services/AccountRoutes.h"
+#include "Services/DataStore.h"
 
 #include <gdkmm/texture.h>
 #include <glibmm/refptr.h>
 
-#include <filesystem>
 #include <functional>
 #include <string>
 
 namespace tessaro {
 
-/// Turns pictures into textures of the size at which they are drawn, off the drawing path. A
-/// picture that claims more than 4096 by 4096 pixels, or that is none, is refused before it is
-/// decoded. Every failure is an empty pointer. UI thread only.
+/// A picture's address in the web, and the account by whose way it is asked for.
+struct WebPicture {
+    std::string url; ///< May hold a token; never shown or logged.
+    AccountId account;
+
+    bool operator==(const WebPicture&) const = default;
+};
+
+/// The one source of pictures: the cache, and the web. Decodes them to the size at which they are
+/// drawn, in the background. Every failure is an empty pointer. UI thread.
 class ImageLoader {
 public:
-    /// Makes of a decoded picture what is drawn, in the background.
+    using Picture = Glib::RefPtr<Gdk::Texture>;
+    /// Makes of a decoded picture what is drawn. Called in the background.
     using Finish = std::function<GObjectPtr<GdkTexture>(GdkTexture& decoded)>;
 
-    /// @param options  how remote pictures are carried, six at a time in the whole program
-    explicit ImageLoader(HttpOptions options = {});
+    /// All of them outlive this.
+    ImageLoader(DataStore& store, NotificationCenter& notifications, AccountRoutes& routes);
 
-    /// A stored picture, read and decoded in the background, scaled to fill `pixels` by `pixels`
-    /// with its aspect ratio kept.
-    Task<Glib::RefPtr<Gdk::Texture>>
-    loadFile(std::filesystem::path file, int pixels, Cancellation cancellation, Finish finish = {});
-    /// A picture from the web. The address may hold a token and is never shown or logged.
-    Task<Glib::RefPtr<Gdk::Texture>>
-    loadUrl(std::string url, int pixels, Cancellation cancellation, Finish finish = {});
+    /// The cached picture of that id, scaled to fill `pixels` by `pixels` with its aspect ratio
+    /// kept.
+    Task<Picture> loadCached(std::string id, int pixels, Cancellation cancellation, Finish finish);
+    /// Calls with the id when a picture was written to the cache.
+    ScopedConnection observeCache(std::function<void(const std::string& id)> written);
+
+    /// The answer that holds a picture, from whoever else has it now, or asked for by the account's
+    /// way. None without the account, which alone knows the way.
+    Task<PictureQueue::Answer> fetch(WebPicture picture);
+    /// The picture in it, to the size of `loadCached`.
+    Task<Picture>
+    decode(PictureQueue::Answer answer, int pixels, Cancellation cancellation, Finish finish);
 
 private:
-    HttpClient http_;
-    Lifetime lifetime_;
+    DataStore& store_;
+    NotificationCenter& notifications_;
+    AccountRoutes& routes_;
 };
 
 } // namespace tessaro

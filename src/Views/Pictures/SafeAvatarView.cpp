@@ -22,8 +22,14 @@ void setColor(const Cairo::RefPtr<Cairo::Context>& context, const Rgba& color) {
 
 } // namespace
 
-SafeAvatarView::SafeAvatarView(const ScreenContext& context, double size, AvatarShape shape)
-    : Glib::ObjectBase("TessaroSafeAvatarView"), context_(context), size_(size), shape_(shape) {
+SafeAvatarView::SafeAvatarView(
+    ImageLoader& images, ThemeManager& theme, double size, AvatarShape shape, std::string nameless)
+    : Glib::ObjectBase("TessaroSafeAvatarView"),
+      images_(images),
+      theme_(theme),
+      size_(size),
+      shape_(shape),
+      nameless_(std::move(nameless)) {
     g_object_set(gobj(), "accessible-role", GTK_ACCESSIBLE_ROLE_PRESENTATION, nullptr);
     // Another monitor may have another number of pixels to the point.
     property_scale_factor().signal_changed().connect(
@@ -35,7 +41,7 @@ SafeAvatarView::~SafeAvatarView() {
 }
 
 void SafeAvatarView::setAvatar(
-    std::string id, std::string name, std::optional<std::string> fallbackUrl) {
+    std::string id, std::string name, std::optional<WebPicture> fallbackUrl) {
     const bool otherId = id != id_;
     const bool otherUrl = fallbackUrl != fallbackUrl_;
     id_ = std::move(id);
@@ -44,6 +50,7 @@ void SafeAvatarView::setAvatar(
     if (otherId)
         localImage_.reset();
     if (otherId || otherUrl) {
+        remoteAnswer_.reset();
         remoteImage_.reset();
         loadLocalImage();
     }
@@ -58,30 +65,34 @@ void SafeAvatarView::loadLocalImage() {
 }
 
 Task<void> SafeAvatarView::load(SafeAvatarView* self, Lifetime::Watch alive, Cancellation loading) {
-    const ScreenContext& context = self->context_;
-    const auto show = [&](Glib::RefPtr<Gdk::Texture>& place, const auto& picture) {
-        place = picture;
+    ImageLoader& images = self->images_;
+    if (!self->id_.empty()) {
+        auto reading = images.loadCached(self->id_, self->pixels(), loading, self->cutter());
+        auto local = co_await std::move(reading);
+        if (!alive || loading.isCancelled())
+            co_return;
+        self->localImage_ = std::move(local);
         self->queue_draw();
-    };
-
-    auto reading = context.images.loadFile(
-        context.store.localAvatarURL(self->id_), self->pixels(), loading, self->cutter());
-    const auto local = co_await std::move(reading);
+    }
+    if (self->localImage_ || !self->fallbackUrl_)
+        co_return;
+    if (!self->remoteAnswer_) {
+        auto fetching = images.fetch(*self->fallbackUrl_);
+        auto answer = co_await std::move(fetching);
+        if (!alive || loading.isCancelled() || !answer)
+            co_return;
+        self->remoteAnswer_ = std::move(answer);
+    }
+    auto decoding = images.decode(self->remoteAnswer_, self->pixels(), loading, self->cutter());
+    auto remote = co_await std::move(decoding);
     if (!alive || loading.isCancelled())
         co_return;
-    show(self->localImage_, local);
-    if (local || self->remoteImage_ || !self->fallbackUrl_)
-        co_return;
-
-    auto fetching =
-        context.images.loadUrl(*self->fallbackUrl_, self->pixels(), loading, self->cutter());
-    const auto remote = co_await std::move(fetching);
-    if (alive && !loading.isCancelled())
-        show(self->remoteImage_, remote);
+    self->remoteImage_ = std::move(remote);
+    self->queue_draw();
 }
 
 std::string SafeAvatarView::initial() const {
-    return name_.empty() ? "?" : firstCharacterUpperCased(name_);
+    return name_.empty() ? nameless_ : firstCharacterUpperCased(name_);
 }
 
 int SafeAvatarView::pixels() const {
@@ -95,13 +106,11 @@ void SafeAvatarView::measure_vfunc(
 
 void SafeAvatarView::on_map() {
     Gtk::Widget::on_map();
-    avatarDownloaded_ = context_.notifications.observe(
-        DataStore::avatarDownloaded, [this](const Notification& notification) {
-            const auto id = notification.userInfo.find("id");
-            if (id != notification.userInfo.end() && id->second == id_)
-                loadLocalImage();
-        });
-    themeChanged_ = context_.theme.observe([this] { queue_draw(); });
+    avatarDownloaded_ = images_.observeCache([this](const std::string& id) {
+        if (id == id_)
+            loadLocalImage();
+    });
+    themeChanged_ = theme_.observe([this] { queue_draw(); });
     loadLocalImage();
 }
 
@@ -130,7 +139,7 @@ void SafeAvatarView::snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot)
 
     const auto context = snapshot->append_cairo(&bounds);
     context->translate(bounds.origin.x, bounds.origin.y);
-    setColor(context, context_.theme.themePrimaryLight());
+    setColor(context, theme_.themePrimaryLight());
     shape_.addTo(context, size_);
     context->fill();
 
@@ -142,7 +151,7 @@ void SafeAvatarView::snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot)
     int width = 0;
     int height = 0;
     layout->get_pixel_size(width, height);
-    setColor(context, context_.theme.themePrimary());
+    setColor(context, theme_.themePrimary());
     context->move_to((size_ - width) / 2, (size_ - height) / 2);
     layout->show_in_cairo_context(context);
 }

@@ -2,9 +2,9 @@
 
 #include "Platform/Lifetime.h"
 #include "Views/Pictures/AvatarShape.h"
-#include "Views/ScreenContext.h"
+#include "Views/Pictures/ImageLoader.h"
+#include "Views/Theme/ThemeManager.h"
 
-#include <gdkmm/texture.h>
 #include <gtkmm/widget.h>
 
 #include <optional>
@@ -19,21 +19,25 @@ namespace tessaro {
 /// ends the loading of the one before. UI thread only.
 class SafeAvatarView : public Gtk::Widget {
 public:
-    /// @param size  width and height in points
-    SafeAvatarView(const ScreenContext& context, double size, AvatarShape shape);
+    /// @param images, theme  outlive this
+    /// @param size           width and height in points
+    /// @param nameless       what stands for the letter of an empty name
+    SafeAvatarView(
+        ImageLoader& images, ThemeManager& theme, double size, AvatarShape shape,
+        std::string nameless = "?");
     ~SafeAvatarView() override;
 
-    /// @param id           the key of the cached picture
-    /// @param name         gives the letter; "?" stands for an empty one
-    /// @param fallbackUrl  the picture's address in the web
-    void setAvatar(std::string id, std::string name, std::optional<std::string> fallbackUrl);
+    /// @param id           the key of the cached picture; empty for a picture that has none
+    /// @param name         gives the letter
+    /// @param fallbackUrl  where the picture is in the web
+    void setAvatar(std::string id, std::string name, std::optional<WebPicture> fallbackUrl);
 
-    /// Reads the cached picture again. Happens by itself when the view appears, when its id
-    /// changes and when a picture of that id was written.
+    /// Reads the cached picture again. Happens by itself when the view appears, when its id or its
+    /// number of pixels changes and when a picture of that id was written.
     void loadLocalImage();
 
     /// The cached picture that is shown; empty when there is none.
-    const Glib::RefPtr<Gdk::Texture>& localImage() const { return localImage_; }
+    const ImageLoader::Picture& localImage() const { return localImage_; }
     /// What is drawn without a picture.
     std::string initial() const;
 
@@ -50,14 +54,17 @@ private:
     ImageLoader::Finish cutter() const;
     int pixels() const;
 
-    const ScreenContext& context_;
+    ImageLoader& images_;
+    ThemeManager& theme_;
     const double size_;
     const AvatarShape shape_;
+    const std::string nameless_;
     std::string id_;
     std::string name_;
-    std::optional<std::string> fallbackUrl_;
-    Glib::RefPtr<Gdk::Texture> localImage_;
-    Glib::RefPtr<Gdk::Texture> remoteImage_;
+    std::optional<WebPicture> fallbackUrl_;
+    ImageLoader::Picture localImage_;
+    PictureQueue::Answer remoteAnswer_; ///< To be decoded again for another number of pixels.
+    ImageLoader::Picture remoteImage_;
     Cancellation loading_;
     ScopedConnection avatarDownloaded_;
     ScopedConnection themeChanged_;

@@ -12,7 +12,7 @@ AddPageSheet::AddPageSheet(const ScreenContext& context, PagesViewModel& pagesVM
       flow_(pagesVM, std::move(account), context.makeGraphClient, [this] { dismiss(); }),
       token_("ACCESS TOKEN"),
       verify_("Xác minh Token", "checkmark.shield", 16),
-      picker_(context.images, flow_),
+      picker_(context, flow_),
       previewSlide_(previewPlace_, std::chrono::milliseconds(150)) {
     layOut();
     follow();
@@ -116,7 +116,7 @@ void AddPageSheet::show(const Preview& preview) {
     if (auto* old = previewPlace_.get_first_child())
         previewPlace_.remove(*old);
     auto* box = Gtk::make_managed<PagePreview>(
-        context_.images, preview.page, preview.avatarUrl, preview.caption);
+        context_, flow_.account(), preview.page, preview.avatarUrl, preview.caption);
     box->set_hexpand();
     previewPlace_.append(*box);
     showEnd();

@@ -2,9 +2,9 @@
 
 namespace tessaro {
 
-PagePicker::PagePicker(ImageLoader& images, AddPageFlow& flow)
+PagePicker::PagePicker(const ScreenContext& context, AddPageFlow& flow)
     : Gtk::Box(Gtk::Orientation::VERTICAL, 8),
-      images_(images),
+      context_(context),
       flow_(flow),
       header_(Gtk::Orientation::HORIZONTAL, 6),
       info_("info.circle.fill", 11),
@@ -28,7 +28,7 @@ void PagePicker::showPages() {
         remove(*row);
     rows_.clear();
     for (const auto& page : *flow_.resolvedPages) {
-        auto* row = Gtk::make_managed<PagePickerRow>(images_, page);
+        auto* row = Gtk::make_managed<PagePickerRow>(context_, flow_.account(), page);
         row->signal_clicked().connect([this, page] { flow_.selectedResolvedPage.set(page); });
         append(*row);
         rows_.push_back(row);

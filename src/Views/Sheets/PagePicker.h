@@ -13,8 +13,8 @@ namespace tessaro {
 /// The Pages of a user token, one of which is to be picked.
 class PagePicker : public Gtk::Box {
 public:
-    /// @param images, flow  outlive this
-    PagePicker(ImageLoader& images, AddPageFlow& flow);
+    /// @param context, flow  outlive this
+    PagePicker(const ScreenContext& context, AddPageFlow& flow);
 
     /// Gives the focus to the first Page; false when there is none.
     bool focusFirst();
@@ -23,7 +23,7 @@ private:
     void showPages();
     void showSelection();
 
-    ImageLoader& images_;
+    const ScreenContext& context_;
     AddPageFlow& flow_;
     Gtk::Separator divider_;
     Gtk::Box header_;

@@ -4,17 +4,18 @@
 
 namespace tessaro {
 
-PagePickerRow::PagePickerRow(ImageLoader& images, const MetaGraphClient::ResolvedPage& page)
+PagePickerRow::PagePickerRow(
+    const ScreenContext& context, const Account& account, const MetaGraphClient::ResolvedPage& page)
     : pageId_(page.id),
       row_(Gtk::Orientation::HORIZONTAL, 8),
-      picture_(images, page.name, page.avatarUrl, 36),
-      summary_(page.name, page.id.text, {"points-12", "medium"}, {"points-9", "secondary-text"}),
+      summary_(
+          context, account, page.id, page.name, page.avatarUrl,
+          {36, {"points-12", "medium"}, {"points-9", "secondary-text"}}),
       mark_("circle", 16) {
     set_css_classes({"borderless", "page-picker-row"});
-    picture_.set_valign(Gtk::Align::CENTER);
+    summary_.set_spacing(8);
     mark_.set_valign(Gtk::Align::CENTER);
     mark_.add_css_class("mark");
-    row_.append(picture_);
     row_.append(summary_);
     row_.append(mark_);
     set_child(row_);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Services/MetaGraphClient.h"
-#include "Views/Pictures/RemotePageImage.h"
 #include "Views/Sheets/PageSummary.h"
 #include "Views/Widgets/Symbol.h"
 
@@ -12,7 +10,9 @@ namespace tessaro {
 /// One Page of a user token, to be picked by a click anywhere in the row.
 class PagePickerRow : public Gtk::Button {
 public:
-    PagePickerRow(ImageLoader& images, const MetaGraphClient::ResolvedPage& page);
+    PagePickerRow(
+        const ScreenContext& context, const Account& account,
+        const MetaGraphClient::ResolvedPage& page);
 
     const PageId& pageId() const { return pageId_; }
     bool isSelected() const { return has_css_class("selected"); }
@@ -21,7 +21,6 @@ public:
 private:
     const PageId pageId_;
     Gtk::Box row_;
-    RemotePageImage picture_;
     PageSummary summary_;
     Symbol mark_;
 };

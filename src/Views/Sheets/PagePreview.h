@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Models/PageInfo.h"
-#include "Views/Pictures/RemotePageImage.h"
 #include "Views/Sheets/PageSummary.h"
 #include "Views/Widgets/Symbol.h"
 
@@ -15,16 +13,14 @@ namespace tessaro {
 class PagePreview : public Gtk::Box {
 public:
     PagePreview(
-        ImageLoader& images, const PageInfo& page, const std::optional<std::string>& avatarUrl,
-        const Glib::ustring& caption);
+        const ScreenContext& context, const Account& account, const PageInfo& page,
+        const std::optional<std::string>& avatarUrl, const Glib::ustring& caption);
 
 private:
     Gtk::Box captionRow_;
     Symbol checkmark_;
     Gtk::Label caption_;
     Gtk::Separator divider_;
-    Gtk::Box row_;
-    RemotePageImage picture_;
     PageSummary summary_;
 };
 

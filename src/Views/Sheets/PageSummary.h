@@ -1,19 +1,30 @@
 #pragma once
 
+#include "Services/MetaGraphClient.h"
+#include "Views/Pictures/SafeAvatarView.h"
+#include "Views/ScreenContext.h"
+
 #include <gtkmm/box.h>
 #include <gtkmm/label.h>
 
 namespace tessaro {
 
-/// A Page's name above its id.
+/// A Page that is not connected yet: its picture, its name and its id.
 class PageSummary : public Gtk::Box {
 public:
-    /// @param nameStyle, idStyle  classes of the style sheet
+    struct Style {
+        int pictureSide;                     ///< In points.
+        std::vector<Glib::ustring> name, id; ///< Classes of the style sheet.
+    };
+
+    /// @param account  by whose way the picture comes
     PageSummary(
-        const std::string& name, const std::string& id, const std::vector<Glib::ustring>& nameStyle,
-        const std::vector<Glib::ustring>& idStyle);
+        const ScreenContext& context, const Account& account, const PageId& id,
+        const std::string& name, const std::optional<std::string>& avatarUrl, const Style& style);
 
 private:
+    SafeAvatarView picture_;
+    Gtk::Box texts_;
     Gtk::Label name_;
     Gtk::Label id_;
 };

@@ -1,5 +1,6 @@
 #include "Views/Shell/MainSplitView.h"
 
+#include "Platform/Gtk/PictureDecoder.h"
 #include "Platform/Paths.h"
 #include "Views/Inbox/SiteNotifications.h"
 #include "Views/Shell/FooterBar.h"
@@ -21,7 +22,7 @@ MainSplitView::MainSplitView(
     : Gtk::Box(Gtk::Orientation::VERTICAL),
       context_(context),
       accountsVM_(context.store, context.device, context.clock),
-      pagesVM_(context.store, logger, context.clock, context.makeGraphClient),
+      pagesVM_(context.store, logger, context.clock, context.makeGraphClient, isWholePicture),
       accounts_(context, accountsVM_),
       firstDivider_(Gtk::Orientation::VERTICAL),
       pages_(context, pagesVM_),

@@ -59,7 +59,8 @@ struct ScreenWorld : StoreWorld {
     ThemeManager theme{settings, appearance, notifications, clock};
     RecordingModals modals;
     RecordingDesktop desktop;
-    ImageLoader images;
+    AccountRoutes routes;
+    ImageLoader images{store, notifications, routes};
     Endpoints endpoints = Endpoints::fromSettings(settings);
     ScreenContext context = contextOn(clock);
 

@@ -1,10 +1,13 @@
 #include "Views/Columns/PageListView.h"
 
+#include "Platform/Gtk/PictureDecoder.h"
 #include "Views/Columns/PageButton.h"
 #include "Views/Widgets/InboxCommands.h"
 #include "support/Gtk/Keyboard.h"
+#include "support/Gtk/Pictures.h"
 #include "support/Gtk/TestScreen.h"
 #include "support/Gtk/WidgetPicture.h"
+#include "support/LoopbackServer.h"
 
 #include <gtest/gtest.h>
 
@@ -69,6 +72,55 @@ TEST_F(PageListViewTest, TheSelectedPageAloneWearsTheOutlineAndTheCount) {
     EXPECT_TRUE(button("Lan").get_mapped());
     post("");
     EXPECT_TRUE(widgetsOf<Gtk::Label>(button("Mai")).empty());
+}
+
+TEST_F(PageListViewTest, PicturesComeByTheAccountsProxyEachOnceOrNotAtAll) {
+    LoopbackServer graph, proxy;
+    screen_.endpoints.graphApiOrigin = graph.origin();
+    proxy.answer("*", pngPicture(80, 80, 0x0000FFFF));
+    std::vector<PageConfig> pages;
+    for (int number = 1; number <= 7; ++number)
+        pages.push_back(makePage(account_, std::to_string(number), "P" + std::to_string(number)));
+    const auto client = [this](const SecretText& token, const std::optional<Account>& account) {
+        return std::make_shared<MetaGraphClient>(
+            screen_.endpoints.graphBaseUrl(), token, account, screen_.routes);
+    };
+    PagesViewModel pagesVM(screen_.store, screen_.logger, screen_.clock, client, isWholePicture);
+    PageListView view(screen_.context, pagesVM);
+    const auto showBy = [&](std::int64_t port) {
+        screen_.window.unset_child();
+        std::filesystem::remove_all(screen_.records / "avatars");
+        account_.proxyEnabled = true;
+        account_.proxyHost = "127.0.0.1";
+        account_.proxyPort = port;
+        screen_.store.saveAccounts({account_});
+        screen_.store.savePages(pages);
+        pagesVM.loadPages(account_.id);
+        screen_.show(view);
+    };
+    const auto shows = [&](const std::string& name, const Rgba& color) {
+        return runUntil([&] {
+            auto* const page = find<PageButton>(view, name);
+            return page && nearlyEqual(WidgetPicture(*page).at(19, 6), color);
+        });
+    };
+    showBy(proxy.port());
+    EXPECT_TRUE(shows("P1", {0, 0, 1, 1}));
+    EXPECT_TRUE(shows("P7", {0, 0, 1, 1}));
+    EXPECT_EQ(proxy.requests().size(), 7u);
+    // One that refuses, one that is gone, and one that no address can name.
+    proxy.answer("*", {407, "", {}});
+    for (const std::int64_t port :
+         {std::int64_t{proxy.port()}, std::int64_t{LoopbackServer().port()}, std::int64_t{70000}}) {
+        const auto lines = [&] { return std::ranges::count(screen_.loggedLines(), '\n'); };
+        const auto before = lines();
+        showBy(port);
+        EXPECT_TRUE(runUntil([&] { return lines() == before + 7; })) << port;
+        EXPECT_TRUE(shows("P7", screen_.theme.themePrimaryLight())) << port;
+    }
+    EXPECT_EQ(proxy.requests().size(), 14u);
+    EXPECT_EQ(graph.connectionCount(), 0u);
+    screen_.window.unset_child();
 }
 
 TEST_F(PageListViewTest, TheMenuDeletesAPage) {

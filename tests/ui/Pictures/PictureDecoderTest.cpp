@@ -28,3 +28,21 @@ TEST(PictureDecoder, KeepsNoMorePixelsThanAreDrawnAndRefusesWhatClaimsMoreThan40
             size);
     }
 }
+
+TEST(PictureDecoder, RefusesAPictureThatWasCut) {
+    const auto noise =
+        GObjectPtr<GdkPixbuf>::adopt(gdk_pixbuf_new(GDK_COLORSPACE_RGB, FALSE, 8, 100, 100));
+    for (gsize i = 0; i < gdk_pixbuf_get_byte_length(noise.get()); ++i)
+        gdk_pixbuf_get_pixels(noise.get())[i] = static_cast<guchar>(i * i / 7);
+    for (const char* type : {"jpeg", "png"}) {
+        gchar* buffer = nullptr;
+        gsize length = 0;
+        ASSERT_TRUE(
+            gdk_pixbuf_save_to_buffer(noise.get(), &buffer, &length, type, nullptr, nullptr));
+        const GCharPtr owner(buffer);
+        const std::string_view whole(buffer, length);
+        EXPECT_TRUE(isWholePicture(whole)) << type;
+        for (const std::size_t kept : {length - 9, length / 2, length / 10, 4ul})
+            EXPECT_FALSE(isWholePicture(whole.substr(0, kept))) << type << kept;
+    }
+}

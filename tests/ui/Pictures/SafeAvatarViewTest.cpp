@@ -12,6 +12,9 @@
 #include <atomic>
 #include <fstream>
 
+// Last, because of its macros.
+#include <gdk/x11/gdkx.h>
+
 using namespace tessaro;
 using namespace tessaro::test;
 
@@ -20,10 +23,32 @@ namespace {
 constexpr Rgba red{1, 0, 0, 1};
 constexpr Rgba blue{0, 0, 1, 1};
 
+/// How wide the texture is that the node draws; 0 without one.
+int texturePixels(GskRenderNode* node) {
+    switch (gsk_render_node_get_node_type(node)) {
+    case GSK_TEXTURE_NODE:
+        return gdk_texture_get_width(gsk_texture_node_get_texture(node));
+    case GSK_TRANSFORM_NODE:
+        return texturePixels(gsk_transform_node_get_child(node));
+    default:
+        return 0;
+    }
+}
+
+int drawnPixels(Gtk::Widget& widget) {
+    const auto paintable = GObjectPtr<GdkPaintable>::adopt(gtk_widget_paintable_new(widget.gobj()));
+    GtkSnapshot* snapshot = gtk_snapshot_new();
+    gdk_paintable_snapshot(paintable.get(), snapshot, widget.get_width(), widget.get_height());
+    const std::unique_ptr<GskRenderNode, Releaser<gsk_render_node_unref>> node(
+        gtk_snapshot_free_to_node(snapshot));
+    return node ? texturePixels(node.get()) : 0;
+}
+
 /// An avatar of 40 points in a shown window, on a server that has a blue picture under "/blue".
 class SafeAvatarViewTest : public testing::Test {
 protected:
     SafeAvatarViewTest() {
+        world_.store.saveAccounts({account_});
         server_.answer("/blue", pngPicture(80, 80, 0x0000FFFF));
         avatar_.set_halign(Gtk::Align::CENTER);
         avatar_.set_valign(Gtk::Align::CENTER);
@@ -43,9 +68,10 @@ protected:
 
     ScreenWorld world_;
     LoopbackServer server_;
-    const std::string blueAddress_ = server_.origin() + "/blue";
+    const Account account_ = makeAccount();
+    const WebPicture blue_{server_.origin() + "/blue", account_.id};
     Gtk::Window window_;
-    SafeAvatarView avatar_{world_.context, 40, AvatarShape::roundedRectangle(8)};
+    SafeAvatarView avatar_{world_.images, world_.theme, 40, AvatarShape::roundedRectangle(8)};
 };
 
 } // namespace
@@ -62,7 +88,7 @@ TEST_F(SafeAvatarViewTest, DrawsTheFirstPerceivedCharacterOnTheTintOfThePreset) 
 }
 
 TEST_F(SafeAvatarViewTest, PrefersItsOwnCachedPictureToTheOneFromTheWeb) {
-    avatar_.setAvatar("1", "Trang", blueAddress_);
+    avatar_.setAvatar("1", "Trang", blue_);
     EXPECT_TRUE(shows(blue));
     saveRed("1");
     EXPECT_TRUE(shows(red));
@@ -84,15 +110,35 @@ TEST_F(SafeAvatarViewTest, NeverShowsThePictureOfTheRowBefore) {
             "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" +
             body);
     });
-    avatar_.setAvatar("1", "Trang", server_.origin() + "/slow");
+    avatar_.setAvatar("1", "Trang", WebPicture{server_.origin() + "/slow", account_.id});
     ASSERT_TRUE(runUntil([&] { return server_.requestCount("/slow") == 1; }));
-    avatar_.setAvatar("2", "Khác", blueAddress_);
+    avatar_.setAvatar("2", "Khác", blue_);
     EXPECT_TRUE(shows(blue));
     released = true;
     ASSERT_TRUE(runUntil([&] { return server_.openConnections() == 0; }));
     EXPECT_TRUE(shows(blue));
     avatar_.setAvatar("3", "Không ảnh", {});
     EXPECT_TRUE(showsTint());
+}
+
+TEST_F(SafeAvatarViewTest, IsSharpOnAMonitorOfAnotherScaleWithoutAskingAgain) {
+    const auto setScale = [](int scale) {
+        gdk_x11_display_set_surface_scale(gdk_display_get_default(), scale);
+    };
+    avatar_.setAvatar("1", "Trang", blue_);
+    EXPECT_TRUE(runUntil([&] { return drawnPixels(avatar_) == 40; }));
+    setScale(2);
+    EXPECT_TRUE(runUntil([&] { return drawnPixels(avatar_) == 80; }));
+    setScale(1);
+    EXPECT_EQ(server_.requestCount("/blue"), 1u);
+}
+
+TEST_F(SafeAvatarViewTest, IsNotAskedForWithoutItsAccount) {
+    world_.store.saveAccounts({});
+    avatar_.setAvatar("1", "Trang", blue_);
+    EXPECT_TRUE(showsTint());
+    runPending();
+    EXPECT_EQ(server_.connectionCount(), 0u);
 }
 
 TEST_F(SafeAvatarViewTest, ReadsTheFileAgainEachTimeItAppears) {

@@ -1,8 +1,12 @@
 #include "Views/Sheets/AddPageSheet.h"
 
+#include "Views/Pictures/SafeAvatarView.h"
 #include "support/Gtk/Keyboard.h"
+#include "support/Gtk/Pictures.h"
 #include "support/Gtk/Pointer.h"
 #include "support/Gtk/TestScreen.h"
+#include "support/Gtk/WidgetPicture.h"
+#include "support/LoopbackServer.h"
 
 #include <gtest/gtest.h>
 #include <gtkmm/spinner.h>
@@ -87,6 +91,38 @@ TEST_F(AddPageSheetTest, VerifiesATokenThatIsMoreThanBlanksAndWaitsForTheAnswer)
     EXPECT_FALSE(isSpinning(verify()));
     EXPECT_TRUE(verify().is_sensitive());
     EXPECT_TRUE(canAdd());
+}
+
+TEST_F(AddPageSheetTest, ShowsThePicturesOfPagesByTheAccountsProxyEachOnce) {
+    LoopbackServer proxy;
+    proxy.answer("http://nowhere.example/1.png", pngPicture(80, 80, 0x0000FFFF));
+    proxy.answer("http://graph.example/v25.0/me/accounts", R"({"data":[
+        {"id":"1","name":"Mai","access_token":"t","picture":{"data":{"url":"http://nowhere.example/1.png"}}},
+        {"id":"2","name":"","access_token":"t"}]})");
+    account_.proxyEnabled = true;
+    account_.proxyHost = "127.0.0.1";
+    account_.proxyPort = proxy.port();
+    screen_.store.saveAccounts({account_});
+    screen_.context.makeGraphClient = [this](SecretText token, std::optional<Account> account) {
+        return std::make_shared<MetaGraphClient>(
+            "http://graph.example/v25.0", std::move(token), account, screen_.routes);
+    };
+    open();
+    verifyToken("a user token");
+    ASSERT_TRUE(runUntil([this] { return find(*sheet_, "Mai") != nullptr; }));
+    TestScreen::settle(*sheet_);
+    const auto pictures = [this] { return widgetsOf<SafeAvatarView>(*sheet_); };
+    const auto isBlue = [&](std::size_t index) {
+        return runUntil([&] {
+            return pictures().size() > index &&
+                   nearlyEqual(WidgetPicture(*pictures()[index]).at(18, 3), {0, 0, 1, 1});
+        });
+    };
+    EXPECT_TRUE(isBlue(0));
+    EXPECT_EQ(pictures().at(1)->initial(), "P");
+    press(*sheet_, "Mai");
+    EXPECT_TRUE(isBlue(2)) << "The preview's.";
+    EXPECT_EQ(proxy.requests().size(), 2u);
 }
 
 TEST_F(AddPageSheetTest, TabLeavesTheTokenAndEscapeTheSheet) {
