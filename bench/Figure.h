@@ -40,7 +40,6 @@ class Site;
 Figures waitFigures(const std::shared_ptr<const Site>& site);
 Figures holdFigures(const std::shared_ptr<const Site>& site);
 Figures storeFigures();
-Figures logFigures();
 Figures screenFigures();
 
 } // namespace tessaro::bench

@@ -1,18 +1,15 @@
 #include "Figure.h"
 
 #include "Models/PageConfig.h"
-#include "Models/RecordList.h"
 #include "Platform/FileStore.h"
 #include "Services/RecordFile.h"
 #include "support/TempFolder.h"
 
 #include <nlohmann/json.hpp>
 
-#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
-#include <utility>
 
 namespace tessaro::bench {
 
@@ -64,12 +61,6 @@ public:
                 throw std::runtime_error("the bare file cannot be written");
         });
     }
-    double encodeOnly() const {
-        return milliseconds([&] {
-            if (encodeList(pages_).size() != bytes_.size())
-                throw std::runtime_error("other bytes than on the disk");
-        });
-    }
 
 private:
     RecordFile<PageConfig> store() const {
@@ -90,30 +81,16 @@ private:
 } // namespace
 
 Figures storeFigures() {
-    const auto small = std::make_shared<PagesOnDisk>(100);
-    const auto middle = std::make_shared<PagesOnDisk>(1'000);
-    const auto large = std::make_shared<PagesOnDisk>(10'000);
-    Figures figures{
+    const auto pages = std::make_shared<PagesOnDisk>(10'000);
+    return {
         {"load 10,000 Pages",
          "ms",
-         [=] { return large->load(); },
-         {{1.5, "bare parse", [=] { return large->bareParse(); }}}},
+         [=] { return pages->load(); },
+         {{1.5, "bare parse", [=] { return pages->bareParse(); }}}},
         {"save 10,000 Pages",
          "ms",
-         [=] { return large->save(); },
-         {{1.5, "bare dump and durable write", [=] { return large->bareDump(); }}}}};
-    // The disk's own waiting would hide how the work grows, so growth leaves the write out.
-    for (const auto& [task, work] :
-         {std::pair("load", &PagesOnDisk::load), std::pair("encode", &PagesOnDisk::encodeOnly)})
-        for (const auto& [times, pages] : {std::pair(10, middle), std::pair(100, large)})
-            figures.push_back(
-                {task + (" growth, " + std::to_string(times)) + " times the Pages",
-                 "ms",
-                 [=, times = times, pages = pages, work = work] {
-                     return std::invoke(work, *pages) / times;
-                 },
-                 {{1.2, "100 Pages", [=, work = work] { return std::invoke(work, *small); }}}});
-    return figures;
+         [=] { return pages->save(); },
+         {{1.5, "bare dump and durable write", [=] { return pages->bareDump(); }}}}};
 }
 
 } // namespace tessaro::bench

@@ -15,8 +15,7 @@ namespace {
 Figures figuresNamed(std::string_view part) {
     Figures wanted;
     const auto site = std::make_shared<const Site>();
-    for (auto figures :
-         {waitFigures(site), holdFigures(site), storeFigures(), logFigures(), screenFigures()})
+    for (auto figures : {waitFigures(site), holdFigures(site), storeFigures(), screenFigures()})
         for (auto& figure : figures)
             if (figure.name.find(part) != std::string::npos)
                 wanted.push_back(std::move(figure));

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Platform/DateTime.h"
 #include "Platform/Result.h"
 #include "Platform/SecretText.h"
+#include "Platform/TimePoint.h"
 #include "Platform/Uuid.h"
 
 #include <nlohmann/json_fwd.hpp>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/DateTime.h"
 #include "Platform/ScopedConnection.h"
+#include "Platform/TimePoint.h"
 
 #include <chrono>
 #include <functional>

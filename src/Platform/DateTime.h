@@ -1,14 +1,12 @@
 #pragma once
 
-#include <chrono>
+#include "Platform/TimePoint.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace tessaro {
-
-/// Microseconds hold every year that has four digits; the clock's own nanoseconds end in 2262.
-using TimePoint = std::chrono::time_point<std::chrono::system_clock, std::chrono::microseconds>;
 
 /// The internet date-time form (RFC 3339) in UTC with whole seconds, "2025-03-01T09:30:05Z".
 /// Fractions of a second are dropped. The year must have four digits.

@@ -1,5 +1,6 @@
 #include "Platform/FileStore.h"
 
+#include "Platform/DateTime.h"
 #include "Platform/GHandle.h"
 
 #include <fcntl.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/DateTime.h"
 #include "Platform/Result.h"
+#include "Platform/TimePoint.h"
 
 #include <chrono>
 #include <filesystem>

@@ -20,13 +20,10 @@ struct Releaser {
 };
 
 using GCharPtr = std::unique_ptr<char, Releaser<g_free>>;
-using GErrorPtr = std::unique_ptr<GError, Releaser<g_error_free>>;
 using GBytesPtr = std::unique_ptr<GBytes, Releaser<g_bytes_unref>>;
 using GVariantPtr = std::unique_ptr<GVariant, Releaser<g_variant_unref>>;
 using GUriPtr = std::unique_ptr<GUri, Releaser<g_uri_unref>>;
 using GKeyFilePtr = std::unique_ptr<GKeyFile, Releaser<g_key_file_unref>>;
-using GDateTimePtr = std::unique_ptr<GDateTime, Releaser<g_date_time_unref>>;
-using GTimeZonePtr = std::unique_ptr<GTimeZone, Releaser<g_time_zone_unref>>;
 using GHashTablePtr = std::unique_ptr<GHashTable, Releaser<g_hash_table_unref>>;
 using GMainLoopPtr = std::unique_ptr<GMainLoop, Releaser<g_main_loop_unref>>;
 using GSourcePtr = std::unique_ptr<GSource, Releaser<g_source_unref>>;

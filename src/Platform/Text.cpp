@@ -6,6 +6,7 @@
 #include <unicode/utf8.h>
 
 #include <algorithm>
+#include <charconv>
 #include <memory>
 
 namespace tessaro {
@@ -83,6 +84,16 @@ std::size_t characterCount(std::string_view text) {
         count += c < 0 ? next - begin : 1;
     }
     return count;
+}
+
+std::optional<std::int64_t> wholeNumber(std::string_view text) {
+    // std::from_chars knows the minus sign only.
+    if (text.starts_with('+') && !text.starts_with("+-"))
+        text.remove_prefix(1);
+    std::int64_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
 }
 
 bool isValidUtf8(std::string_view text) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,6 +21,10 @@ std::string firstCharacterUpperCased(std::string_view text);
 
 /// The number of Unicode code points; a damaged byte counts as one.
 std::size_t characterCount(std::string_view text);
+
+/// The whole number that is all of the text: decimal digits of ASCII after one sign or none.
+/// Nothing for any other text, or beyond 64 bits.
+std::optional<std::int64_t> wholeNumber(std::string_view text);
 
 /// Whether no byte sequence of the text is damaged.
 bool isValidUtf8(std::string_view text);

@@ -19,21 +19,15 @@ Uuid Uuid::random() {
 }
 
 std::optional<Uuid> Uuid::parse(std::string_view text) {
-    if (text.size() != textLength)
+    if (text.size() != textLength || !g_uuid_string_is_valid(std::string(text).c_str()))
         return std::nullopt;
     Bytes bytes{};
     std::size_t digits = 0;
-    for (std::size_t i = 0; i < textLength; ++i) {
-        if (isHyphenPlace(i)) {
-            if (text[i] != '-')
-                return std::nullopt;
+    for (const char c : text) {
+        if (c == '-')
             continue;
-        }
-        const int digit = g_ascii_xdigit_value(text[i]);
-        if (digit < 0)
-            return std::nullopt;
         auto& byte = bytes[digits++ / 2];
-        byte = static_cast<std::uint8_t>(byte << 4 | digit);
+        byte = static_cast<std::uint8_t>(byte << 4 | g_ascii_xdigit_value(c));
     }
     return Uuid(bytes);
 }

@@ -1,24 +1,14 @@
 #include "Services/VersionComparison.h"
 
+#include "Platform/Text.h"
+
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 namespace tessaro {
 
 namespace {
-
-std::optional<std::int64_t> wholeNumber(std::string_view piece) {
-    // std::from_chars knows the minus sign only.
-    if (piece.starts_with('+') && !piece.starts_with("+-"))
-        piece.remove_prefix(1);
-    std::int64_t number = 0;
-    const char* const end = piece.data() + piece.size();
-    const auto [stop, error] = std::from_chars(piece.data(), end, number);
-    return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
-}
 
 std::vector<std::int64_t> numbers(std::string_view version) {
     std::vector<std::int64_t> result;

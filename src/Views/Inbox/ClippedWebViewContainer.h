@@ -21,7 +21,6 @@ public:
     ~ClippedWebViewContainer() override;
 
     const std::shared_ptr<WebView>& webView() const { return webView_; }
-    MouseBlockerView& mouseBlocker() { return mouseBlocker_; }
 
 protected:
     void measure_vfunc(

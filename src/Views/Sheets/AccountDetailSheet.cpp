@@ -4,8 +4,6 @@
 #include "Views/Widgets/Accessible.h"
 #include "Views/Widgets/TextLine.h"
 
-#include <charconv>
-
 namespace tessaro {
 
 namespace {
@@ -132,20 +130,11 @@ void AccountDetailSheet::fillIn() {
     name_.grab_focus();
 }
 
-std::int64_t AccountDetailSheet::portFromText(std::string_view text) {
-    if (text.starts_with('+') && !text.starts_with("+-"))
-        text.remove_prefix(1);
-    std::int64_t port = 0;
-    const char* end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, port);
-    return read.ec == std::errc{} && read.ptr == end ? port : 0;
-}
-
 void AccountDetailSheet::save() {
     onSave_(
         {.name = name_.get_text().raw(),
          .proxyHost = proxyHost_.get_text().raw(),
-         .proxyPort = portFromText(proxyPort_.get_text().raw()),
+         .proxyPort = wholeNumber(proxyPort_.get_text().raw()).value_or(0),
          .proxyUsername = proxyUsername_.get_text().raw(),
          .proxyPassword = SecretText(proxyPassword_.get_text().raw()),
          .proxyEnabled = proxyEnabled_.get_active()});

@@ -30,9 +30,6 @@ public:
     /// @param onSave  called at most once per showing, before the sheet closes
     AccountDetailSheet(const ScreenContext& context, Mode mode, OnSave onSave);
 
-    /// A port as typed: the whole text is a signed decimal number, or the port is 0.
-    static std::int64_t portFromText(std::string_view text);
-
 protected:
     void on_show() override;
 

@@ -72,12 +72,3 @@ TEST_F(AccountDetailSheetTest, GivesAnEditedAccountsValuesBackEvenWhenTheProxyIs
     };
     EXPECT_THAT(saved_, ElementsAre(values(true), values(false)));
 }
-
-TEST(AccountDetailSheetPort, IsTheWholeTextOrNothing) {
-    const std::pair<const char*, std::int64_t> ports[] = {
-        {"8080", 8080}, {"+21", 21}, {"-5", -5}, {"", 0},     {"8080 ", 0},
-        {"80a", 0},     {"+-5", 0},  {"++5", 0}, {"0x50", 0}, {"12345678901234567890", 0},
-    };
-    for (const auto& [text, port] : ports)
-        EXPECT_EQ(AccountDetailSheet::portFromText(text), port) << '"' << text << '"';
-}

@@ -1,0 +1,88 @@
+#include "Services/LogExcerpt.h"
+#include "Services/TokenRedaction.h"
+#include "Services/VersionComparison.h"
+#include "ViewModels/TitleCount.h"
+
+#include <gtest/gtest.h>
+
+using namespace tessaro;
+
+TEST(VersionComparison, ComparesNumberByNumber) {
+    for (const auto& [latest, current, newer] :
+         std::initializer_list<std::tuple<const char*, const char*, bool>>{
+             {"1.2.0", "1.2.0", false},
+             {"1.2.1", "1.2.0", true},
+             {"1.3", "1.2.0", true},
+             {"1.2.0.1", "1.2.0", true},
+             {"1.2", "1.2.0", false},
+             {"1.10.0", "1.9.9", true},
+             // A piece that is no number is left out and the rest moves up.
+             {"v1.3.0", "1.2.0", true},
+             {"beta", "1.2.0", false},
+             {"", "1.2.0", false},
+             {"1..2...1", "1.2.0", true},
+             // Signs, and the end of 64 bits.
+             {"+1.+3", "1.2.0", true},
+             {"1.2", "1.2.-1", true},
+             {"9223372036854775808", "1.2.0", false},
+         })
+        EXPECT_EQ(isNewerVersion(latest, current), newer) << latest << " after " << current;
+}
+
+TEST(TitleCount, IsANumberInBracketsAtTheHeadAndNothingElse) {
+    EXPECT_EQ(countAtHead("(3) Hộp thư"), "3");
+    EXPECT_EQ(countAtHead("\u00A0(12)"), "12");
+    EXPECT_EQ(countAtHead("(20+) Hộp thư"), "20+");
+    EXPECT_EQ(countAtHead("(3) " + std::string(100'000, ')')), "3");
+    for (const char* title :
+         {"", "(", "()", "(+)", "(0) Hộp thư", "(03)", "(-1) Nợ", "(3", "3) Hộp thư", "(3 4)",
+          "(ba) Hộp thư", "Hộp thư (3)", "(1234567) Mã đơn", "(84)912345678", "(3+1) Khuyến mãi",
+          "\xff(3)"})
+        EXPECT_EQ(countAtHead(title), "") << title;
+}
+
+namespace {
+
+constexpr const char* marker = "[...truncated...]\n";
+
+std::string repeated(const std::string& text, int times) {
+    std::string result;
+    for (int i = 0; i < times; ++i)
+        result += text;
+    return result;
+}
+
+} // namespace
+
+TEST(LogExcerpt, CutsOnlyAboveFiftyThousandCharacters) {
+    // Vietnamese letters of three bytes each: bytes must not be counted.
+    const auto limit = repeated("ệ", 50'000);
+    EXPECT_EQ(logExcerpt(limit), limit);
+    EXPECT_EQ(logExcerpt(limit + "x"), marker + limit + "x") << "fewer than 200 lines stay whole";
+    EXPECT_EQ(logExcerpt("good\nb\xff"), "good\nb\uFFFD");
+}
+
+TEST(LogExcerpt, KeepsTheLastTwoHundredLines) {
+    const std::string line(300, 'a');
+    const auto kept = repeated(line + "\n", 199) + line;
+    for (const std::string older : {"", "\n", "older\n"})
+        EXPECT_EQ(logExcerpt(older + kept), marker + kept) << older;
+    // A line feed at the end is followed by one more line, which is empty.
+    EXPECT_EQ(logExcerpt("older\n" + kept + "\n"), marker + kept.substr(line.size() + 1) + "\n");
+}
+
+TEST(TokenRedaction, EncodesForAQueryWhatAQueryDoesNotAllow) {
+    EXPECT_EQ(encodedForQuery(SecretText("aZ09-._~!$&'()*+,;=:@/?")), "aZ09-._~!$&'()*+,;=:@/?");
+    EXPECT_EQ(
+        encodedForQuery(SecretText(std::string(" #%\"<>[]^`{|}\\é\n\0", 18))),
+        "%20%23%25%22%3C%3E%5B%5D%5E%60%7B%7C%7D%5C%C3%A9%0A%00");
+}
+
+TEST(TokenRedaction, FindsTheTokenHoweverItIsEscaped) {
+    for (const char* echoed :
+         {"EA b#/%1", "EA%20b%23/%251", "EA%20b%23%2f%251", "%45%41%20%62%23%2F%25%31"})
+        EXPECT_EQ(
+            redacted("x" + std::string(echoed) + "y" + echoed, SecretText("EA b#/%1")), "x…y…");
+    EXPECT_EQ(redacted("EA%20b%23", SecretText("EA b#/%1")), "EA%20b%23");
+    EXPECT_EQ(redacted("Invalid OAuth", SecretText("a")), "Invalid OAuth") << "no secret";
+}
