@@ -134,7 +134,7 @@ TEST(InboxBrowser, UnderlinesWhatIsNeitherVietnameseNorEnglish) {
         const WidgetPicture picture(*browser.container);
         for (int y = top; y < top + 100; ++y)
             for (int x = 40; x < 700; ++x)
-                if (const Rgba at = picture.at(x, y); at.red > at.green + 0.4)
+                if (const Gdk::RGBA at = picture.at(x, y); at.get_red() > at.get_green() + 0.4)
                     return true;
         return false;
     };
