@@ -89,6 +89,9 @@ struct TessaroApp::Scene {
             NotificationService::shared().requestPermission();
         });
         window.set_child(content);
+        window.askBeforeClosing = [this](std::function<void(bool)> answered) {
+            content.mainSplitView().requestLeave(std::move(answered));
+        };
     }
 
     ThemeStyle themeStyle;

@@ -4,9 +4,12 @@
 #include "Engine/WebNotifications.h"
 #include "Engine/WebViewDelegate.h"
 
+#include "Platform/Rgba.h"
+
 #include <gtkmm/widget.h>
 
 #include <chrono>
+#include <functional>
 #include <string>
 
 namespace tessaro {
@@ -19,6 +22,8 @@ class WebView {
 public:
     /// Without any progress for this long, a load is stopped and has failed.
     static constexpr auto loadTimeout = std::chrono::seconds(60);
+    /// A page gets this long to say whether it may be left.
+    static constexpr auto leaveTimeout = std::chrono::seconds(2);
 
     virtual ~WebView() = default;
 
@@ -30,14 +35,27 @@ public:
 
     /// Replaces the engine's identity in every request to come.
     virtual void setCustomUserAgent(const std::string& userAgent) = 0;
-    /// Starts a navigation, with the cache used as HTTP has it.
+    /// Asks whether the page may be left: the page itself, and where it has something to lose the
+    /// delegate (runLeaveConfirm()). One that does not answer within leaveTimeout is ended and may
+    /// be left. `answered` is called exactly once unless close() comes before, often at once.
+    virtual void requestLeave(std::function<void(bool mayLeave)> answered) = 0;
+    /// Starts a navigation, with the cache used as HTTP has it. The page that is shown is not
+    /// asked.
     virtual void load(const std::string& address) = 0;
+    /// Likewise.
     virtual void reload() = 0;
+    /// Ends the page and everything that it does. Nothing more is done with the view, save that
+    /// scripts may still be run, in vain.
+    virtual void close() = 0;
+    /// What is seen where no page has painted yet.
+    virtual void setGround(const Rgba& color) = 0;
     /// Scales the layout; 1 is the natural size.
     virtual void setPageZoom(double factor) = 0;
     virtual double pageZoom() const = 0;
     /// Runs a script in the main frame; its result and its errors are ignored.
     virtual void evaluateScript(const std::string& script) = 0;
+    /// Calls `painted` once what earlier scripts have changed can be seen, or the page is gone.
+    virtual void whenPainted(std::function<void()> painted) = 0;
     /// The address of the page shown; empty before the first one.
     virtual std::string address() const = 0;
     /// Whether address() is of a page that is still to come, and not of the one that is shown.

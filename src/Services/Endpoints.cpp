@@ -3,9 +3,13 @@
 #include "Platform/GHandle.h"
 #include "Services/BuildConfig.h"
 
+#include <algorithm>
+
 namespace tessaro {
 
 namespace {
+
+constexpr const char* pageParameter = "asset_id=";
 
 std::string withoutSlashAtEnd(std::string origin) {
     while (origin.ends_with('/'))
@@ -42,6 +46,25 @@ bool Endpoints::namesInboxHost(const std::string& address) const {
 bool Endpoints::isInboxSite(const std::string& address) const {
     const std::string origin = originOf(inboxOrigin);
     return !origin.empty() && originOf(address) == origin;
+}
+
+std::string Endpoints::inboxAddress(const std::string& pageId) const {
+    return inboxOrigin + "/latest/inbox/all?" + pageParameter + pageId;
+}
+
+std::string Endpoints::pageIdIn(const std::string& address) const {
+    const auto query = address.find('?');
+    if (query == std::string::npos || !isInboxSite(address))
+        return {};
+    const auto end = std::min(address.find('#', query), address.size());
+    for (auto from = query; from < end;) {
+        const auto next = std::min(address.find('&', ++from), end);
+        const auto parameter = address.substr(from, next - from);
+        if (parameter.starts_with(pageParameter))
+            return parameter.substr(std::string_view(pageParameter).size());
+        from = next;
+    }
+    return {};
 }
 
 } // namespace tessaro

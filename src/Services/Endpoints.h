@@ -29,6 +29,10 @@ struct Endpoints {
     bool namesInboxHost(const std::string& address) const;
     /// Whether the address is of the inbox site: same scheme, host and port.
     bool isInboxSite(const std::string& address) const;
+    /// Where the inbox of the Page with that Graph id is. The id is taken as it stands.
+    std::string inboxAddress(const std::string& pageId) const;
+    /// The Graph id of the Page that an address of the inbox site names; empty when it names none.
+    std::string pageIdIn(const std::string& address) const;
 };
 
 } // namespace tessaro

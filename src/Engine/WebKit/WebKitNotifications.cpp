@@ -62,6 +62,12 @@ void WebKitNotifications::click(const std::string& id) {
     }
 }
 
+void WebKitNotifications::closeAll() {
+    for (const auto& [id, open] : std::exchange(open_, {}))
+        if (delegate_)
+            delegate_->didClose(id);
+}
+
 void WebKitNotifications::show(WebKitNotification* notification) {
     if (!delegate_)
         return;

@@ -22,6 +22,8 @@ public:
 
     void setDelegate(Delegate* delegate) override;
     void click(const std::string& id) override;
+    /// WebKitGTK does not tell of it when the page's process has crashed.
+    void closeAll();
 
 private:
     struct Open {

@@ -1,5 +1,6 @@
 #include "Engine/WebKit/WebKitView.h"
 
+#include <gtkmm/window.h>
 #include <webkit/webkit.h>
 
 namespace tessaro {
@@ -78,6 +79,30 @@ private:
     bool isInSignal_ = true;
 };
 
+/// What earlier scripts have changed is painted in the next frame. A page that is not on screen has
+/// none.
+constexpr const char* untilPainted = R"js(
+    return new Promise(done => {
+        if (document.hidden)
+            done();
+        document.addEventListener('visibilitychange', done, {once: true});
+        requestAnimationFrame(() => requestAnimationFrame(done));
+    });)js";
+
+Task<void> waitUntilPainted(GObjectPtr<WebKitWebView> view, std::function<void()> painted) {
+    co_await AsyncCall(
+        [&](GAsyncReadyCallback ready, gpointer data) {
+            // In a world of its own, where the page has replaced none of these functions.
+            webkit_web_view_call_async_javascript_function(
+                view.get(), untilPainted, -1, nullptr, "tessaro", nullptr, nullptr, ready, data);
+        },
+        [&](GObject*, GAsyncResult* result) {
+            return GObjectPtr<JSCValue>::adopt(
+                webkit_web_view_call_async_javascript_function_finish(view.get(), result, nullptr));
+        });
+    painted();
+}
+
 /// Whether the engine puts a page of its own, which tells the error, in place of the one that
 /// failed to load.
 bool showsErrorPage(const GError& error) {
@@ -96,7 +121,8 @@ WebKitView::WebKitView(
       widget_(Glib::wrap(GTK_WIDGET(view_.get()))),
       notifications_(view_.get(), std::move(permittedOrigin)),
       finder_(view_.get()),
-      clock_(clock) {
+      clock_(clock),
+      leaveQuestion_(view_.get(), clock) {
     const auto connect =
         [this]<typename Signature>(const char* signal, std::function<Signature> handler) {
             signals_.push_back(connectSignal<Signature>(view_.get(), signal, std::move(handler)));
@@ -117,6 +143,25 @@ WebKitView::WebKitView(
             }));
     connect(
         "notify::title", std::function([this](WebKitWebView*, GParamSpec*) { onTitleChanged(); }));
+    connect("notify::is-loading", std::function([this](WebKitWebView*, GParamSpec*) {
+                if (!isLoading())
+                    onLoadingEnded();
+            }));
+    connect("notify::uri", std::function([this](WebKitWebView*, GParamSpec*) {
+                // Whether it is a load that changes it is known in the next turn.
+                addressChanged_ = clock_.timer(Clock::Delay::zero(), [this] {
+                    if (!isAwaitingPage_ && !isLoading())
+                        onPageShown();
+                });
+            }));
+    connect("enter-fullscreen", std::function([this](WebKitWebView*) -> gboolean {
+                onFullScreenChanged(true);
+                return FALSE;
+            }));
+    connect("leave-fullscreen", std::function([this](WebKitWebView*) -> gboolean {
+                onFullScreenChanged(false);
+                return FALSE;
+            }));
     connect("notify::estimated-load-progress", std::function([this](WebKitWebView*, GParamSpec*) {
                 onProgress();
             }));
@@ -149,9 +194,16 @@ void WebKitView::setCustomUserAgent(const std::string& userAgent) {
     webkit_settings_set_user_agent(webkit_web_view_get_settings(view_.get()), userAgent.c_str());
 }
 
+void WebKitView::requestLeave(std::function<void(bool)> answered) {
+    if (isBeingLeft_ || address().empty())
+        answered(true);
+    else
+        leaveQuestion_.ask(std::move(answered));
+}
+
 void WebKitView::load(const std::string& address) {
     errorPageAddress_.clear();
-    isAwaitingPage_ = true;
+    isAwaitingPage_ = isBeingLeft_ = true;
     // Several megabytes for each Page would stay in memory for as long as it can be gone back to.
     // The new page brings the gestures back.
     setSwipeGestures(false);
@@ -160,7 +212,19 @@ void WebKitView::load(const std::string& address) {
 
 void WebKitView::reload() {
     errorPageAddress_.clear();
+    isBeingLeft_ = true;
     webkit_web_view_reload(view_.get());
+}
+
+void WebKitView::close() {
+    webkit_web_view_terminate_web_process(view_.get());
+}
+
+void WebKitView::setGround(const Rgba& color) {
+    const GdkRGBA ground{
+        static_cast<float>(color.red), static_cast<float>(color.green),
+        static_cast<float>(color.blue), static_cast<float>(color.alpha)};
+    webkit_web_view_set_background_color(view_.get(), &ground);
 }
 
 void WebKitView::setPageZoom(double factor) {
@@ -175,6 +239,10 @@ void WebKitView::evaluateScript(const std::string& script) {
     webkit_web_view_evaluate_javascript(
         view_.get(), script.data(), static_cast<gssize>(script.size()), nullptr, nullptr, nullptr,
         nullptr, nullptr);
+}
+
+void WebKitView::whenPainted(std::function<void()> painted) {
+    waitUntilPainted(view_, std::move(painted)).detach();
 }
 
 std::string WebKitView::address() const {
@@ -207,8 +275,8 @@ void WebKitView::onLoadChanged(int event) {
         if (delegate_)
             delegate_->didStartProvisionalNavigation(*this);
     } else if (event == WEBKIT_LOAD_COMMITTED) {
-        isAwaitingPage_ = false;
-        onTitleChanged();
+        isAwaitingPage_ = isBeingLeft_ = false;
+        onPageShown();
         setSwipeGestures(widget_->get_mapped());
     } else if (event == WEBKIT_LOAD_FINISHED) {
         isAwaitingPage_ = false;
@@ -228,16 +296,45 @@ void WebKitView::onLoadFailed(const std::string& errorPageAddress) {
         delegate_->didFailNavigation(*this);
 }
 
+void WebKitView::onLoadingEnded() {
+    // Also where nothing came of it: at a place within the page, a download, an empty answer.
+    isAwaitingPage_ = isBeingLeft_ = false;
+    setSwipeGestures(widget_->get_mapped());
+    onPageShown();
+}
+
+void WebKitView::onPageShown() {
+    if (delegate_)
+        delegate_->didShowPage(*this);
+    onTitleChanged();
+}
+
+void WebKitView::onFullScreenChanged(bool isFullScreen) {
+    if (std::exchange(isFullScreen_, isFullScreen) != isFullScreen && delegate_)
+        delegate_->didChangeFullScreen(isFullScreen);
+}
+
 bool WebKitView::onScriptDialog(WebKitScriptDialog* dialog) {
     const auto type = webkit_script_dialog_get_dialog_type(dialog);
-    if (!delegate_ || (type != WEBKIT_SCRIPT_DIALOG_ALERT && type != WEBKIT_SCRIPT_DIALOG_CONFIRM))
+    if (!delegate_ || type == WEBKIT_SCRIPT_DIALOG_PROMPT)
         return false;
     const std::string message = webkit_script_dialog_get_message(dialog);
     const auto open = std::make_shared<OpenDialog>(dialog);
-    if (type == WEBKIT_SCRIPT_DIALOG_ALERT)
+    const auto confirm = [open](bool confirmed) { open->confirm(confirmed); };
+    if (type == WEBKIT_SCRIPT_DIALOG_ALERT) {
         delegate_->runScriptAlert(message, [open] { open->close(); });
-    else
-        delegate_->runScriptConfirm(message, [open](bool confirmed) { open->confirm(confirmed); });
+    } else if (type == WEBKIT_SCRIPT_DIALOG_CONFIRM) {
+        delegate_->runScriptConfirm(message, confirm);
+    } else if (isBeingLeft_) {
+        confirm(true);
+    } else {
+        leaveQuestion_.leaveToThePerson();
+        delegate_->runLeaveConfirm([this, confirm, alive = lifetime_.watch()](bool mayLeave) {
+            confirm(mayLeave);
+            if (alive && !mayLeave)
+                leaveQuestion_.answer(false);
+        });
+    }
     open->outliveSignal();
     return true;
 }
@@ -258,8 +355,14 @@ void WebKitView::expectProgress() {
 
 void WebKitView::onWebProcessTerminated() {
     timeout_.disconnect();
+    isAwaitingPage_ = isBeingLeft_ = false;
+    if (auto* window = dynamic_cast<Gtk::Window*>(widget_->get_root()); window && isFullScreen_)
+        window->unfullscreen(); // WebKitGTK leaves it as it is.
+    onFullScreenChanged(false);
+    notifications_.closeAll();
     if (delegate_)
         delegate_->webProcessDidTerminate(*this);
+    leaveQuestion_.answer(true);
 }
 
 } // namespace tessaro

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Engine/WebKit/WebKitFinder.h"
+#include "Engine/WebKit/WebKitLeaveQuestion.h"
 #include "Engine/WebKit/WebKitNotifications.h"
 #include "Engine/WebView.h"
 
@@ -30,11 +31,15 @@ public:
     void setDelegate(WebViewDelegate* delegate) override { delegate_ = delegate; }
     Gtk::Widget& widget() const override { return *widget_; }
     void setCustomUserAgent(const std::string& userAgent) override;
+    void requestLeave(std::function<void(bool)> answered) override;
     void load(const std::string& address) override;
     void reload() override;
+    void close() override;
+    void setGround(const Rgba& color) override;
     void setPageZoom(double factor) override;
     double pageZoom() const override;
     void evaluateScript(const std::string& script) override;
+    void whenPainted(std::function<void()> painted) override;
     std::string address() const override;
     bool isAwaitingPage() const override { return isAwaitingPage_; }
     bool isLoading() const override;
@@ -46,6 +51,9 @@ private:
     void setSwipeGestures(bool areEnabled);
     void onLoadChanged(int event);
     void onLoadFailed(const std::string& errorPageAddress);
+    void onLoadingEnded();
+    void onPageShown();
+    void onFullScreenChanged(bool isFullScreen);
     bool onScriptDialog(WebKitScriptDialog* dialog);
     void onTitleChanged();
     void onProgress();
@@ -57,12 +65,17 @@ private:
     WebKitNotifications notifications_;
     WebKitFinder finder_;
     Clock& clock_;
+    WebKitLeaveQuestion leaveQuestion_;
     WebViewDelegate* delegate_ = nullptr;
     bool hasFailed_ = false;
     bool isAwaitingPage_ = false;
+    bool isBeingLeft_ = false; ///< By the program, which asks no more.
+    bool isFullScreen_ = false;
     std::string errorPageAddress_; ///< Of the error page that the engine is about to load.
     ScopedConnection timeout_;
+    ScopedConnection addressChanged_;
     std::vector<ScopedConnection> signals_;
+    Lifetime lifetime_;
 };
 
 } // namespace tessaro

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <gtkmm/button.h>
+#include <gtkmm/drawingarea.h>
+#include <gtkmm/overlay.h>
 
 namespace tessaro {
 
@@ -8,15 +10,15 @@ namespace tessaro {
 class AddButton : public Gtk::Button {
 public:
     enum class Shape { circle, roundedSquare };
-    static constexpr int side = 38; ///< In points; as of every button in a column.
 
     AddButton(Shape shape, const Glib::ustring& tooltip);
 
-protected:
-    void snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot) override;
-
 private:
+    void drawOutline(const Cairo::RefPtr<Cairo::Context>& cairo);
+
     const Shape shape_;
+    Gtk::Overlay face_;
+    Gtk::DrawingArea outline_;
 };
 
 } // namespace tessaro

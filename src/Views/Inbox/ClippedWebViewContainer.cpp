@@ -15,6 +15,11 @@ ClippedWebViewContainer::~ClippedWebViewContainer() {
     webView_->widget().unparent();
 }
 
+void ClippedWebViewContainer::setClipped(bool isClipped) {
+    mouseBlocker_.set_visible(isClipped);
+    queue_allocate();
+}
+
 void ClippedWebViewContainer::measure_vfunc(
     Gtk::Orientation, int, int& minimum, int& natural, int& minimumBaseline,
     int& naturalBaseline) const {
@@ -23,11 +28,12 @@ void ClippedWebViewContainer::measure_vfunc(
 }
 
 void ClippedWebViewContainer::size_allocate_vfunc(int width, int height, int baseline) {
-    const int clip = static_cast<int>(sidebarClip);
+    const int clip = mouseBlocker_.get_visible() ? static_cast<int>(sidebarClip) : 0;
     Gtk::Allocation page(-clip, 0, width + clip, height);
     webView_->widget().size_allocate(page, baseline);
     Gtk::Allocation shield(0, 0, static_cast<int>(shieldWidth), height);
-    mouseBlocker_.size_allocate(shield, baseline);
+    if (mouseBlocker_.get_visible())
+        mouseBlocker_.size_allocate(shield, baseline);
 }
 
 } // namespace tessaro

@@ -21,6 +21,8 @@ public:
     ~ClippedWebViewContainer() override;
 
     const std::shared_ptr<WebView>& webView() const { return webView_; }
+    /// Whether the strip is cut off and the next one shielded, as it is at first.
+    void setClipped(bool isClipped);
 
 protected:
     void measure_vfunc(

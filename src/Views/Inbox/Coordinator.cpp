@@ -19,6 +19,10 @@ constexpr Clock::Delay hiderDelays[] = {
     Clock::Delay(500), Clock::Delay(1500), Clock::Delay(3000), Clock::Delay(6000),
     Clock::Delay(10000)};
 
+/// The ground of a page that has none of its own, and the same as the dark style turns it.
+constexpr Rgba lightGround{1, 1, 1};
+constexpr Rgba darkGround{0.12, 0.12, 0.12};
+
 /// Whether a page may have the program load this, which it does on its own authority: local files
 /// and scripts, which the engine keeps from a page that asks in another way, stay out of reach.
 bool mayOpen(const std::string& address) {
@@ -32,13 +36,16 @@ Coordinator::Coordinator(PageInboxWebView parent) : parent_(std::move(parent)) {
 
 Coordinator::~Coordinator() {
     announceCount("");
-    if (const auto webView = mainWebView_.lock())
+    if (const auto webView = mainWebView_.lock()) {
         webView->setDelegate(nullptr);
+        webView->close(); // A script that is still to run holds it, and the page would play on.
+    }
 }
 
 void Coordinator::attach(const std::shared_ptr<WebView>& webView) {
     webView->setDelegate(this);
     mainWebView_ = webView;
+    setGround(*webView, isDarkMode());
     siteNotifications_.emplace(parent_.context, webView);
     themeChanged_ = parent_.context.theme.observe([this] {
         // The accent, of which it also tells, is none of the page's concern.
@@ -65,10 +72,38 @@ void Coordinator::setupNotifications() {
 void Coordinator::openInbox(const std::string& pageId, const std::string& address) {
     currentPageId_ = pageId;
     homeURL_ = address;
-    if (siteNotifications_)
-        siteNotifications_->setPageId(pageId);
+    const auto webView = mainWebView_.lock();
+    if (!webView || pageId == pageOnScreen_)
+        return;
     announceCount("");
-    handleGoHome();
+    loadHome(*webView);
+}
+
+void Coordinator::requestLeave(std::function<void(bool)> answered) {
+    const auto webView = mainWebView_.lock();
+    if (!webView)
+        return answered(true);
+    announceCount("");
+    webView->requestLeave(
+        [this, alive = lifetime_.watch(), answered = std::move(answered)](bool mayLeave) {
+            if (const auto left = alive ? mainWebView_.lock() : nullptr; left && !mayLeave)
+                didChangeTitle(*left);
+            answered(mayLeave);
+        });
+}
+
+void Coordinator::leaveBy(std::function<void(WebView&)> load) {
+    if (const auto webView = mainWebView_.lock())
+        webView->requestLeave(
+            [this, alive = lifetime_.watch(), load = std::move(load)](bool mayLeave) {
+                if (const auto left = alive ? mainWebView_.lock() : nullptr; left && mayLeave)
+                    load(*left);
+            });
+}
+
+void Coordinator::loadHome(WebView& webView) {
+    webView.setCustomUserAgent(PageInboxWebView::userAgent);
+    webView.load(*homeURL_);
 }
 
 void Coordinator::handleZoomIn() {
@@ -91,16 +126,12 @@ void Coordinator::setZoom(double factor) {
 }
 
 void Coordinator::handleReload() {
-    if (const auto webView = mainWebView_.lock())
-        webView->reload();
+    leaveBy([](WebView& webView) { webView.reload(); });
 }
 
 void Coordinator::handleGoHome() {
-    const auto webView = mainWebView_.lock();
-    if (webView && homeURL_) {
-        webView->setCustomUserAgent(PageInboxWebView::userAgent);
-        webView->load(*homeURL_);
-    }
+    if (homeURL_)
+        leaveBy([this](WebView& webView) { loadHome(webView); });
 }
 
 void Coordinator::handleThemeChanged() {
@@ -116,18 +147,42 @@ void Coordinator::handleFocusSearchField() {
     }
 }
 
-void Coordinator::didStartProvisionalNavigation(WebView&) {
+void Coordinator::didStartProvisionalNavigation(WebView& webView) {
+    ++startedLoads_;
+    setGround(webView, isDarkMode());
     setLoadingNextTurn(true);
 }
 
 void Coordinator::didFinishNavigation(WebView& webView) {
-    setLoadingNextTurn(false);
-    if (parent_.context.endpoints.namesInboxHost(webView.address()))
+    const bool isInbox = parent_.context.endpoints.namesInboxHost(webView.address());
+    if (isInbox)
         injectTopBarHider(mainWebView_.lock());
+    else
+        setGround(webView, false);
+    if (!isInbox || !isDarkMode())
+        return setLoadingNextTurn(false);
+    // The page would flash in its own colours.
+    webView.whenPainted([this, alive = lifetime_.watch(), load = startedLoads_] {
+        if (alive && load == startedLoads_)
+            setLoadingNextTurn(false);
+    });
 }
 
-void Coordinator::didFailNavigation(WebView&) {
+void Coordinator::didFailNavigation(WebView& webView) {
+    setGround(webView, false); // The engine tells of the error in dark letters.
     setLoadingNextTurn(false);
+}
+
+void Coordinator::didShowPage(WebView& webView) {
+    const std::string pageId = parent_.context.endpoints.pageIdIn(webView.address());
+    if (pageId.empty())
+        return;
+    siteNotifications_->setPageId(pageId);
+    if (pageId == currentPageId_)
+        return;
+    pageOnScreen_ = pageId;
+    pageShown_.emit(pageId);
+    pageOnScreen_.clear();
 }
 
 void Coordinator::didChangeTitle(WebView& webView) {
@@ -135,9 +190,9 @@ void Coordinator::didChangeTitle(WebView& webView) {
     announceCount(isInbox ? countAtHead(webView.title()) : "");
 }
 
-void Coordinator::createWebView(WebView& webView, const std::string& address) {
+void Coordinator::createWebView(WebView&, const std::string& address) {
     if (mayOpen(address))
-        webView.load(address);
+        leaveBy([address](WebView& webView) { webView.load(address); });
 }
 
 void Coordinator::runScriptAlert(const std::string& message, std::function<void()> completion) {
@@ -155,7 +210,24 @@ void Coordinator::runScriptConfirm(
         });
 }
 
+void Coordinator::runLeaveConfirm(std::function<void(bool)> completion) {
+    parent_.context.modals.show(
+        {.title = "Rời trang này?",
+         .message =
+             "Trang báo rằng có nội dung chưa được gửi hoặc chưa được lưu, chẳng hạn một câu "
+             "trả lời viết dở. Rời trang thì nội dung đó sẽ mất.",
+         .buttons = {"Ở lại", "Rời trang"}},
+        [completion = std::move(completion)](std::optional<std::size_t> button) {
+            completion(button == 1);
+        });
+}
+
+void Coordinator::didChangeFullScreen(bool isFullScreen) {
+    fullScreen_.emit(isFullScreen);
+}
+
 void Coordinator::webProcessDidTerminate(WebView&) {
+    announceCount("");
     setLoadingNextTurn(false);
     processTerminated_.emit();
 }
@@ -180,6 +252,11 @@ void Coordinator::injectTopBarHider(const std::shared_ptr<WebView>& webView) {
 
 void Coordinator::applyTheme(WebView& webView) {
     webView.evaluateScript(isDarkMode() ? scripts::darkModeStyle : scripts::darkModeRemover);
+    setGround(webView, isDarkMode());
+}
+
+void Coordinator::setGround(WebView& webView, bool isDark) {
+    webView.setGround(isDark ? darkGround : lightGround);
 }
 
 bool Coordinator::isDarkMode() const {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "Platform/Lifetime.h"
 #include "Views/Inbox/PageInboxWebView.h"
 #include "Views/Inbox/SiteNotifications.h"
 
 #include <sigc++/signal.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -25,8 +27,11 @@ public:
     void attach(const std::shared_ptr<WebView>& webView);
     /// Starts to listen to the commands.
     void setupNotifications();
-    /// Makes this the Page whose inbox is home, and loads it.
+    /// Makes this the Page whose inbox is home, and loads it, unless it is being told of by
+    /// signalPageShown(). The page that is shown is not asked whether it may be left.
     void openInbox(const std::string& pageId, const std::string& address);
+    /// Asks it whether it may. What it counts is not shown meanwhile.
+    void requestLeave(std::function<void(bool mayLeave)> answered);
 
     const std::string& currentPageId() const { return currentPageId_; }
     const std::optional<std::string>& homeURL() const { return homeURL_; }
@@ -42,27 +47,37 @@ public:
     void didStartProvisionalNavigation(WebView& webView) override;
     void didFinishNavigation(WebView& webView) override;
     void didFailNavigation(WebView& webView) override;
+    void didShowPage(WebView& webView) override;
     void didChangeTitle(WebView& webView) override;
     void createWebView(WebView& webView, const std::string& address) override;
     void runScriptAlert(const std::string& message, std::function<void()> completion) override;
     void
     runScriptConfirm(const std::string& message, std::function<void(bool)> completion) override;
+    void runLeaveConfirm(std::function<void(bool)> completion) override;
+    void didChangeFullScreen(bool isFullScreen) override;
     void webProcessDidTerminate(WebView& webView) override;
 
     /// Emitted when the page's process has crashed: nothing is shown until the next load.
     sigc::signal<void()>& signalProcessTerminated() { return processTerminated_; }
+    /// Emitted with the Graph id of another Page than currentPageId() whose inbox has come on
+    /// screen by itself, such as by going back.
+    sigc::signal<void(const std::string&)>& signalPageShown() { return pageShown_; }
+    /// Emitted when something of the page begins or ceases to fill the screen.
+    sigc::signal<void(bool)>& signalFullScreen() { return fullScreen_; }
 
 private:
     static constexpr double naturalZoom = 1.0;
 
     void setZoom(double factor);
-    /// Sets the identity again and loads the address.
-    void load(WebView& webView, const std::string& address);
+    /// Leads to another page, if the one that is shown may be left.
+    void leaveBy(std::function<void(WebView&)> load);
+    void loadHome(WebView& webView);
     /// Announces how much of the Page the site counts as unread; empty for nothing.
     void announceCount(const std::string& count);
     void setLoadingNextTurn(bool isLoading);
     void injectTopBarHider(const std::shared_ptr<WebView>& webView);
     void applyTheme(WebView& webView);
+    void setGround(WebView& webView, bool isDark);
     bool isDarkMode() const;
 
     const PageInboxWebView parent_;
@@ -71,10 +86,15 @@ private:
     std::optional<std::string> homeURL_;
     double currentZoom_ = naturalZoom;
     std::optional<SiteNotifications> siteNotifications_;
+    std::string pageOnScreen_; ///< While it is told of.
+    int startedLoads_ = 0;
     sigc::signal<void()> processTerminated_;
+    sigc::signal<void(const std::string&)> pageShown_;
+    sigc::signal<void(bool)> fullScreen_;
     std::vector<ScopedConnection> commands_;
     bool wasDark_ = isDarkMode(); ///< When the theme was last told of.
     ScopedConnection themeChanged_;
+    Lifetime lifetime_;
 };
 
 } // namespace tessaro

@@ -55,6 +55,13 @@ void InboxContainerView::setPage(PageConfig pageConfig, std::optional<Account> a
     showBrowser();
 }
 
+void InboxContainerView::requestLeave(std::function<void(bool)> answered) {
+    if (coordinator_)
+        coordinator_->requestLeave(std::move(answered));
+    else
+        answered(true);
+}
+
 void InboxContainerView::showBrowser() {
     if (browser_) {
         PageInboxWebView{context_, pageConfig_.pageId.text, isLoading_}.updateView(
@@ -81,6 +88,9 @@ void InboxContainerView::receive(std::shared_ptr<WebView> webView) {
     coordinator_ = host.makeCoordinator();
     coordinator_->signalProcessTerminated().connect(
         [this] { stack_.set_visible_child(reloadButton_); });
+    coordinator_->signalPageShown().connect(pageShown_.make_slot());
+    coordinator_->signalFullScreen().connect(
+        sigc::mem_fun(*this, &InboxContainerView::showFullScreen));
     browser_ = host.makeView(*coordinator_, std::move(webView));
     findBar_ = std::make_unique<FindBar>(browser_->webView());
     page_.append(*findBar_);
@@ -90,7 +100,8 @@ void InboxContainerView::receive(std::shared_ptr<WebView> webView) {
 
 void InboxContainerView::showLoading() {
     if (isLoading_->get()) {
-        veil_.cover(hasLoaded_ ? browser_.get() : nullptr);
+        // A dark page is white for a moment, as the site has it.
+        veil_.cover(hasLoaded_ ? browser_.get() : nullptr, context_.theme.isDarkMode());
         stack_.set_visible_child(page_);
         findBar_->close(); // What it found goes with the page.
     } else {
@@ -99,9 +110,18 @@ void InboxContainerView::showLoading() {
     }
 }
 
+void InboxContainerView::showFullScreen(bool isFullScreen) {
+    browser_->setClipped(!isFullScreen);
+    if (isFullScreen)
+        page_.remove(*findBar_);
+    else
+        page_.prepend(*findBar_);
+    fullScreen_.emit(isFullScreen);
+}
+
 void InboxContainerView::find() {
-    // Not behind the veil, nor where something else stands in the page's place.
-    if (findBar_ && page_.get_mapped() && !isLoading_->get())
+    // Not behind the veil, nor where something else stands in the page's place or fills the screen.
+    if (findBar_ && findBar_->get_parent() && page_.get_mapped() && !isLoading_->get())
         findBar_->open();
 }
 

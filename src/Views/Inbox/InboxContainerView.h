@@ -37,6 +37,13 @@ public:
     /// Shows another Page in the same browser.
     void setPage(PageConfig pageConfig, std::optional<Account> account);
 
+    /// Asks the page whether it may be left; `answered` may be called at once.
+    void requestLeave(std::function<void(bool mayLeave)> answered);
+
+    /// Coordinator::signalPageShown() and signalFullScreen() of whatever browser there is.
+    sigc::signal<void(const std::string&)>& signalPageShown() { return pageShown_; }
+    sigc::signal<void(bool)>& signalFullScreen() { return fullScreen_; }
+
     const PageConfig& pageConfig() const { return pageConfig_; }
     const std::optional<Account>& account() const { return account_; }
 
@@ -45,6 +52,7 @@ private:
     void receive(std::shared_ptr<WebView> webView);
     void showLack(WebViewReserve::Lack lack);
     void showLoading();
+    void showFullScreen(bool isFullScreen);
     void loadAgain();
     void find();
 
@@ -62,6 +70,8 @@ private:
     LoadingVeil veil_;
     bool hasLoaded_ = false; ///< Whether there was a page before the one that loads.
 
+    sigc::signal<void(const std::string&)> pageShown_;
+    sigc::signal<void(bool)> fullScreen_;
     std::unique_ptr<Coordinator> coordinator_;
     std::unique_ptr<ClippedWebViewContainer> browser_;
     std::unique_ptr<FindBar> findBar_;

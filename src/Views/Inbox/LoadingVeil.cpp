@@ -54,7 +54,7 @@ LoadingVeil::LoadingVeil(Clock& clock) : clock_(clock) {
     lift();
 }
 
-void LoadingVeil::cover(Gtk::Widget* page) {
+void LoadingVeil::cover(Gtk::Widget* page, bool atOnce) {
     if (get_visible())
         return;
     set_visible();
@@ -62,13 +62,16 @@ void LoadingVeil::cover(Gtk::Widget* page) {
         appear();
         return;
     }
+    if (atOnce)
+        return appearAbove(*page);
     set_opacity(0);
-    delay_ = clock_.timer(unseenTime, [this, page] {
-        if (page->get_mapped()) // The window may have been closed meanwhile.
-            gtk_picture_set_paintable(
-                backdrop_.gobj(), GDK_PAINTABLE(pictureOutOfFocus(*page).get()));
-        appear();
-    });
+    delay_ = clock_.timer(unseenTime, [this, page] { appearAbove(*page); });
+}
+
+void LoadingVeil::appearAbove(Gtk::Widget& page) {
+    if (page.get_mapped()) // The window may have been closed meanwhile.
+        gtk_picture_set_paintable(backdrop_.gobj(), GDK_PAINTABLE(pictureOutOfFocus(page).get()));
+    appear();
 }
 
 void LoadingVeil::appear() {

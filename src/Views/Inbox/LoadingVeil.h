@@ -19,11 +19,13 @@ public:
     /// Covers everything until lift(). `page` lies below and must stay until then. It shines
     /// through out of focus, as it looks a tenth of a second later, when the veil begins to be
     /// seen. Without a page there is only a plain ground, at once.
-    void cover(Gtk::Widget* page);
+    /// @param atOnce  whether it is seen from the beginning
+    void cover(Gtk::Widget* page, bool atOnce = false);
     void lift();
 
 private:
     void appear();
+    void appearAbove(Gtk::Widget& page);
 
     Clock& clock_;
     ScopedConnection delay_;

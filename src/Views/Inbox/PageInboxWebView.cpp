@@ -22,7 +22,7 @@ void PageInboxWebView::updateView(ClippedWebViewContainer&, Coordinator& coordin
 }
 
 std::string PageInboxWebView::inboxURL() const {
-    return context.endpoints.inboxOrigin + "/latest/inbox/all?asset_id=" + pageId;
+    return context.endpoints.inboxAddress(pageId);
 }
 
 } // namespace tessaro

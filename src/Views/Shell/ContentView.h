@@ -2,15 +2,19 @@
 
 #include "Views/Shell/MainSplitView.h"
 
+#include <gtkmm/box.h>
+
 namespace tessaro {
 
 /// What the window shows: the main split view, faded in.
-class ContentView : public MainSplitView {
+class ContentView : public Gtk::Box {
 public:
-    ContentView(const ScreenContext& context, AppLogger& logger, SupportClient& support)
-        : MainSplitView(context, logger, support) {
-        add_css_class("fade-in");
-    }
+    ContentView(const ScreenContext& context, AppLogger& logger, SupportClient& support);
+
+    MainSplitView& mainSplitView() { return mainSplitView_; }
+
+private:
+    MainSplitView mainSplitView_;
 };
 
 } // namespace tessaro

@@ -8,6 +8,8 @@
 #include "Views/Widgets/BusyButton.h"
 
 #include <gtkmm/box.h>
+#include <gtkmm/label.h>
+#include <gtkmm/separator.h>
 
 #include <string>
 
@@ -28,7 +30,11 @@ private:
     const ScreenContext& context_;
     AppLogger& logger_;
     SupportClient& support_;
+    Gtk::Box dot_;
+    Gtk::Label version_;
+    Gtk::Separator divider_;
     BusyButton supportButton_;
+    Gtk::Box space_;
     Lifetime lifetime_;
 };
 

@@ -6,8 +6,6 @@
 #include "Views/Shell/FooterBar.h"
 #include "Views/Widgets/InboxCommands.h"
 
-#include <gdkmm/frameclock.h>
-
 #include <algorithm>
 
 namespace tessaro {
@@ -37,11 +35,12 @@ MainSplitView::MainSplitView(
     layOut(logger, support);
     browsers_.signalDownloadStarted().connect(sigc::mem_fun(downloads_, &DownloadBar::add));
     accountChanged_ = accountsVM_.selectedAccount.observe([this] { followAccount(); });
-    pageChanged_ = pagesVM_.selectedPage.observe([this] { showDetail(); });
+    pageChanged_ = pagesVM_.selectedPage.observe([this] { followPage(); });
     pagesChanged_ = pagesVM_.pages.observe([this] { prepareBrowser(); });
     inboxRequested_ =
         context.notifications.observe(inboxRequested, [this](const Notification& posted) {
             selectPage(posted.userInfo.at("pageId"));
+            followPage();
         });
     showDetail();
 }
@@ -98,11 +97,46 @@ void MainSplitView::selectPage(const std::string& pageId) {
     const auto page = std::ranges::find_if(candidates, isWanted);
     if (page == candidates.end())
         return;
-    const auto account = std::ranges::find(*accountsVM_.accounts, page->accountId, &Account::id);
+    select(*page);
+}
+
+void MainSplitView::select(PageConfig page) {
+    const auto account = std::ranges::find(*accountsVM_.accounts, page.accountId, &Account::id);
     if (account == accountsVM_.accounts->end())
         return;
+    isSelecting_ = true;
     accountsVM_.selectAccount(Account(*account));
-    pagesVM_.selectPage(*page);
+    // As it is now: what is shown keeps a copy.
+    const auto stored = std::ranges::find(*pagesVM_.pages, page);
+    pagesVM_.selectPage(stored == pagesVM_.pages->end() ? page : PageConfig(*stored));
+    isSelecting_ = false;
+}
+
+void MainSplitView::requestLeave(std::function<void(bool)> answered) {
+    if (inbox_)
+        inbox_->requestLeave(std::move(answered));
+    else
+        answered(true);
+}
+
+void MainSplitView::followPage() {
+    if (isSelecting_) // In between no Page is selected, which would drop the browser.
+        return;
+    const auto& page = *pagesVM_.selectedPage;
+    const auto isShown = [this](const PageConfig& each) {
+        return each.pageId == inbox_->pageConfig().pageId;
+    };
+    // A Page that is deleted could not be selected again.
+    if (!inbox_ || (page && isShown(*page)) ||
+        std::ranges::none_of(context_.store.loadPages(), isShown))
+        return showDetail();
+    inbox_->requestLeave([this, alive = lifetime_.watch()](bool mayLeave) {
+        if (!alive)
+            return;
+        if (!mayLeave && inbox_)
+            select(inbox_->pageConfig());
+        showDetail();
+    });
 }
 
 void MainSplitView::showDetail() {
@@ -123,9 +157,24 @@ void MainSplitView::showDetail() {
     inbox_ = std::make_unique<InboxContainerView>(
         context_, *page, *accountsVM_.selectedAccount, browsers_);
     browserTimer_.disconnect();
+    inbox_->signalPageShown().connect([this](const std::string& pageId) {
+        selectPage(pageId);
+        showDetail();
+    });
+    inbox_->signalFullScreen().connect(sigc::mem_fun(*this, &MainSplitView::showFullScreen));
     inbox_->set_hexpand();
     inbox_->set_size_request(600);
     detail_.prepend(*inbox_);
+}
+
+void MainSplitView::showFullScreen(bool isFullScreen) {
+    for (auto* child = columns_.get_first_child(); child; child = child->get_next_sibling())
+        child->set_visible(child == &detail_ || !isFullScreen);
+    get_last_child()->set_visible(!isFullScreen); // The footer.
+    if (isFullScreen)
+        detail_.remove(downloads_);
+    else
+        detail_.append(downloads_);
 }
 
 void MainSplitView::prepareBrowser() {

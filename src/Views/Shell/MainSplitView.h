@@ -31,15 +31,23 @@ public:
     AccountsViewModel& accountsVM() { return accountsVM_; }
     PagesViewModel& pagesVM() { return pagesVM_; }
 
+    /// Asks the page of the inbox that is shown whether it may be left; `answered` may be called at
+    /// once.
+    void requestLeave(std::function<void(bool mayLeave)> answered);
+
 protected:
     void on_map() override;
 
 private:
     void layOut(AppLogger& logger, SupportClient& support);
     void followAccount();
+    /// Shows the selected Page's inbox, if what is shown may be left; else selects that again.
+    void followPage();
     void showDetail();
+    void showFullScreen(bool isFullScreen);
     void prepareBrowser();
     void selectPage(const std::string& pageId);
+    void select(PageConfig page);
 
     const ScreenContext& context_;
     AccountsViewModel accountsVM_;
@@ -55,12 +63,14 @@ private:
     WebViewReserve browsers_; ///< Ready while an account's Pages are shown and none is selected.
     std::unique_ptr<InboxContainerView> inbox_; ///< While a Page is selected.
     std::optional<AccountId> shownAccount_;
+    bool isSelecting_ = false; ///< An account, and then one of its Pages.
     ScopedConnection accountChanged_;
     ScopedConnection pageChanged_;
     ScopedConnection pagesChanged_;
     ScopedConnection browserTimer_;
     ScopedConnection firstFrame_;
     ScopedConnection inboxRequested_;
+    Lifetime lifetime_;
 };
 
 } // namespace tessaro

@@ -57,6 +57,18 @@ void MainWindow::showUnread(const std::string& count) {
     set_title(count.empty() ? "Tessaro" : "(" + count + ") Tessaro");
 }
 
+bool MainWindow::on_close_request() {
+    if (closing_ == Closing::allowed || !askBeforeClosing)
+        return Gtk::ApplicationWindow::on_close_request();
+    if (std::exchange(closing_, Closing::asked) == Closing::notYet)
+        askBeforeClosing([this](bool mayClose) {
+            closing_ = mayClose ? Closing::allowed : Closing::notYet;
+            if (mayClose)
+                close();
+        });
+    return true;
+}
+
 void MainWindow::addCommand(const WindowCommand& command) {
     add_action(command.action, [this, name = command.notification] { notifications_.post(name); });
     get_application()->set_accels_for_action(

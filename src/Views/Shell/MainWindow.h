@@ -12,6 +12,7 @@
 #include <gtkmm/headerbar.h>
 #include <gtkmm/menubutton.h>
 
+#include <functional>
 #include <optional>
 
 namespace tessaro {
@@ -25,6 +26,12 @@ public:
         const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications,
         EngineLoader& engine);
 
+    /// Asked before the window closes: calls back whether it may, at once or later. May be empty.
+    std::function<void(std::function<void(bool mayClose)> answered)> askBeforeClosing;
+
+protected:
+    bool on_close_request() override;
+
 private:
     void showUnread(const std::string& count);
     void addCommand(const WindowCommand& command);
@@ -36,6 +43,7 @@ private:
 
     NotificationCenter& notifications_;
     EngineLoader& engine_;
+    enum class Closing { notYet, asked, allowed } closing_ = Closing::notYet;
     Gtk::HeaderBar header_;
     Gtk::MenuButton conversationMenu_;
     Gtk::MenuButton primaryMenu_;

@@ -13,6 +13,15 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto inboxDelay = 100ms;
+constexpr const char* contrastHex = "#1F2937";
+
+ColorScheme schemeOf(const std::string& mode) {
+    if (mode == "light")
+        return ColorScheme::light;
+    if (mode == "dark")
+        return ColorScheme::dark;
+    return ColorScheme::system;
+}
 
 } // namespace
 
@@ -69,17 +78,14 @@ const ColorPreset& ThemeManager::activePreset() const {
 }
 
 std::optional<ColorScheme> ThemeManager::colorScheme() const {
-    if (appearanceMode_ == "light")
-        return ColorScheme::light;
-    if (appearanceMode_ == "dark")
-        return ColorScheme::dark;
-    return std::nullopt;
+    const ColorScheme scheme = schemeOf(appearanceMode_);
+    return scheme == ColorScheme::system ? std::nullopt : std::optional(scheme);
 }
 
 void ThemeManager::updateSystemAppearance() {
     if (!appearance_.isReady())
         return;
-    const ColorScheme scheme = colorScheme().value_or(ColorScheme::system);
+    const ColorScheme scheme = schemeOf(appearanceMode_);
     appearance_.setApplicationScheme(scheme);
     for (const Appearance::Window window : appearance_.openWindows())
         appearance_.setWindowScheme(window, scheme);
@@ -95,12 +101,12 @@ bool ThemeManager::isDarkMode() const {
     return colorScheme() ? colorScheme() == ColorScheme::dark : isEffectivelyDark();
 }
 
-Gdk::RGBA ThemeManager::themePrimary() const {
-    return dynamicPresetColor(activePreset(), isEffectivelyDark());
+DynamicColor ThemeManager::currentPrimaryColor() const {
+    return dynamicPresetColor(activePreset());
 }
 
-Gdk::RGBA ThemeManager::themePrimaryLight() const {
-    return dynamicPresetColor(activePreset(), isEffectivelyDark(), 0.08F, 0.16F);
+DynamicColor ThemeManager::currentPrimaryLightColor() const {
+    return dynamicPresetColor(activePreset(), 0.08, 0.16);
 }
 
 bool ThemeManager::isPrimaryLight() const {
@@ -108,8 +114,8 @@ bool ThemeManager::isPrimaryLight() const {
     return isLightHex(isEffectivelyDark() ? preset.darkHex : preset.lightHex);
 }
 
-Gdk::RGBA ThemeManager::themePrimaryContrastText() const {
-    return rgbaFromHex(isPrimaryLight() ? "#1F2937" : "#FFFFFF");
+Rgba ThemeManager::currentPrimaryContrastColor() const {
+    return isPrimaryLight() ? rgbaFromHex(contrastHex) : Rgba{1, 1, 1, 1};
 }
 
 ScopedConnection ThemeManager::observe(std::function<void()> observer) {

@@ -57,16 +57,22 @@ public:
 
     /// Whether the inbox should wear the dark style: by the mode, else by what is on screen.
     bool isDarkMode() const;
-    /// Whether what is on screen is dark.
+    /// Whether what is on screen is dark; what drawing code resolves a DynamicColor with.
     bool isEffectivelyDark() const { return appearance_.isEffectivelyDark(); }
 
-    /// The accent, as it is on screen now.
-    Gdk::RGBA themePrimary() const;
+    DynamicColor currentPrimaryColor() const;
     /// The accent at an opacity of 0.16 in dark and 0.08 in light.
-    Gdk::RGBA themePrimaryLight() const;
+    DynamicColor currentPrimaryLightColor() const;
     bool isPrimaryLight() const;
     /// The text colour that reads on the accent.
-    Gdk::RGBA themePrimaryContrastText() const;
+    Rgba currentPrimaryContrastColor() const;
+
+    /// The accent, its tint and the text on it, resolved for what is on screen now.
+    Rgba themePrimary() const { return currentPrimaryColor().resolve(isEffectivelyDark()); }
+    Rgba themePrimaryLight() const {
+        return currentPrimaryLightColor().resolve(isEffectivelyDark());
+    }
+    Rgba themePrimaryContrastText() const { return currentPrimaryContrastColor(); }
 
     /// Calls `observer` when a choice changed, and when the desktop turned light or dark: whatever
     /// is drawn from this manager is to be drawn again.

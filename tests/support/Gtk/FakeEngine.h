@@ -17,6 +17,7 @@ public:
     void setDelegate(WebViewDelegate* delegate) override { delegate_ = delegate; }
     Gtk::Widget& widget() const override { return widget_; }
     void setCustomUserAgent(const std::string&) override {}
+    void requestLeave(std::function<void(bool)> answered) override { answered(true); }
     void load(const std::string& address) override {
         loads.push_back(address);
         reload();
@@ -25,9 +26,12 @@ public:
         delegate_->didStartProvisionalNavigation(*this);
         delegate_->didFinishNavigation(*this);
     }
+    void close() override {}
+    void setGround(const Rgba&) override {}
     void setPageZoom(double factor) override { zoom_ = factor; }
     double pageZoom() const override { return zoom_; }
     void evaluateScript(const std::string& script) override { scripts.push_back(script); }
+    void whenPainted(std::function<void()> painted) override { painted(); }
     std::string address() const override { return loads.empty() ? "" : loads.back(); }
     bool isAwaitingPage() const override { return false; }
     bool isLoading() const override { return false; }

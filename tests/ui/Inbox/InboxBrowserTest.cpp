@@ -1,6 +1,7 @@
 #include "ui/Inbox/InboxWorld.h"
 
 #include "Views/Widgets/InboxCommands.h"
+#include "support/Gtk/TestScreen.h"
 #include "support/Gtk/WidgetPicture.h"
 
 #include <gtest/gtest.h>
@@ -72,6 +73,57 @@ TEST(InboxBrowser, OpensNewWindowsInTheSameViewButNothingThatThePageMayNotReach)
     EXPECT_EQ(browser.ask("location.href"), "about:blank");
 }
 
+TEST(InboxBrowser, GoesOnWithThePageWhereNoOtherOneComesOfALoad) {
+    InboxWorld world;
+    world.server.answer("/nothing", {.status = 204});
+    world.server.answer(
+        "/file",
+        {.body = "x", .headers = {{"Content-Disposition", "attachment; filename=\"a.bin\""}}});
+    std::string count;
+    const auto observed =
+        world.notifications.observe(unreadCountChanged, [&](const Notification& posted) {
+            count = posted.userInfo.at("count");
+        });
+    InboxBrowser browser(world);
+    auto* const settings =
+        webkit_web_view_get_settings(WEBKIT_WEB_VIEW(browser.webView().widget().gobj()));
+    int unread = 0;
+    for (const char* address : {"#part", "/nothing", "/file"}) {
+        browser.ask(std::string("window.open('") + address + "')");
+        EXPECT_TRUE(runUntil([&] {
+            return !browser.webView().isAwaitingPage() && !browser.webView().isLoading() &&
+                   webkit_settings_get_enable_back_forward_navigation_gestures(settings);
+        })) << address;
+        browser.ask("document.title = '(" + std::to_string(++unread) + ") inbox'");
+        EXPECT_TRUE(runUntil([&] { return count == std::to_string(unread); })) << address;
+        EXPECT_TRUE(runUntil([&] { return !browser.isLoading->get(); }));
+    }
+}
+
+TEST(InboxBrowser, ShowsADarkPageOnlyOnceItIsDark) {
+    InboxWorld world;
+    world.theme.setAppearanceMode("dark");
+    // Painted long before the load ends, and then too busy to change its style.
+    world.server.answer(
+        InboxWorld::inboxPath,
+        InboxWorld::page("<style>html { background: #fff }</style><img "
+                         "src=/late><script>requestAnimationFrame(() => "
+                         "requestAnimationFrame(() => fetch('/painted')));"
+                         "onload = () => setTimeout(() => {"
+                         " for (const end = Date.now() + 500; Date.now() < end;); })</script>"));
+    world.server.handle("/late", [&](ServerConnection& connection, const auto&) {
+        while (!world.server.requestCount("/painted") &&
+               connection.pause(std::chrono::milliseconds(5))) {
+        }
+        connection.write("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
+    });
+    InboxBrowser browser(world);
+    TestScreen::settle(browser.window);
+    const Rgba shown = WidgetPicture(*browser.container).at(400, 400);
+    EXPECT_EQ(shown.alpha, 1);
+    EXPECT_LT(shown.green, 0.9);
+}
+
 TEST(InboxBrowser, AsksThePagesQuestionsInAlertsOfTheProgram) {
     InboxWorld world;
     auto& alerts = world.modals.alerts;
@@ -134,7 +186,7 @@ TEST(InboxBrowser, UnderlinesWhatIsNeitherVietnameseNorEnglish) {
         const WidgetPicture picture(*browser.container);
         for (int y = top; y < top + 100; ++y)
             for (int x = 40; x < 700; ++x)
-                if (const Gdk::RGBA at = picture.at(x, y); at.get_red() > at.get_green() + 0.4)
+                if (const Rgba at = picture.at(x, y); at.red > at.green + 0.4)
                     return true;
         return false;
     };

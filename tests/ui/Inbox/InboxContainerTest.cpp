@@ -35,11 +35,8 @@ protected:
 
     InboxWorld world;
     WebViewReserve browsers{
-        realEngine(),
-        world.folder / "web",
-        world.folder / "web-cache",
-        world.browserContext.clock,
-        {}};
+        realEngine(), world.folder / "web", world.folder / "web-cache", world.browserContext.clock,
+        [this] { return SiteNotifications::permittedOrigin(world.browserContext); }};
     const Account account = makeAccount();
     Gtk::Window window;
     std::optional<InboxContainerView> container;
@@ -69,13 +66,25 @@ TEST_F(InboxContainer, TakesTheBrowserWhoseProcessRunsAlready) {
 }
 
 TEST_F(InboxContainer, OffersToLoadThePageAgainAfterItsProcessCrashed) {
+    NotificationConsent(world.settings, originOf(world.endpoints.inboxOrigin)).keep(true);
+    std::string count;
+    const auto observed =
+        world.notifications.observe(unreadCountChanged, [&](const Notification& posted) {
+            count = posted.userInfo.at("count");
+        });
     show();
     ASSERT_TRUE(waitForLoaded());
+    WebView& webView = *widgetsOf<ClippedWebViewContainer>(*container).at(0)->webView();
+    ask(webView, "(document.title = '(3) hộp thư', new Notification('Mai'))");
+    ASSERT_TRUE(runUntil([&] { return count == "3" && world.desktop.notifications.size() == 1; }));
     ASSERT_FALSE(webProcesses().empty());
     for (const pid_t process : webProcesses())
         kill(process, SIGKILL);
     ASSERT_TRUE(runUntil([&] { return isShown("Tải lại trang"); }));
     EXPECT_TRUE(widgetsOf<ClippedWebViewContainer>(*container).empty());
+    EXPECT_EQ(count, "") << "Nothing of the page is left.";
+    EXPECT_EQ(world.desktop.withdrawn.size(), 1U);
+    EXPECT_EQ(webView.title(), "");
 
     press(*container, "Tải lại trang");
     ASSERT_TRUE(runUntil([&] { return inboxRequests() == 2; }));

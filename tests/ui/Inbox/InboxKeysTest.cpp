@@ -1,11 +1,7 @@
-#include "ui/Inbox/InboxWorld.h"
+#include "ui/Inbox/InboxScreen.h"
 
-#include "Services/SupportClient.h"
 #include "Views/Inbox/FindBar.h"
 #include "Views/Shell/InfoWindow.h"
-#include "Views/Shell/MainSplitView.h"
-#include "Views/Shell/MainWindow.h"
-#include "support/FakeGraph.h"
 #include "support/Gtk/Keyboard.h"
 #include "support/Gtk/TestScreen.h"
 
@@ -14,64 +10,7 @@
 namespace tessaro::test {
 namespace {
 
-/// One for all tests: it stays on the bus until the process ends.
-const Glib::RefPtr<Gtk::Application>& application() {
-    static const auto registered = [] {
-        auto result = Gtk::Application::create(
-            "com.vandel.Tessaro.Test", Gio::Application::Flags::NON_UNIQUE);
-        result->register_application();
-        return result;
-    }();
-    return registered;
-}
-
-/// The main window with three Pages, the first of which shows its inbox and has the keyboard.
-class InboxKeys : public testing::Test {
-protected:
-    void SetUp() override {
-        world.browserContext.makeGraphClient = graph.factory();
-        world.store.saveAccounts({account});
-        world.store.savePages(
-            {makePage(account, DemoWorld::flowers), makePage(account, DemoWorld::coffee),
-             makePage(account, DemoWorld::books)});
-        content.emplace(world.browserContext, world.logger, support);
-        window.set_child(*content);
-        window.present();
-        content->accountsVM().selectAccount(account);
-        content->pagesVM().selectPage(content->pagesVM().pages->front());
-        ASSERT_TRUE(runUntil([&] { return window.is_active(); }));
-        ASSERT_TRUE(waitForInbox(DemoWorld::flowers));
-        webView().widget().grab_focus();
-    }
-    ~InboxKeys() override { window.unset_child(); }
-
-    template <typename Class>
-    Class& only() {
-        return *descendants<Class>(*content).at(0);
-    }
-    WebView& webView() { return *only<ClippedWebViewContainer>().webView(); }
-    FindBar& bar() { return only<FindBar>(); }
-    bool waitUntil(const std::string& expression) { return test::waitUntil(webView(), expression); }
-    bool waitForInbox(const std::string& pageId) {
-        return waitUntil(
-                   "!!document.querySelector('.conversations button') && "
-                   "location.search === '?asset_id=" +
-                   pageId + "'") &&
-               runUntil([&] { return !find(*content, "Đang tải hộp thư..."); });
-    }
-    static void type(const std::string& letters) {
-        for (const char letter : letters)
-            Keyboard::press(gdk_unicode_to_keyval(static_cast<guint32>(letter)));
-    }
-    bool pageHasKeyboard() { return window.get_focus() == &webView().widget(); }
-
-    DemoWorld world;
-    FakeGraph graph;
-    SupportClient support{world.settings, "http://127.0.0.1:9", world.device, world.logger, {}};
-    const Account account = makeAccount();
-    MainWindow window{application(), world.notifications, realEngine()};
-    std::optional<MainSplitView> content;
-};
+using InboxKeys = InboxScreen;
 
 TEST_F(InboxKeys, FindInThePage) {
     const auto waitForText = [this](const std::string& text) {

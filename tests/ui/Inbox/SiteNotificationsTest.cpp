@@ -55,8 +55,10 @@ TEST_F(TheSitesNotifications, AreShownByTheDesktopAndLeadBackToTheirPage) {
         return world.desktop.withdrawn == std::vector<std::string>{shown.id};
     })) << "The page hears of the click, and closes it.";
 
-    ASSERT_TRUE(receive(browser));
+    world.site.hold("inbox");
     browser.show(DemoWorld::coffee);
+    ASSERT_TRUE(receive(browser)) << "Flowers are still shown.";
+    world.site.release("inbox");
     ASSERT_TRUE(browser.waitForLoads(2));
     EXPECT_EQ(world.desktop.withdrawn.size(), 1u) << "It is still of use.";
     requested.clear();

@@ -105,6 +105,9 @@ TEST(WebContent, GetsNoCameraMicrophoneOrLocation) {
 
 TEST(WebContent, DoesNotSurviveItsBrowser) {
     InboxWorld world(InboxWorld::Time::standsStill);
+    InboxBrowser(world, "1001");
+    // A script that is still to run holds the view.
+    EXPECT_TRUE(runUntil([] { return webProcesses().empty(); }));
     {
         InboxBrowser browser(world);
         // Another site gets another process, and the first is kept for going back.

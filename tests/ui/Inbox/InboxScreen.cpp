@@ -1,0 +1,63 @@
+#include "ui/Inbox/InboxScreen.h"
+
+#include "support/Gtk/Keyboard.h"
+
+namespace tessaro::test {
+
+namespace {
+
+/// One for all tests: it stays on the bus until the process ends.
+const Glib::RefPtr<Gtk::Application>& application() {
+    static const auto registered = [] {
+        auto result = Gtk::Application::create(
+            "com.vandel.Tessaro.Test", Gio::Application::Flags::NON_UNIQUE);
+        result->register_application();
+        return result;
+    }();
+    return registered;
+}
+
+} // namespace
+
+InboxScreen::InboxScreen() : window(application(), world.notifications, realEngine()) {}
+
+InboxScreen::~InboxScreen() {
+    if (window.gobj()) // Else it was closed.
+        window.unset_child();
+}
+
+void InboxScreen::SetUp() {
+    world.browserContext.makeGraphClient = graph.factory();
+    world.store.saveAccounts({account});
+    world.store.savePages(
+        {makePage(account, DemoWorld::flowers), makePage(account, DemoWorld::coffee),
+         makePage(account, DemoWorld::books)});
+    content.emplace(world.browserContext, world.logger, support);
+    window.set_child(*content);
+    window.present();
+    content->accountsVM().selectAccount(account);
+    content->pagesVM().selectPage(content->pagesVM().pages->front());
+    ASSERT_TRUE(runUntil([&] { return window.is_active(); }));
+    ASSERT_TRUE(waitForInbox(DemoWorld::flowers));
+    webView().widget().grab_focus();
+}
+
+bool InboxScreen::waitForInbox(const std::string& pageId) {
+    return waitUntil(
+               "!!document.querySelector('.conversations button') && "
+               "location.search === '?asset_id=" +
+               pageId + "'") &&
+           runUntil([&] { return !find(*content, "Đang tải hộp thư..."); });
+}
+
+void InboxScreen::type(const std::string& letters) {
+    for (const char letter : letters)
+        Keyboard::press(gdk_unicode_to_keyval(static_cast<guint32>(letter)));
+}
+
+std::string InboxScreen::selectedPage() {
+    const auto& page = *content->pagesVM().selectedPage;
+    return page ? page->pageId.text : "";
+}
+
+} // namespace tessaro::test
