@@ -8,14 +8,14 @@
 
 namespace tessaro::bench {
 
-/// What a figure is held against.
+/// What a figure is compared with.
 struct Target {
-    double limit; ///< Of the median's ratio to the peer's median, or of the median alone.
+    double limit; ///< The most that the median may be: a ratio if there is a peer.
     std::string peerName;
     std::function<double()> peer; ///< Measured in the figure's unit; empty for an absolute limit.
 };
 
-/// What is measured. A measurement prepares what it needs outside of what it returns.
+/// One measurement. It prepares what it needs before it starts to count.
 struct Figure {
     std::string name;
     std::string unit;

@@ -6,7 +6,7 @@
 
 namespace tessaro::bench {
 
-/// Folders of their own for the program and its peers, so that nothing of the user's is touched.
+/// Private folders for the program and its peers. The user's own folders are not touched.
 class Home {
 public:
     Home() {

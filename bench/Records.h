@@ -9,11 +9,11 @@
 namespace tessaro::bench {
 
 std::vector<Account> makeAccounts(int count);
-/// Spread evenly over the accounts, of which there must be one at least.
+/// Pages that are spread evenly over the accounts. There must be at least one account.
 std::vector<PageConfig> makePages(const std::vector<Account>& accounts, int count);
 
-/// Writes the records where the program looks for them, and settings by which it asks nobody but
-/// that server. Throws when they cannot be written.
+/// Writes the records where the program looks for them, and settings that send all its requests to
+/// that server. Throws when a file cannot be written.
 void writeRecords(
     const std::vector<Account>& accounts, const std::vector<PageConfig>& pages,
     const std::string& origin);

@@ -1,5 +1,5 @@
-// What the screens cost the main loop. The measurement is a process of its own, because a process
-// that shows screens starts others, which the figures from outside would count.
+// How long the screens keep the UI thread busy. A separate process measures this: a process that
+// shows screens starts other processes, and the other figures would count those.
 
 #include "Figure.h"
 
@@ -10,7 +10,7 @@ namespace tessaro::bench {
 
 namespace {
 
-/// What tessaro-bench-inside says of so many accounts.
+/// The milliseconds that tessaro-bench-inside reports for that number of accounts.
 double selectOneOf(int accountCount) {
     const auto command = BENCH_INSIDE " " + std::to_string(accountCount);
     auto* const output = popen(command.c_str(), "r");

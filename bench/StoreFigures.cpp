@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::size_t accountCount = 1'000;
 
-/// A file of so many Pages, spread over a thousand accounts.
+/// A file with that number of Pages, spread over a thousand accounts.
 class PagesOnDisk {
 public:
     explicit PagesOnDisk(std::size_t count) {
@@ -46,7 +46,7 @@ public:
         auto fresh = store();
         return milliseconds([&] { expect(fresh.load().size()); });
     }
-    /// The bytes are read too: they are the same for both.
+    /// Reading the file is part of both times.
     double bareParse() const {
         return milliseconds([&] { expect(nlohmann::json::parse(*readFile(file_)).size()); });
     }

@@ -9,7 +9,7 @@ namespace {
 
 struct Samples {
     std::vector<double> own;
-    std::vector<std::vector<double>> peers; ///< For each target.
+    std::vector<std::vector<double>> peers; ///< One list for each target.
 };
 
 void measureOnce(const Figure& figure, Samples& samples) {

@@ -1,4 +1,4 @@
-# Shared by the scripts beside it: goes to the top of the project and answers --help.
+# Every script here reads this first. It goes to the project's top folder and answers --help.
 
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -20,11 +20,11 @@ case "${1:-}" in
     ;;
 esac
 
-# Compiled objects are kept between builds where ccache is there. Paths are taken relative, so that
-# one preset finds what another has compiled.
+# ccache keeps compiled objects between builds, if it is installed. Paths are made relative, so that one
+# preset finds what another has compiled.
 if command -v ccache >/dev/null; then
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
-    # Precompiled headers are large: an inode that has not changed is not read again.
+    # Precompiled headers are large. A file whose inode has not changed is not read again.
     export CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_INODECACHE=1
 fi
 

@@ -1,5 +1,5 @@
-# Read by ctest: makes one test of each suite of a program. Expects `program`, `folder` and `limit` (seconds).
-# A suite's output names the test that runs, so that a crash shows which one it was.
+# ctest reads this file, which makes one test for each suite of a program. It expects `program`, `folder`
+# and `limit` (seconds). A suite prints the name of each test, so a crash shows which one it was.
 execute_process(COMMAND "${program}" --gtest_list_tests OUTPUT_VARIABLE lines COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE "\n" ";" lines "${lines}")
 foreach(line IN LISTS lines)
@@ -8,7 +8,7 @@ foreach(line IN LISTS lines)
         set(name ${folder}.${CMAKE_MATCH_3})
         add_test(${name} "${program}" "--gtest_filter=${CMAKE_MATCH_1}.*")
         set_tests_properties(${name} PROPERTIES TIMEOUT ${limit})
-        # Tests in a window take turns, because the display has one keyboard focus.
+        # Suites with a window take turns, because the display has one keyboard focus.
         if(NOT folder STREQUAL "unit")
             set_tests_properties(${name} PROPERTIES RESOURCE_LOCK display)
         endif()

@@ -1,5 +1,5 @@
-// The floor of an inbox: a view of the engine in a window, which loads each address that it reads
-// from its standard input.
+// The least that an inbox can cost: a view of the engine in a window. It loads each address that it
+// reads from its standard input.
 
 #include <gio/gunixinputstream.h>
 #include <webkit/webkit.h>

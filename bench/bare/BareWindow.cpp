@@ -1,4 +1,4 @@
-// The floor of a start: a window of the toolkit with nothing in it.
+// The least that a start can cost: a window of the toolkit with nothing but a header bar.
 
 #include <adwaita.h>
 

@@ -17,13 +17,13 @@ namespace tessaro::bench {
 namespace {
 
 constexpr int pagesPerAccount = 10;
-/// These fit into the window without scrolling.
+/// That many accounts fit into the window without scrolling.
 constexpr std::size_t accountsInView = 8;
 
 } // namespace
 
 MainContent::MainContent(int accountCount) {
-    screen_.endpoints.inboxOrigin = "http://127.0.0.1:9"; // Nothing answers there.
+    screen_.endpoints.inboxOrigin = "http://127.0.0.1:9"; // Nobody listens there.
     const auto accounts = makeAccounts(accountCount);
     const auto pages = makePages(accounts, accountCount * pagesPerAccount);
     screen_.store.saveAccounts(accounts);
@@ -56,7 +56,7 @@ double MainContent::selectNextAccount() {
     const auto taken = mainLoopTime() - before;
     if (!drawn || view_->pagesVM().pages->size() != pagesPerAccount)
         throw std::runtime_error("the account's Pages are not shown");
-    screen_.settle(); // Else the next one would pay for this one's pictures.
+    screen_.settle(); // Otherwise this account's pictures would count for the next one.
     return taken;
 }
 

@@ -2,6 +2,7 @@
 
 #include "Services/SupportClient.h"
 #include "Views/Shell/MainSplitView.h"
+#include "support/Gtk/RealEngine.h"
 #include "support/Gtk/TestScreen.h"
 
 #include <optional>
@@ -9,23 +10,23 @@
 
 namespace tessaro::bench {
 
-/// The content of the main window in this process, in a window on screen.
+/// The content of the main window, shown by this process.
 class MainContent {
 public:
-    /// With so many accounts, each of which has ten Pages with pictures.
+    /// @param accountCount  each account has ten Pages with pictures
     explicit MainContent(int accountCount);
     ~MainContent();
     MainContent(const MainContent&) = delete;
     MainContent& operator=(const MainContent&) = delete;
 
-    /// Selects another account that is in view. The milliseconds that the main loop works until the
-    /// frame with the account's Pages is drawn; their pictures may come later.
+    /// Selects another account that is in view. Returns the milliseconds that the UI thread works
+    /// until the frame with the account's Pages is drawn. Their pictures may come later.
     double selectNextAccount();
 
 private:
     void storePictures(const std::vector<PageConfig>& pages);
 
-    test::TestScreen screen_;
+    test::TestScreen screen_{&test::realEngine()};
     SupportClient support_{
         screen_.settings, screen_.endpoints.inboxOrigin, screen_.device, screen_.logger, {}};
     std::optional<MainSplitView> view_;

@@ -12,8 +12,8 @@ namespace tessaro::bench {
 
 namespace {
 
-/// What this thread has waited for the processor, in milliseconds (the second number of
-/// /proc/[pid]/schedstat, in nanoseconds).
+/// How long this thread has waited for a processor, in milliseconds. The kernel gives it in
+/// nanoseconds, as the second number of /proc/[pid]/schedstat.
 double queued() {
     static const int file = open("/proc/thread-self/schedstat", O_RDONLY | O_CLOEXEC);
     char text[64] = {};

@@ -2,9 +2,9 @@
 
 namespace tessaro::bench {
 
-/// The milliseconds that this thread's main loop has worked since some moment: without its waiting
-/// for events, and without what it waited for the processor while other programs had it. Waiting
-/// for the disk or the display counts as work. Throws where the kernel does not tell.
+/// The milliseconds that this thread's main loop has worked since some fixed moment. Waiting for
+/// events does not count, nor does waiting for a processor that other programs use. Waiting for the
+/// disk or the display counts. Throws where the kernel keeps no such numbers.
 double mainLoopTime();
 
 } // namespace tessaro::bench

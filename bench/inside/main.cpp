@@ -1,4 +1,4 @@
-// Selects accounts in this process and says what that cost on standard output.
+// Selects accounts and prints the median time of one selection, in milliseconds.
 
 #include "Table.h"
 #include "inside/MainContent.h"

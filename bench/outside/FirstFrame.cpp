@@ -9,7 +9,7 @@ namespace tessaro::bench {
 
 namespace {
 
-constexpr int patience = 20'000; ///< In milliseconds.
+constexpr int patience = 20'000; ///< Milliseconds.
 constexpr int smallestWidth = 800, smallestHeight = 500;
 
 } // namespace
@@ -19,7 +19,7 @@ FirstFrame::FirstFrame() : display_(XOpenDisplay(nullptr)) {
     if (!display_ || !XDamageQueryExtension(display_.get(), &damageEvent_, &errorBase))
         throw std::runtime_error("no display that tells what is drawn");
     XDamageCreate(display_.get(), DefaultRootWindow(display_.get()), XDamageReportRawRectangles);
-    XSync(display_.get(), True); // What is there already is reported at once, and not meant.
+    XSync(display_.get(), True); // Drops the reports of windows that are open already.
 }
 
 void FirstFrame::wait() {

@@ -6,13 +6,12 @@
 
 namespace tessaro::bench {
 
-/// Sees windows being drawn on the display, whoever they belong to. Make it before the program is
-/// started.
+/// Sees any program's window being drawn on the display. Make it before the program starts.
 class FirstFrame {
 public:
     FirstFrame();
 
-    /// Waits until as much as a main window was drawn at once; throws when that takes too long.
+    /// Waits for a drawing as large as a main window. Throws when that takes too long.
     void wait();
 
 private:

@@ -1,4 +1,4 @@
-// What the program and its processes hold and do while a user only looks.
+// The memory and the wake-ups of the program and its processes while a user only looks.
 
 #include "Figure.h"
 #include "outside/Peers.h"
@@ -12,14 +12,14 @@ namespace {
 
 using std::chrono::seconds;
 
-/// Loading leaves work and memory behind that goes by itself.
+/// A load leaves work to do, and memory that is soon freed.
 constexpr seconds toCalmDown{2};
-/// The inbox's script runs for the last time after ten seconds.
+/// The script that hides the site's navigation runs for the last time ten seconds after a load.
 constexpr seconds toIdle{12};
-/// An engine that was started for nothing gives memory back, bit by bit, for so long.
+/// An engine that was made ready and not used gives memory back for this long.
 constexpr seconds toEngineIdle{40};
 constexpr seconds idleTime{5};
-/// A page's script and the engine's allocator wake up irregularly.
+/// A web page's script and the engine's allocator wake up at irregular times.
 constexpr seconds idleTimeWithPage{10};
 
 double memoryOf(const Running& process) {
@@ -32,7 +32,7 @@ double wakeUpsOf(const Running& process, seconds after, seconds during = idleTim
     return process.wakeUps(during);
 }
 
-/// With one inbox open.
+/// The program with one inbox open.
 Tessaro withInbox(const Site& site) {
     Tessaro tessaro(site);
     tessaro.showPages();
@@ -40,7 +40,7 @@ Tessaro withInbox(const Site& site) {
     return tessaro;
 }
 
-/// @param afterOne  takes what the same run held before
+/// @param afterOne  set to the memory of the same run after the first Page
 double memoryAfterManyPages(const Site& site, double& afterOne) {
     auto tessaro = withInbox(site);
     afterOne = memoryOf(tessaro.process());
@@ -49,7 +49,7 @@ double memoryAfterManyPages(const Site& site, double& afterOne) {
     return memoryOf(tessaro.process());
 }
 
-/// Of a browser with so many pages.
+/// The memory of a browser with that many web pages, in MiB.
 double memoryOfBrowser(const Site& site, const peers::Command& command, std::size_t pages = 1) {
     const auto before = site.runs();
     const Running browser(command);

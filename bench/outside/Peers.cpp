@@ -8,8 +8,8 @@ namespace tessaro::bench::peers {
 
 namespace {
 
-/// On a profile of its own, which is kept from start to start, and without what it does in the
-/// background for itself: the figures are about the page.
+/// Starts Chromium on a private profile, which is kept from start to start. Its own background
+/// services are switched off, because the figures are about the web page.
 Command chromium() {
     Command command{
         "chromium",
@@ -23,7 +23,7 @@ Command chromium() {
         "--disable-default-apps",
         "--disable-sync",
     };
-    // It refuses to run as root in its sandbox. That spares it work which the program does.
+    // As root Chromium does not run in its sandbox. That saves it work which the program does.
     if (geteuid() == 0)
         command.emplace_back("--no-sandbox");
     return command;

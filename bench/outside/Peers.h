@@ -3,16 +3,16 @@
 #include <string>
 #include <vector>
 
-/// How the programs are started that the program is held against.
+/// The commands that start what the program is compared with.
 namespace tessaro::bench::peers {
 
 using Command = std::vector<std::string>;
 
 Command bareWindow();
-/// Loads the addresses that it is given on its standard input.
+/// Loads each address that it reads from its standard input.
 Command bareView();
 Command miniBrowser(const std::string& address);
-/// One page in a window of its own, without tabs and buttons.
+/// Shows one web page in a window without tabs and buttons.
 Command chromiumApp(const std::string& address);
 Command chromiumTabs(const std::vector<std::string>& addresses);
 

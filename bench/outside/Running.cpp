@@ -20,7 +20,7 @@ namespace {
 
 constexpr auto patience = std::chrono::seconds(10);
 
-/// The number behind "KEY:" in a file of proc(5), or -1 when the process is gone.
+/// The number after "KEY:" in a file of proc(5); -1 when the process is gone.
 long readNumber(const std::filesystem::path& file, const std::string& key) {
     std::ifstream stream(file);
     for (std::string line; std::getline(stream, line);)
@@ -33,7 +33,7 @@ std::filesystem::path folderOf(int process) {
     return "/proc/" + std::to_string(process);
 }
 
-/// How often each thread of the tree has gone to sleep so far, by thread.
+/// How often each thread of the tree has gone to sleep so far.
 std::map<std::string, long> sleepsByThread() {
     std::map<std::string, long> sleeps;
     for (const auto& process : test::processTree()) {
@@ -46,7 +46,7 @@ std::map<std::string, long> sleepsByThread() {
     return sleeps;
 }
 
-/// Whether the whole tree has ended by itself in time.
+/// Waits for the whole tree to end. False when it does not in time.
 bool waitForAll() {
     const auto deadline = Clock::now() + patience;
     while (Clock::now() < deadline) {
@@ -110,7 +110,7 @@ double Running::memory() const {
     for (const auto& process : test::processTree()) {
         const auto folder = folderOf(process.id);
         const auto share = readNumber(folder / "smaps_rollup", "Pss");
-        // One that has ended has no command line any more, or is not there at all.
+        // A process that has ended has an empty command line, or none at all.
         if (share < 0 && (process.commandLine.empty() || !std::filesystem::exists(folder)))
             continue;
         if (share < 0)

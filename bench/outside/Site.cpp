@@ -45,7 +45,7 @@ void Site::waitForRunAfter(std::size_t count) const {
     while (runs() <= count) {
         if (std::chrono::steady_clock::now() > deadline)
             throw std::runtime_error("the page was not loaded");
-        // Short beside what is measured, long enough to leave the processor to it.
+        // Short compared with what is measured, and long enough to leave the processor free.
         std::this_thread::sleep_for(std::chrono::microseconds(300));
     }
 }

@@ -7,19 +7,19 @@
 
 namespace tessaro::bench {
 
-/// The demo's inbox site on the loopback interface: the one page that the program and its peers
-/// open. What its script asks for first tells that it runs.
+/// The demo's inbox site on the loopback interface. The program and its peers open the same web
+/// page. The first request of its script shows that the script runs.
 class Site {
 public:
     Site();
 
     const std::string origin() const { return server_.origin(); }
-    /// The inbox of the Page of that id; any id will do.
+    /// The address of a Page's inbox. Any id will do.
     std::string inbox(int pageId) const;
 
-    /// How often the page's script has begun to run.
+    /// How often the script has begun to run.
     std::size_t runs() const;
-    /// Waits until it has run more often than that; throws when that takes too long.
+    /// Waits until the script has begun more often than that. Throws when that takes too long.
     void waitForRunAfter(std::size_t runs) const;
 
 private:

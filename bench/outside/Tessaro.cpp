@@ -10,10 +10,10 @@ namespace tessaro::bench {
 
 namespace {
 
-/// From pointing at a button to the click. In half a second there would be a tooltip.
+/// The time from pointing at a button to the click. After half a second a tooltip would show.
 constexpr std::chrono::milliseconds pointing(250);
 
-// Middles of the first buttons in the two columns, below the header bar.
+// The middles of the first buttons in the two columns, below the header bar.
 constexpr int accountColumn = 28, pageColumn = 85, firstRow = 74, rowHeight = 44;
 
 void storeRecords(const std::string& origin) {

@@ -52,7 +52,7 @@ double bareSwitch(const Site& site) {
         const auto start = Clock::now();
         view.write(site.inbox(i % 2));
         site.waitForRunAfter(before);
-        if (i > 0) // The first one starts the engine.
+        if (i > 0) // The first switch starts the engine.
             taken.push_back(millisecondsSince(start));
         std::this_thread::sleep_for(Tessaro::rest);
     }

@@ -13,14 +13,14 @@ class FullDisk : public test::WalkTest {
 protected:
     ~FullDisk() override { std::signal(SIGXFSZ, before_); }
 
-    /// Lets no file of the running program grow, or lets them grow again. Unlike a small file
-    /// system, that needs no privilege.
+    /// Forbids the files of the running program to grow, or allows it again. A small file system
+    /// would do the same, but making one needs privileges.
     void setFull(bool isFull) {
         const rlimit limit{isFull ? 0 : RLIM_INFINITY, RLIM_INFINITY};
         ASSERT_EQ(prlimit(walk_.processId(), RLIMIT_FSIZE, &limit, nullptr), 0);
     }
 
-    /// The names in the file of accounts.
+    /// The names in accounts.json.
     std::vector<std::string> saved() {
         std::vector<std::string> names;
         for (const auto& account : readRecords(walk_, "accounts.json"))
@@ -34,7 +34,7 @@ protected:
         walk_.see(button(name));
     }
 
-    /// Programs that this one starts inherit that the signal of a full disk is ignored.
+    /// Ignores SIGXFSZ, which a file that may not grow would raise. Started programs inherit that.
     void (*before_)(int) = std::signal(SIGXFSZ, SIG_IGN);
 };
 

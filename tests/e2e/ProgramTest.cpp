@@ -52,7 +52,7 @@ TEST_F(TheProgram, LeavesDataAloneThatAProgramOfAnotherSessionUses) {
         kill(crashing.processId(), SIGKILL);
         EXPECT_FALSE(crashing.endsWell(std::chrono::seconds(20)));
     }
-    startProgram(); // What a crash leaves behind locks nothing.
+    startProgram(); // A lock file that a crash left behind locks nothing.
     beginAccount(walk_, "Cửa hàng");
     finishAccount(walk_);
     const auto before = everyFile();
@@ -85,7 +85,7 @@ TEST_F(TheProgram, LeavesDataAloneThatAProgramOfAnotherSessionUses) {
 TEST_F(TheProgram, StartsWithoutBusKeyringNotificationsAndNetwork) {
     writeSettings({{"skarn_server_url", "http://127.0.0.1:9"}}); // Nobody listens there.
     environment_.set("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
-    // The display would still lead the toolkit to this session's accessibility bus.
+    // Otherwise the toolkit would find this session's accessibility bus through the display.
     environment_.set("GTK_A11Y", "none");
     Program program(TESSARO_PROGRAM, home_ / "program-output.txt");
     walk_.expect("the window", [&] { return walk_.screen().findWindow("Tessaro").has_value(); });
@@ -97,7 +97,8 @@ TEST_F(TheProgram, StartsWithoutBusKeyringNotificationsAndNetwork) {
         walk_.expect(line, [&] { return logs().find(line) != std::string::npos; });
     EXPECT_EQ(std::ranges::count(logs(), '\n'), 3);
     walk_.expect("the program to end", [&] {
-        walk_.screen().typeKey("F4", "Alt_L"); // Nobody hears it before the window has the focus.
+        // The key is lost while the window does not have the focus.
+        walk_.screen().typeKey("F4", "Alt_L");
         return !program.isRunning();
     });
     EXPECT_TRUE(program.endsWell(std::chrono::seconds(0)));
@@ -139,6 +140,6 @@ TEST_F(TheProgram, NotifiesOfTheSitesMessagesAndComesBackByAClick) {
         "/org/freedesktop/Notifications", "org.freedesktop.Notifications.ActionInvoked",
         "(uint32 7, 'default')");
     waitForFocus(true);
-    waitForCall("CloseNotification"); // The site has heard of the click.
+    waitForCall("CloseNotification"); // This call shows that the site got the click.
     walk_.closeProgram();
 }

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Everything secret that is typed or received, and the least that is common to them.
+/// Every secret that is typed or received contains one of these.
 constexpr const char* marks[] = {
     "demo-user-token", "demo-page-token", "marked-bad-token", "marked-proxy-password"};
 
@@ -28,7 +28,7 @@ protected:
     Secrets() { leaveEverythingWide(); }
     ~Secrets() override { umask(before_); }
 
-    /// As an older program, or a careless copy, would have left it.
+    /// Leaves files as an older program or a careless copy would: everybody can read them.
     void leaveEverythingWide() {
         fs::create_directories(data_ / "avatars");
         fs::create_directories(data_ / "logs");
@@ -46,7 +46,7 @@ protected:
         walk_.type(field("Password"), "marked-proxy-password");
     }
 
-    /// Opens the sheet, verifies the token there and waits until that answer is shown.
+    /// Opens the sheet, verifies the token there and waits until the answer is shown.
     void verify(const std::string& token, const std::string& answer) {
         walk_.press(button("Thêm Page"));
         walk_.type(field("ACCESS TOKEN"), token);
@@ -67,7 +67,7 @@ protected:
         walk_.seeGone(dialog("Thêm Facebook Page"));
     }
 
-    /// No text on screen holds a mark but the field that it was typed into.
+    /// Expects no mark in any text on screen, except in the field that it was typed into.
     void checkTexts(const Wanted& window) {
         walk_.see(window).find([](const Node& node) {
             EXPECT_FALSE(holdsMark(node.name())) << node.name();
@@ -84,7 +84,7 @@ protected:
                 << process.commandLine;
     }
 
-    /// Of what lies in the program's folder, the names of those files that hold a mark.
+    /// The names of those files in the program's folder that contain a mark.
     std::set<std::string> markedFiles() {
         std::set<std::string> marked;
         for (const auto& entry : fs::recursive_directory_iterator(home_.path()))
@@ -123,7 +123,7 @@ TEST_F(Secrets, StayInTheTwoRecordFiles) {
     checkProcesses();
     verify("demo-page-token", "Page Token hợp lệ");
     leave("Thêm Page");
-    // Its Page has no picture, which is worth a line.
+    // This Page has no picture, which makes a line in the log.
     walk_.expect("a line in the log", [&] { return logs().find("[ERROR]") != std::string::npos; });
     walk_.press(button("Hỗ trợ"));
     checkTexts(dialog("Hỗ Trợ Kỹ Thuật"));
@@ -139,7 +139,7 @@ TEST_F(Secrets, StayInTheTwoRecordFiles) {
     for (auto entry = fs::recursive_directory_iterator(data_);
          entry != fs::recursive_directory_iterator(); ++entry) {
         EXPECT_TRUE(isOwners(entry->path())) << entry->path();
-        if (entry->path().filename() == "web") // What is below is the engine's own.
+        if (entry->path().filename() == "web") // The engine's own files.
             entry.disable_recursion_pending();
     }
 }

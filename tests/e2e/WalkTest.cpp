@@ -13,7 +13,7 @@ WalkTest::WalkTest() {
          {std::pair("XDG_DATA_HOME", "data"), std::pair("XDG_CONFIG_HOME", "config"),
           std::pair("XDG_CACHE_HOME", "cache")})
         environment_.set(variable, (home_ / name).string());
-    // The toolkit complains when it is asked about a control that is just going.
+    // The toolkit prints a warning when it is asked about a control that is going away.
     environment_.set("G_DEBUG", std::nullopt);
     writeSettings();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-// First, because the display's header makes macros of words of this one.
+// This include comes first: the display's header defines words of it as macros.
 // clang-format off
 #include <gtest/gtest.h>
 // clang-format on
@@ -15,16 +15,16 @@
 
 namespace tessaro::test {
 
-/// The real program on folders of its own, with a demo server for everything that it talks to, and
-/// a walk through it. Says what the program printed when the test fails.
+/// The real program in private folders, a demo server for everything that it talks to, and a walk
+/// through the program. A test that fails prints the program's output.
 class WalkTest : public testing::Test {
 protected:
     WalkTest();
     ~WalkTest() override;
 
-    /// Where the demo server says that it listens.
+    /// The origin at which the demo server listens.
     std::string readOrigin() const;
-    /// Lets the program start with these settings besides the addresses of the demo server.
+    /// Writes these settings, and the addresses of the demo server, for the next start.
     void writeSettings(std::map<std::string, std::string> settings = {}) const;
     /// Starts the program and puts off the update that it is offered.
     void startProgram();

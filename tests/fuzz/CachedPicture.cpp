@@ -4,7 +4,7 @@
 
 using namespace tessaro;
 
-/// What decodes is no larger than was asked for in its shorter side.
+/// The shorter side of a picture that decodes is no longer than was asked for.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr int pixels = 64;
     const auto picture = decodePicture(test::asText(data, size), pixels, Cancellation());

@@ -8,8 +8,8 @@
 
 /// usage: fuzz_READER FOLDER
 ///
-/// Runs a fuzz target over every file of the folder, with any compiler: what was found once stays
-/// mended. The last file named is the one that broke it.
+/// Runs a fuzz target over every file of the folder, so that a fault that was found once does not
+/// come back. Needs no fuzzer. When the target breaks, the last file named did it.
 int main(int count, char** arguments) {
     if (count != 2)
         return 2;

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string_view>
 
-/// The entry of every fuzz target (LLVM libFuzzer). It must cope with any bytes.
+/// The entry of every fuzz target (LLVM libFuzzer). It must accept any bytes.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace tessaro::test {

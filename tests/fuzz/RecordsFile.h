@@ -6,7 +6,7 @@
 
 namespace tessaro::test {
 
-/// A list that was read is written so that it reads and writes the same again.
+/// A list that can be read is written such that reading and writing it again changes nothing.
 template <typename Record>
 int readRecords(std::string_view bytes, Result<Record> (*decode)(const nlohmann::json&)) {
     const auto records = decodeList(bytes, decode);

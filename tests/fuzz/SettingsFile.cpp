@@ -8,11 +8,12 @@
 
 using namespace tessaro;
 
-/// Whatever the file held, its values can be asked for and a change survives a new start.
+/// Whatever the file contains, its values can be read, and a change survives a new start.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const test::TempFolder folder;
     const auto file = folder / "config" / "settings.ini";
-    std::filesystem::remove_all(file.parent_path()); // With what was set aside.
+    // With the copies that were set aside.
+    std::filesystem::remove_all(file.parent_path());
     ensureFolder(file.parent_path());
     std::ofstream(file) << test::asText(data, size);
     SettingsStore settings(file);

@@ -21,11 +21,11 @@ namespace {
 constexpr int rounds = 100;
 constexpr int accountsPerRound = 2, switchesPerRound = 10, sheetsPerRound = 5, togglesPerRound = 2;
 constexpr std::chrono::milliseconds hour = std::chrono::hours(1);
-constexpr double mostGrowth = 5; ///< In MiB, after the first tenth.
+constexpr double mostGrowth = 5; ///< In MiB, counted from the end of the first tenth.
 
-/// What this process holds, in MiB (proc(5), smaps_rollup).
+/// The memory of this process, in MiB (proc(5), smaps_rollup).
 double memory(const std::string& key) {
-    malloc_trim(0); // Freed memory that the allocator keeps is no leak.
+    malloc_trim(0); // Freed memory that the allocator keeps is not a leak.
     std::ifstream file("/proc/self/smaps_rollup");
     for (std::string line; std::getline(file, line);)
         if (line.starts_with(key + ":"))
@@ -33,7 +33,7 @@ double memory(const std::string& key) {
     return 0;
 }
 
-/// The main window's content with many accounts, used as in a long day.
+/// The main window's content with many accounts, used as on a long day.
 class Day {
 public:
     explicit Day(const std::string& inboxOrigin) {
@@ -72,7 +72,7 @@ public:
             screen_.theme.toggleTheme();
             screen_.settle();
         }
-        // A dropped browser waits for the last run of its scripts.
+        // A browser that was dropped lives until its scripts have run for the last time.
         screen_.clock.advance(hour / rounds);
         screen_.settle();
     }
@@ -84,7 +84,7 @@ private:
         sheets_.present(std::move(sheet), *view_);
         test::TestScreen::settle(shown);
         test::press(shown, "Hủy");
-        test::runPending(); // Dismissed sheets are dropped when the loop is idle.
+        test::runPending(); // A dismissed sheet is deleted when the main loop is idle.
     }
 
     test::TestScreen screen_{&test::realEngine()};

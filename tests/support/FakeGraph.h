@@ -8,7 +8,7 @@
 
 namespace tessaro::test {
 
-/// A place where coroutines wait while the test holds it shut. Main thread only.
+/// Coroutines wait here while the test keeps the gate shut. UI thread only.
 class Gate {
 public:
     ~Gate() { open(); }
@@ -36,20 +36,20 @@ private:
     std::vector<std::coroutine_handle<>> waiting_;
 };
 
-/// A Graph API that knows the Page tokens that the test gives it and refuses all others.
+/// A Graph API that knows the tokens that the test gives it and refuses all others.
 class FakeGraph {
 public:
-    /// What "/me" answers, by token.
+    /// The answers of "/me", by token.
     std::map<std::string, PageInfo> objects;
-    /// What "/me/accounts" answers; no other token is a user's.
+    /// The answers of "/me/accounts", by user token.
     std::map<std::string, std::vector<MetaGraphClient::ResolvedPage>> managed;
     /// The tokens that clients were made for, in order.
     std::vector<std::string> asked;
-    /// While it is shut, no answer comes.
+    /// No answer comes while it is shut.
     Gate gate;
-    AccountRoutes routes; ///< Taken by nobody.
+    AccountRoutes routes; ///< The clients are made with it. They send no request.
 
-    /// Outlived by this.
+    /// This object outlives the factory.
     GraphClientFactory factory();
 };
 

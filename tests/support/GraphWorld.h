@@ -6,8 +6,8 @@
 
 namespace tessaro::test {
 
-/// A data store together with a server that stands in for the Graph API and answers what it is
-/// told to, whatever the token.
+/// A data store, and a server that stands in for the Graph API. The server gives the answers that
+/// the test sets, whatever the token.
 struct GraphWorld : StoreWorld {
     LoopbackServer server;
     std::string baseUrl = server.origin() + "/v25.0";

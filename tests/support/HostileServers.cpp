@@ -48,7 +48,7 @@ std::string repeated(const std::string& text, int times) {
     return result;
 }
 
-/// The object with each member twice, at first with a number for its value.
+/// The object with each member twice. The first of each two has a number for its value.
 std::string withEveryKeyTwice(const std::string& body) {
     auto numbers = nlohmann::json::parse(body);
     for (auto& value : numbers)
@@ -58,7 +58,7 @@ std::string withEveryKeyTwice(const std::string& body) {
     return text + body.substr(1);
 }
 
-/// Sixty-four megabytes of blanks in a few kilobytes.
+/// Sixty-four megabytes of blanks, compressed to a few kilobytes.
 void sendGzipBomb(ServerConnection& connection, const ReceivedRequest&) {
     const auto compressor = GObjectPtr<GConverter>::adopt(
         G_CONVERTER(g_zlib_compressor_new(G_ZLIB_COMPRESSOR_FORMAT_GZIP, 9)));

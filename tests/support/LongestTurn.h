@@ -6,7 +6,7 @@
 
 namespace tessaro::test {
 
-/// Turns the main loop until `condition` holds, and returns how long a turn took at most.
+/// Turns the main loop until `condition` holds, and returns the time of the longest turn.
 inline std::chrono::steady_clock::duration
 longestTurnUntil(const std::function<bool()>& condition) {
     auto before = std::chrono::steady_clock::now();

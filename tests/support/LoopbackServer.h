@@ -13,9 +13,9 @@
 
 namespace tessaro::test {
 
-/// A small HTTP/1.1 server on a port of its own at a loopback address, with one request for each
-/// connection. It runs on threads of its own, so it works while the main loop is blocked, and shows
-/// when it is. A request that nothing was set for gets a 404.
+/// A small HTTP/1.1 server on a free port of a loopback address, with one request for each
+/// connection. It runs on other threads, so it also works while the main loop is blocked. A request
+/// for a path that has no answer gets a 404.
 class LoopbackServer {
 public:
     struct Answer {
@@ -23,7 +23,7 @@ public:
         std::string body;
         std::map<std::string, std::string> headers;
     };
-    /// Answers a request byte by byte; the connection is closed when it returns.
+    /// Answers one request byte by byte. The connection is closed when it returns.
     using Handler = std::function<void(ServerConnection&, const ReceivedRequest&)>;
 
     /// @param identity  certificate and private key in PEM form, for a server that speaks TLS
@@ -37,20 +37,20 @@ public:
     /// Scheme, address and port, without a slash at the end.
     std::string origin() const;
 
-    /// Answers every request for that path (its query does not count). What was set last counts.
+    /// Answers every request for that path, whatever its query. The last call counts.
     void answer(const std::string& path, Answer answer);
     void answer(const std::string& path, std::string body);
     /// Hands every request for that path to the handler; "*" stands for all other paths.
     void handle(const std::string& path, Handler handler);
 
-    /// From now on answers leave their connections open for further requests.
+    /// From now on a connection stays open after an answer, for further requests.
     void keepConnections() { keepsConnections_ = true; }
 
-    /// What has arrived so far, in order.
+    /// The requests that have arrived so far, in order.
     std::vector<ReceivedRequest> requests() const;
     /// How many requests for the path have arrived.
     std::size_t requestCount(const std::string& path) const;
-    std::size_t connectionCount() const; ///< Accepted since the start.
+    std::size_t connectionCount() const; ///< Accepted so far.
     std::size_t openConnections() const; ///< Right now.
 
 private:

@@ -4,9 +4,9 @@ namespace tessaro::test {
 
 bool runUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit) {
     const auto end = std::chrono::steady_clock::now() + limit;
-    // Wakes the loop now and then, for conditions that change outside it. With a condition that
-    // takes its time it is always due: at an ordinary priority it would keep everything from being
-    // drawn.
+    // The timer wakes the loop for conditions that change outside it. When the condition itself
+    // takes long, the timer is always due. At an ordinary priority it would then prevent all
+    // drawing.
     const GSourcePtr tick(g_timeout_source_new(5));
     g_source_set_priority(tick.get(), G_PRIORITY_LOW);
     g_source_set_callback(

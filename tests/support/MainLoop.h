@@ -8,12 +8,12 @@
 
 namespace tessaro::test {
 
-/// Turns the main loop until `condition` holds; false when it does not within `limit`.
+/// Turns the main loop until `condition` holds; false when it does not hold within `limit`.
 bool runUntil(
     const std::function<bool()>& condition,
     std::chrono::milliseconds limit = std::chrono::seconds(30));
 
-/// Runs what is due on the main loop now and returns.
+/// Runs everything that is due on the main loop now.
 void runPending();
 
 namespace detail {

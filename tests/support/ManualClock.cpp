@@ -7,7 +7,7 @@ namespace tessaro::test {
 ManualClock::ManualClock(TimePoint start) : now_(start) {}
 
 ManualClock::~ManualClock() {
-    // What waits here may own a timer that waits here too, so it goes piece by piece.
+    // Work that waits here may own a timer that waits here too, so it is deleted one by one.
     while (!due_.empty())
         due_.extract(due_.begin());
 }

@@ -15,7 +15,7 @@ MockBusService::MockBusService(
     const std::string& busAddress, const std::string& name, Handler handler)
     : connection_(connectToBus(busAddress)), state_(std::make_shared<State>()) {
     state_->handler = std::move(handler);
-    // The filter may still run for a moment after the end of this object.
+    // The filter may still run for a moment after this object is gone.
     using Shared = std::shared_ptr<State>;
     g_dbus_connection_add_filter(
         connection_.get(),

@@ -7,14 +7,14 @@
 
 namespace tessaro::test {
 
-/// How many times the memory a sanitized program may take: shadows, and freed memory kept back.
+/// A sanitizer needs memory of its own, so limits are this many times as large under one.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 inline constexpr std::size_t memoryFactor = 16;
 #else
 inline constexpr std::size_t memoryFactor = 1;
 #endif
 
-/// The most memory that this process held at once since the object was made (proc(5), VmHWM).
+/// The peak of this process's memory since the object was made (proc(5), VmHWM).
 class PeakMemory {
 public:
     PeakMemory() {
@@ -22,7 +22,7 @@ public:
         atStart_ = statusValue("VmRSS:");
     }
 
-    /// In bytes, beyond what was held at the start.
+    /// In bytes, beyond the memory at the start.
     std::size_t growth() const {
         const auto peak = statusValue("VmHWM:");
         return peak > atStart_ ? peak - atStart_ : 0;

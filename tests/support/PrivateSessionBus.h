@@ -8,7 +8,7 @@
 
 namespace tessaro::test {
 
-/// A connection to the bus at that address that nobody shares.
+/// A new connection to the bus at that address, which nobody shares.
 inline GObjectPtr<GDBusConnection> connectToBus(const std::string& address) {
     GErrorSlot error;
     auto connection = GObjectPtr<GDBusConnection>::adopt(g_dbus_connection_new_for_address_sync(
@@ -22,12 +22,12 @@ inline GObjectPtr<GDBusConnection> connectToBus(const std::string& address) {
     return connection;
 }
 
-/// A session bus for one test: while it exists it is the session bus of this process. No service is
-/// on it and none is started by it. Everything that uses the bus must be gone before it goes.
+/// A session bus for one test. While the object exists, it is the session bus of this process. It
+/// has no services and starts none. Everything that uses the bus must be deleted before it.
 class PrivateSessionBus {
 public:
     PrivateSessionBus() {
-        // The daemon's own start and end change these.
+        // Starting and ending the daemon changes these variables.
         for (const char* name :
              {"DISPLAY", "DBUS_STARTER_ADDRESS", "DBUS_STARTER_BUS_TYPE",
               "DBUS_SESSION_BUS_ADDRESS"})

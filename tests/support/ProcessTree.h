@@ -5,14 +5,14 @@
 
 namespace tessaro::test {
 
-/// A process as everyone who may look sees it (proc(5)).
+/// A process as other programs of the user see it (proc(5)).
 struct ProcessView {
     int id;
     std::string commandLine;
     std::string environment;
 };
 
-/// The processes that this one has started, and those that they have started.
+/// The processes that this one has started, and those that these have started.
 std::vector<ProcessView> processTree();
 
 } // namespace tessaro::test

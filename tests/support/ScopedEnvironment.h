@@ -7,8 +7,8 @@
 
 namespace tessaro::test {
 
-/// Environment variables of this process, put back as they were when it goes out of scope. For
-/// tests whose other threads do not read the environment.
+/// Sets environment variables of this process and restores them at the end of its scope. Other
+/// threads must not read the environment meanwhile.
 class ScopedEnvironment {
 public:
     ScopedEnvironment() = default;
@@ -19,7 +19,7 @@ public:
     ScopedEnvironment(const ScopedEnvironment&) = delete;
     ScopedEnvironment& operator=(const ScopedEnvironment&) = delete;
 
-    /// Sets the variable, or takes it away when there is no value.
+    /// Sets the variable, or removes it when there is no value.
     void set(const std::string& name, const std::optional<std::string>& value) {
         const char* present = getenv(name.c_str());
         before_.emplace(name, present ? std::optional<std::string>(present) : std::nullopt);

@@ -23,7 +23,7 @@ void ServerConnection::use(GObjectPtr<GIOStream> stream) {
     input_ = GObjectPtr<GDataInputStream>::adopt(
         g_data_input_stream_new(g_io_stream_get_input_stream(stream_.get())));
     g_data_input_stream_set_newline_type(input_.get(), G_DATA_STREAM_NEWLINE_TYPE_CR_LF);
-    // What is left of the first one must not close the connection below TLS.
+    // The plain stream must not close the connection below TLS when it is dropped.
     g_filter_input_stream_set_close_base_stream(G_FILTER_INPUT_STREAM(input_.get()), FALSE);
 }
 

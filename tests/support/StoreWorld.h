@@ -9,7 +9,7 @@
 
 namespace tessaro::test {
 
-/// Stands in for the user's keyring where a test only asks which entries are deleted.
+/// Stands in for the user's keyring. It records which entries are deleted.
 class RecordingKeychain final : public KeychainService {
 public:
     explicit RecordingKeychain(AppLogger& logger) : KeychainService(nobody_, logger) {}
@@ -21,15 +21,15 @@ public:
         return true;
     }
 
-    std::vector<std::string> removed; ///< The keys, in the order in which they were deleted.
-    /// When it is set, each deletion takes a second until this is ready.
+    std::vector<std::string> removed; ///< The keys, in the order of their deletion.
+    /// When it is set, each deletion waits until this is ready, at most a second.
     std::shared_future<void> slowness;
 
 private:
-    SecretStore nobody_; ///< Never called.
+    SecretStore nobody_; ///< Never called: this class answers itself.
 };
 
-/// A data store with everything that it needs, in folders of its own.
+/// A data store with everything that it needs, in private folders.
 struct StoreWorld {
     TempFolder folder;
     ManualClock clock;
@@ -41,9 +41,9 @@ struct StoreWorld {
     std::filesystem::path records = folder / "Tessaro";
     DataStore store = newStore();
 
-    /// Another one over the same files, as after a new start of the program.
+    /// Another store over the same files, as after a new start of the program.
     DataStore newStore() { return {records, keychain, notifications, clock}; }
-    /// What the log of today holds, or that there is none.
+    /// The text of today's log; a message when there is none.
     std::string loggedLines() {
         logger.flush(std::chrono::seconds(10));
         return logger.readCurrentLog();

@@ -4,7 +4,7 @@
 
 namespace tessaro::test {
 
-/// A folder of its own for one test, removed with everything in it.
+/// A private folder for one test. It is removed with everything in it.
 class TempFolder {
 public:
     TempFolder();

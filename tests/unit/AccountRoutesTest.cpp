@@ -22,7 +22,7 @@ protected:
         proxied.proxyPort = proxy.port();
     }
 
-    /// Holds each answer of the server back until there is a permit for it.
+    /// Holds back each answer of the server until there is a permit for it.
     void hold(LoopbackServer& server) {
         server.handle("*", [this](ServerConnection& connection, const ReceivedRequest&) {
             while (!takePermit() && connection.pause(std::chrono::milliseconds(1))) {
@@ -38,7 +38,7 @@ protected:
         return world.routes.of(owner).pictures.fetch(addressOf(number));
     }
     std::string addressOf(int number) { return world.baseUrl + "/" + std::to_string(number); }
-    /// Asks for pictures of that many numbers and waits until no more of them are on their way.
+    /// Asks for that many pictures and waits until as many requests as allowed are under way.
     std::vector<Task<Result<HttpResponse>>>
     askFor(int count, const std::optional<Account>& owner, LoopbackServer& by) {
         std::vector<Task<Result<HttpResponse>>> asked;
@@ -116,7 +116,7 @@ TEST_F(AccountRoutesTest, WhoOnlyShowsAPictureIsContentWithWhatOthersGot) {
 
     world.server.answer("*", "a picture");
     EXPECT_EQ(await(queue.fetch(addressOf(1))).value().body, "a picture") << "asked for anew";
-    auto shown = show(); // The first one that holds on to it.
+    auto shown = show(); // From here on somebody holds the answer.
     EXPECT_THAT(world.server.requests(), SizeIs(3));
     EXPECT_EQ(show(), shown);
     EXPECT_THAT(world.server.requests(), SizeIs(3));

@@ -37,7 +37,7 @@ protected:
         flow->verifyToken();
         EXPECT_TRUE(runUntil([&] { return !*flow->isVerifying; }));
     }
-    /// Presses twice, as a hasty person does.
+    /// Calls twice, as two quick presses do.
     void add() {
         flow->addSelectedPage();
         flow->addSelectedPage();

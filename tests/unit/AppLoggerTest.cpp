@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// 2025-03-05 14:07:09 in the time zone of these tests, seven hours ahead of UTC.
+/// 2025-03-05 14:07:09 in the time zone of these tests, which is UTC+7.
 constexpr std::chrono::sys_seconds afternoon{1'741'158'429s};
 
 class AppLoggerTest : public testing::Test {

@@ -120,7 +120,7 @@ TEST_F(DataStoreTest, SetsAFileAsideThatDidNotDecodeBeforeItIsReplaced) {
 }
 
 TEST_F(DataStoreTest, SetsASideWhatCannotBeReadAndSavesWhenThereIsNothingToSetAside) {
-    // A folder in the file's place cannot be read, not even by root.
+    // A folder in the place of the file cannot be read, even by root.
     std::filesystem::create_directories(world.records / "pages.json" / "kept");
     EXPECT_THAT(store.loadPages(), IsEmpty());
     store.savePages({a});
@@ -133,7 +133,7 @@ TEST_F(DataStoreTest, SetsASideWhatCannotBeReadAndSavesWhenThereIsNothingToSetAs
     std::filesystem::remove(world.records / "accounts.json");
     store.saveAccounts({first});
     EXPECT_THAT(world.newStore().loadAccounts(), ElementsAre(first));
-    // It was not there yet when it was read, as on a disk that is mounted late.
+    // The file appears after it was read, as on a disk that is mounted late.
     auto late = world.newStore();
     std::filesystem::rename(world.records / "pages.json", world.folder / "later");
     EXPECT_THAT(late.loadPages(), IsEmpty());

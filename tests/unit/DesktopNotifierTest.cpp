@@ -23,7 +23,7 @@ const std::string name = "org.freedesktop.Notifications";
 
 class DesktopNotifierTest : public testing::Test {
 protected:
-    /// Answers as a notification service that reads markup.
+    /// Answers like a notification service that supports markup.
     MockBusService::Reply answer(const std::string& method, GDBusMessage* call) {
         if (method.ends_with("GetCapabilities"))
             return MockBusService::answer(call, "(['body-markup'],)");
@@ -65,7 +65,7 @@ protected:
 
     const test::PrivateSessionBus bus_;
     std::uint32_t nextId_ = 7;
-    std::atomic<bool> keepsBack_ = false; ///< The service takes its time to show.
+    std::atomic<bool> keepsBack_ = false; ///< While true, the service does not answer Notify.
     std::mutex mutex_;
     std::vector<MockBusService::Reply> kept_;
     std::vector<std::string> clicks_;
@@ -131,7 +131,7 @@ TEST_F(DesktopNotifierTest, LeavesNothingBehindThatWasWithdrawnReplacedOrDismiss
     waitForKept(1);
     emit("NotificationClosed", "(uint32 9, uint32 2)");
     answerKept(service);
-    // Tells of the answer's arrival: the two come in order.
+    // The answer has arrived when this call has, because a bus keeps the order.
     emit("ActionInvoked", "(uint32 10, 'default')");
     EXPECT_TRUE(waitForClicks({"b", "b"}));
     notifier_->withdraw("b");

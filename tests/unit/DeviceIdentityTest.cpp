@@ -19,7 +19,7 @@ TEST(DeviceIdentity, IsARememberedRandomIdentifierWhereTheMachineHasNone) {
         SettingsStore settings(temp / "settings.ini");
         const DeviceIdentity device(settings, temp / "machine-id");
 
-        // Callers that ask for it first at the same time get the same one.
+        // Callers that ask at the same time get the same identity.
         std::vector<std::string> answers(8);
         std::vector<std::thread> callers;
         for (auto& answer : answers)

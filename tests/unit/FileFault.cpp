@@ -36,7 +36,7 @@ bool strikes(const char* call) {
     return true;
 }
 
-/// The C library's own function.
+/// The C library's function of that name.
 template <typename Function>
 Function* real(Function&, const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));

@@ -19,7 +19,7 @@ perms modeOf(const std::filesystem::path& path) {
     return std::filesystem::status(path).permissions();
 }
 
-/// Sets the process's umask for a while.
+/// Sets the umask of this process while the object lives.
 class Umask {
 public:
     explicit Umask(mode_t mask) : old_(umask(mask)) {}
@@ -81,7 +81,7 @@ TEST(FileStore, LocksAFolderForOneAtATimeAndForNobodyWhereThereAreNoLocks) {
     EXPECT_FALSE(lockFolder(folder / "data", 0ms));
     first.reset();
     EXPECT_TRUE(lockFolder(folder / "data", 0ms)) << "the file alone locks nothing";
-    // One that is just ending lets go in time.
+    // The lock of a process that is ending becomes free in time.
     std::promise<void> locked;
     std::thread ending([&] {
         const auto held = lockFolder(folder / "data", 0ms);

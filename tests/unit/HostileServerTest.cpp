@@ -19,7 +19,7 @@ using testing::HasSubstr, testing::Not;
 namespace {
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr int fittingPages = 20'000; // Each of them takes its time.
+constexpr int fittingPages = 20'000; // Checking each of them takes time.
 constexpr auto timeLimit = 30s;
 constexpr auto turnLimit = 2s;
 #else
@@ -30,18 +30,18 @@ constexpr auto turnLimit = 400ms;
 
 constexpr const char* marked = "EAAB marked#token/%1";
 
-/// An object that contents every request of both clients.
+/// An object that every request of both clients accepts.
 constexpr const char* goodBody = R"({"id":"7","name":"Trang","data":[],"success":true,
     "version":"2.0","url":"javascript:x","notes":"<b>\u202e"})";
 
-/// A handler that sends what is made of the request's target, the token in it.
+/// A handler that answers with a text made from the request's target, which contains the token.
 LoopbackServer::Handler echoes(std::function<std::string(const std::string& target)> text) {
     return [text](ServerConnection& connection, const ReceivedRequest& request) {
         connection.write(text(request.target));
     };
 }
 
-/// Makes each of the client's requests with the marked token, and returns what is said of those
+/// Makes each of the client's requests with the marked token, and returns the messages of those
 /// that fail.
 std::string errorsOf(GraphWorld& world, const Account& account) {
     const auto client = world.makeClient(SecretText(marked), account);
@@ -64,7 +64,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_P(AHostileServer, IsEndedInBoundedTimeAndMemoryAndToldOfWithoutTheToken) {
     GraphWorld world;
-    // Short enough to wait for each of them.
+    // Short limits, because the test waits for each server.
     const HttpOptions options{.silenceLimit = 1s, .totalLimit = 700ms, .bodyLimit = 1 << 20};
     world.routes = AccountRoutes(options);
     world.baseUrl = GetParam().start(world.server);
@@ -132,7 +132,7 @@ TEST(HostileGraph, LongErrorsAreReadWithoutStallingTheLoop) {
     GraphWorld world;
     SupportClient support(world.settings, world.baseUrl, world.device, world.logger, {});
     std::string body = R"({"error":{"message":"Why","more":[0)";
-    for (int i = 0; i < 300'000; ++i) // Takes half a second to read.
+    for (int i = 0; i < 300'000; ++i) // Such an answer takes half a second to decode.
         body += ",1";
     world.server.answer("*", {400, body += "]}}", {}});
     auto asking = world.makeClient(SecretText(marked), std::nullopt)->fetchPageInfo();

@@ -15,12 +15,12 @@ using namespace tessaro::test;
 
 namespace {
 
-/// A certificate authority made for one test with the openssl command.
+/// A certificate authority for one test, made with the openssl command.
 class TestAuthority {
 public:
     TestAuthority() { request("authority", ""); }
 
-    /// The authority's own certificate, to be trusted.
+    /// The authority's certificate, which a client has to trust.
     std::filesystem::path file() const { return folder_ / "authority.pem"; }
 
     /// A certificate for that address ("IP:…" or "DNS:…") with its private key, in PEM form.
@@ -74,7 +74,7 @@ TEST_F(HttpClientTls, TrustsItsAuthorityAndNobodyElse) {
 TEST_F(HttpClientTls, SendsNothingInTheClearWhateverTheServerDoes) {
     const auto plainHost = plain.origin().substr(7);
     secure.answer("/down", {302, "", {{"Location", plain.origin()}}});
-    // Without a scheme the address stays one of TLS, which the plain server does not speak.
+    // Without "http://" the client uses TLS, which the plain server does not speak.
     secure.answer("/aside", {302, "", {{"Location", "//" + plainHost}}});
     EXPECT_EQ(codeOf(get(secure.origin() + "/down", options)), HttpClient::badRedirect);
     EXPECT_FALSE(get(secure.origin() + "/aside", options));
@@ -83,7 +83,7 @@ TEST_F(HttpClientTls, SendsNothingInTheClearWhateverTheServerDoes) {
 }
 
 TEST_F(HttpClientProxy, CarriesPlainAndTlsRequestsAlikeWithoutCredentials) {
-    // It opens no tunnel, but speaks for the server at its end.
+    // It opens no tunnel, but answers in the server's place.
     const auto identity = authority.identity();
     proxy.handle(secure.origin().substr(8), [&](auto& connection, const ReceivedRequest&) {
         connection.write("HTTP/1.1 200 Connection established\r\n\r\n");
@@ -125,7 +125,7 @@ TEST_F(HttpClientProxy, NeverGoesDirectlyWhenItsProxyCannotBeUsed) {
 }
 
 TEST_F(HttpClientProxy, LooksItsHostUpByTheNameThatTheNetworkKnows) {
-    // RFC 6761: a name below "localhost" is this computer's, whoever is asked.
+    // RFC 6761: every name below "localhost" is this computer.
     proxy.answer("*", "by the proxy");
     options.proxy = HttpOptions::Proxy{"máy.localhost", proxy.port()};
     EXPECT_EQ(get(plain.origin(), options).value().body, "by the proxy");

@@ -5,7 +5,7 @@
 
 namespace tessaro::test {
 
-/// What one request of a new client ends in.
+/// The result of one request by a new client.
 inline Result<HttpResponse> send(HttpRequest request, HttpOptions options = {}) {
     HttpClient client(std::move(options));
     return await(client.send(std::move(request)));
@@ -15,7 +15,7 @@ inline Result<HttpResponse> get(const std::string& url, HttpOptions options = {}
     return send({.url = url}, std::move(options));
 }
 
-/// 0 for a response.
+/// The error's code; 0 for a response.
 inline int codeOf(const Result<HttpResponse>& response) {
     return response ? 0 : response.error().code;
 }

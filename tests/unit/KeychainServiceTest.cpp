@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A real gnome-keyring-daemon on a private bus: an unlocked default keyring in a temporary folder.
+/// A real gnome-keyring-daemon on a private bus, with an unlocked keyring in a temporary folder.
 class GnomeKeyring {
 public:
     explicit GnomeKeyring(const test::PrivateSessionBus& bus)
@@ -43,14 +43,14 @@ public:
         g_subprocess_wait(daemon_.get(), nullptr, nullptr);
     }
 
-    /// Locks the default keyring, so that its entries can be seen but not read.
+    /// Locks the default keyring. Its entries can then be found but not read.
     void lock() const {
         if (!call("Lock", g_variant_new_parsed("([%o],)", defaultCollection().c_str())))
             throw std::runtime_error("the keyring does not lock");
     }
 
 private:
-    /// Its path; empty while the daemon does not answer.
+    /// The keyring's path on the bus; empty while the daemon does not answer.
     std::string defaultCollection() const {
         const auto alias = call("ReadAlias", g_variant_new("(s)", "default"));
         const char* path = "";
@@ -109,7 +109,7 @@ TEST_F(KeychainServiceTest, LeavesALockedKeyringAloneAndLogsASaveThatFailed) {
     EXPECT_EQ(keychain_.load("page_token_AB"), std::nullopt);
     EXPECT_FALSE(keychain_.remove("page_token_AB"));
     EXPECT_TRUE(keychain_.remove("missing"));
-    // The store's code for a locked keyring: no prompt was waited for.
+    // The store's code for a locked keyring. It did not wait for a password.
     EXPECT_THAT(
         world_.loggedLines(),
         testing::MatchesRegex(

@@ -80,7 +80,7 @@ TEST_F(MetaGraphClientTest, TellsFailuresAsTheGraphApiPutsThem) {
         {502, R"({"error":{"code":"190"}})", 502, "Lỗi kết nối (502)."},
         {502, R"({"error":{"message":1}})", 502, "Lỗi kết nối (502)."},
         {502, R"({"error":{"type":[]}})", 502, "Lỗi kết nối (502)."},
-        // A redirect that leads nowhere is no success either.
+        // A redirect without a target is no success.
         {304, "", 304, "Lỗi kết nối (304)."},
     };
     for (const auto& [status, body, code, message] : failures)

@@ -18,7 +18,7 @@ namespace {
 constexpr const char* granted = "[INFO] NotificationService: Quyền thông báo đã được cấp.\n";
 const std::string refused = "[ERROR] NotificationService: Lỗi yêu cầu quyền: ";
 
-/// Asks once and returns what comes into the log.
+/// Asks once and returns the lines that come into the log.
 std::string logAfterRequest(const std::filesystem::path& confined) {
     test::StoreWorld world;
     NotificationService(world.logger, confined).requestPermission();

@@ -33,7 +33,7 @@ protected:
             [](std::string_view bytes) { return bytes != "no picture"; });
     }
 
-    /// Stores the Pages and shows those of the account.
+    /// Saves the Pages and loads those of the account.
     void show(const std::vector<PageConfig>& stored) {
         world.store.savePages(stored);
         model->loadPages(account.id);
@@ -74,7 +74,7 @@ TEST_F(PagesViewModelTest, FetchesOnlyThePicturesThatTheCacheLacks) {
     int changes = 0;
     const ScopedConnection watching(model->changed.connect([&] { ++changes; }));
     show({a, c});
-    model->loadPages(other.id); // A picture of an account no longer shown is still kept.
+    model->loadPages(other.id); // A picture is kept although its account is no longer shown.
     EXPECT_TRUE(runUntil([&] { return changes == 1; }));
     EXPECT_EQ(cached("1"), "kept");
     EXPECT_EQ(cached("3"), "a picture");

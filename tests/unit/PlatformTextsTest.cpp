@@ -1,6 +1,7 @@
 #include "Platform/DateTime.h"
 #include "Platform/Text.h"
 #include "Platform/Uuid.h"
+#include "Platform/WebAddress.h"
 
 #include <gtest/gtest.h>
 
@@ -70,4 +71,29 @@ TEST(DateTime, WritesBackWhatItReadsAndRefusesOtherFormsAndTimesThatDoNotExist) 
           "+025-03-01T09:30:05Z", "2023-02-29T00:00:00Z", "2025-13-01T00:00:00Z",
           "2025-01-00T00:00:00Z", "2025-01-01T24:00:00Z", "2016-12-31T23:59:60Z", ""})
         EXPECT_FALSE(parseDateTime(text)) << text;
+}
+
+TEST(WebAddress, OnlyHttpWithAHostIsOpenable) {
+    for (const auto* address :
+         {"http://a.example", "https://a.example/b?c=d#e", "HTTPS://A.example:8443/",
+          "https://[::1]/", "https://a.example/%E1%?q=100%#%"})
+        EXPECT_TRUE(isOpenableAddress(address)) << address;
+    for (const auto* address :
+         {"", "a.example", "/a", "//a.example/b", "https:", "https://", "https:///path",
+          "https://:80/", "file:///etc/passwd", "javascript:alert(1)", "mailto:a@a.example",
+          "ftp://a.example", "https://a example/", " https://a.example", "https://a.example:port/"})
+        EXPECT_FALSE(isOpenableAddress(address)) << address;
+    EXPECT_FALSE(isOpenableAddress(std::string("https://a.example/\0evil", 23)));
+}
+
+TEST(WebAddress, TellsPagesApartBySchemeHostAndPort) {
+    EXPECT_EQ(originOf("https://a.example"), "https://a.example:443");
+    EXPECT_EQ(originOf("HTTPS://A.Example:443/b?c=d#e"), "https://a.example:443");
+    EXPECT_EQ(originOf("http://a.example@b.example/"), "http://b.example:80");
+    EXPECT_EQ(originOf("https://a.example/100%?%E1"), "https://a.example:443");
+    EXPECT_EQ(originOf("https://hộp.example"), "https://xn--hp-79s.example:443");
+    EXPECT_EQ(originOf("https://a.example\\@b.example/"), "https://a.example:443");
+    EXPECT_EQ(originOf("http://127.0.0.1:8080/b"), "http://127.0.0.1:8080");
+    for (const auto* address : {"", "about:blank", "data:text/html,a", "file:///etc/passwd"})
+        EXPECT_EQ(originOf(address), "") << address;
 }

@@ -69,7 +69,7 @@ constexpr const char* pageFile = R"([
   }
 ])";
 
-/// Every single change of a member that a strict reader must refuse.
+/// Expects an error for each member that is missing, of another type or has a refused value.
 template <typename Record>
 void expectEveryMemberIsRequired(
     const json& good, Result<Record> (*decode)(const json&),
@@ -97,8 +97,6 @@ TEST(Records, AreWrittenInOrderOneMemberPerLineAndReadBackWhole) {
     EXPECT_EQ(encodeList(std::vector{page()}), pageFile);
     EXPECT_EQ(encodeList(decodeList(accountFile, decodeAccount).value()), accountFile);
     EXPECT_EQ(encodeList(decodeList(pageFile, decodePageConfig).value()), pageFile);
-    const CustomerProfile full{"1", "a", "b", "c", "d", "e", "f", std::vector<std::string>{"g"}};
-    EXPECT_EQ(decodeCustomerProfile(full), full);
 }
 
 TEST(Records, AreReadStrictly) {
@@ -111,8 +109,6 @@ TEST(Records, AreReadStrictly) {
          {"proxyPort", {8080.0, true, std::uint64_t(1) << 63}}});
     expectEveryMemberIsRequired<PageConfig>(
         page(), decodePageConfig, {{"id", uuids}, {"accountId", uuids}, {"createdAt", times}});
-    expectEveryMemberIsRequired<MessageTemplate>(
-        MessageTemplate{"chào", "xin chào"}, decodeMessageTemplate);
 
     json object = account();
     object["thêm"] = json::array({1, 2});
@@ -143,14 +139,13 @@ TEST(Records, HoldAnyTextWithoutThrowing) {
             << bad;
 }
 
-TEST(Records, CustomerProfileMayLackEveryFieldButItsIdentifier) {
+TEST(Records, ThatNothingUsesYetAreReadBackWhole) {
     const CustomerProfile bare{.id = "x"};
+    const CustomerProfile full{"1", "a", "b", "c", "d", "e", "f", std::vector<std::string>{"g"}};
     EXPECT_EQ(json(bare).dump(), R"({"id":"x"})");
-    EXPECT_EQ(decodeCustomerProfile(json::parse(R"({"id":"x","tags":null})")), bare);
-    for (const char* bad :
-         {R"({"name":"x"})", R"({"id":"x","phone":5})", R"({"id":"x","tags":["a",1]})",
-          R"({"id":"x","tags":"a"})"})
-        EXPECT_FALSE(decodeCustomerProfile(json::parse(bad))) << bad;
-    const std::hash<CustomerProfile> hash;
-    EXPECT_NE(hash({.id = "x", .name = ""}), hash({.id = "x", .phone = ""}));
+    EXPECT_EQ(decodeCustomerProfile(bare), bare);
+    EXPECT_EQ(decodeCustomerProfile(full), full);
+    EXPECT_FALSE(decodeCustomerProfile(json::parse(R"({"id":"x","tags":["a",1]})")));
+    const MessageTemplate message{"chào", "xin chào"};
+    EXPECT_EQ(decodeMessageTemplate(message), message);
 }

@@ -15,12 +15,12 @@ using test::FileFault, test::makeAccount;
 
 namespace {
 
-/// One thing that is saved in versions, told apart by a text.
+/// One kind of file. Its versions are told apart by a text.
 struct Saved {
     const char* name;
     std::function<void(const std::string&)> save;
-    std::function<std::string()> inMemory; ///< Pictures have no copy there.
-    std::function<std::string()> onDisk;   ///< As after a new start; "none" without a file.
+    std::function<std::string()> inMemory; ///< Empty for pictures, which have no copy in memory.
+    std::function<std::string()> onDisk;   ///< Read as after a new start; "none" without a file.
     bool waitsForDisk = true;
 };
 
@@ -44,7 +44,7 @@ protected:
             count += entry.path().filename().string().starts_with(".tessaro-");
         return count;
     }
-    /// Runs the work for each of the three kinds of files with each of the cases.
+    /// Runs the work for each kind of file with each of the cases.
     void forEach(
         const std::vector<Case>& cases,
         const std::function<void(const Saved& saved, const Case& failing)>& work) {

@@ -15,13 +15,13 @@ using test::makeAccount, test::makePage;
 
 namespace {
 
-/// What the process that is going to be killed tells about its saves.
+/// What the process reports of its saves before it is killed.
 struct Progress {
     std::atomic<std::size_t> begun{0};
     std::atomic<std::size_t> finished{0};
 };
 
-/// Saves as many accounts as the save's number, and as many Pages.
+/// Save number n writes n accounts and n Pages.
 [[noreturn]] void saveGrowingLists(DataStore& store, std::size_t last, Progress& progress) {
     for (std::size_t number = last + 1;; ++number) {
         const auto account = makeAccount("Tài khoản " + std::to_string(number));
@@ -39,7 +39,7 @@ std::size_t temporaryFiles(const std::filesystem::path& folder) {
     return count;
 }
 
-/// script/soak asks for more.
+/// How often the process is killed; script/soak asks for more.
 int killsWanted() {
     const char* wanted = std::getenv("TESSARO_KILLS");
     return wanted ? std::atoi(wanted) : 40;
@@ -58,7 +58,7 @@ TEST(SaveKill, LeavesTheListsBeforeOrAfterAndNothingElse) {
     std::size_t last = 0;
     const int kills = killsWanted();
     for (int kill = 0; kill < kills; ++kill) {
-        // With short lists the disk takes most of the time, so that most kills come in its work.
+        // Writing short lists takes longer than encoding them, so most kills interrupt a write.
         if (last > 30) {
             last = 0;
             std::filesystem::remove_all(world.records);

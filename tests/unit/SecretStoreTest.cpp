@@ -11,7 +11,7 @@ using test::MockBusService;
 
 namespace {
 
-/// The codes with which storing, looking up and clearing one entry fail; 0 for a call that worked.
+/// The error codes of storing, looking up and clearing one entry; 0 for success.
 std::vector<int> failuresOf(SecretStore& store) {
     const auto stored = store.store("service", "account", SecretText("value"));
     const auto found = store.lookup("service", "account");

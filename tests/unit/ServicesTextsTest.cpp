@@ -1,3 +1,4 @@
+#include "Services/Endpoints.h"
 #include "Services/LogExcerpt.h"
 #include "Services/TokenRedaction.h"
 #include "Services/VersionComparison.h"
@@ -6,6 +7,22 @@
 #include <gtest/gtest.h>
 
 using namespace tessaro;
+
+TEST(Endpoints, TheInboxSitesHostIsFoundInAddressesAsABrowserWritesThem) {
+    const std::tuple<const char*, const char*, bool> cases[] = {
+        {"https://Inbox.example:443", "https://INBOX.example/latest?a=%", true},
+        {"http://inbox.example:80", "http://inbox.example/", true},
+        {"https://inbox.example", "https://login.example/?next=https://inbox.example/", true},
+        {"http://127.0.0.1:8080", "http://127.0.0.1:8080/", true},
+        {"http://127.0.0.1:8080", "http://127.0.0.1:8081/", false},
+        {"https://inbox.example", "https://login.example/", false},
+        {"inbox.example", "https://inbox.example/", false},
+        {"", "https://inbox.example/", false},
+    };
+    for (const auto& [origin, address, isNamed] : cases)
+        EXPECT_EQ(Endpoints{.inboxOrigin = origin}.namesInboxHost(address), isNamed)
+            << origin << " in " << address;
+}
 
 TEST(VersionComparison, ComparesNumberByNumber) {
     for (const auto& [latest, current, newer] :
@@ -16,12 +33,12 @@ TEST(VersionComparison, ComparesNumberByNumber) {
              {"1.2.0.1", "1.2.0", true},
              {"1.2", "1.2.0", false},
              {"1.10.0", "1.9.9", true},
-             // A piece that is no number is left out and the rest moves up.
+             // A piece that is no number is left out; the later pieces move up.
              {"v1.3.0", "1.2.0", true},
              {"beta", "1.2.0", false},
              {"", "1.2.0", false},
              {"1..2...1", "1.2.0", true},
-             // Signs, and the end of 64 bits.
+             // Signs, and a number of more than 64 bits.
              {"+1.+3", "1.2.0", true},
              {"1.2", "1.2.-1", true},
              {"9223372036854775808", "1.2.0", false},
@@ -55,7 +72,7 @@ std::string repeated(const std::string& text, int times) {
 } // namespace
 
 TEST(LogExcerpt, CutsOnlyAboveFiftyThousandCharacters) {
-    // Vietnamese letters of three bytes each: bytes must not be counted.
+    // Characters count, not bytes: each of these has three.
     const auto limit = repeated("ệ", 50'000);
     EXPECT_EQ(logExcerpt(limit), limit);
     EXPECT_EQ(logExcerpt(limit + "x"), marker + limit + "x") << "fewer than 200 lines stay whole";
@@ -67,7 +84,7 @@ TEST(LogExcerpt, KeepsTheLastTwoHundredLines) {
     const auto kept = repeated(line + "\n", 199) + line;
     for (const std::string older : {"", "\n", "older\n"})
         EXPECT_EQ(logExcerpt(older + kept), marker + kept) << older;
-    // A line feed at the end is followed by one more line, which is empty.
+    // After a line feed at the end comes one more line, which is empty.
     EXPECT_EQ(logExcerpt("older\n" + kept + "\n"), marker + kept.substr(line.size() + 1) + "\n");
 }
 

@@ -24,7 +24,7 @@ protected:
         const auto info = await(client_.checkUpdate());
         return info ? Error{} : info.error();
     }
-    /// Expects that this is what the log says last.
+    /// Expects this text in the last line of the log.
     void expectLogged(const std::string& line) {
         EXPECT_THAT(
             world_.loggedLines(), testing::EndsWith("] [ERROR] SupportClient: " + line + "\n"));
@@ -77,7 +77,7 @@ TEST_F(SupportClientTest, TakesTheBaseAddressFromTheSettingsAndAddsOnlyAMissingS
         "stored.example");
     server_.answer("/base//api/update/check", R"({"version":"1","url":"u","notes":"n"})");
     EXPECT_EQ(errorOfCheck("HTTP" + origin_.substr(4) + "/base/"), Error{});
-    // TLS to a plain server: the scheme was added.
+    // The client added "https://", and the plain server does not speak TLS.
     errorOfCheck(origin_.substr(7));
     EXPECT_THAT(
         world_.loggedLines(), HasSubstr(

@@ -9,15 +9,15 @@
 
 namespace tessaro::test {
 
-/// A desktop whose light and dark the test decides; it keeps what it was told.
+/// A desktop that is light or dark as the test says. It records the schemes that are set.
 class FakeAppearance final : public Appearance {
 public:
     bool ready = true;
     bool desktopIsDark = false;
     std::vector<Window> windows;
 
-    std::optional<ColorScheme> applicationScheme; ///< Nothing before one was set.
-    std::vector<ColorScheme> windowSchemes;       ///< In the order in which they were set.
+    std::optional<ColorScheme> applicationScheme; ///< Empty until one is set.
+    std::vector<ColorScheme> windowSchemes;       ///< In the order of the calls.
 
     void becomeReady() {
         ready = true;

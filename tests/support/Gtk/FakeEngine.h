@@ -9,7 +9,7 @@
 
 namespace tessaro::test {
 
-/// A browser whose pages are empty and there at once.
+/// A browser whose web pages are empty and load at once.
 class FakeView final : public WebView, public WebNotifications, public PageFinder {
 public:
     FakeView() { widget_.set_focusable(); }
@@ -47,8 +47,8 @@ public:
     void findPrevious() override {}
     void end() override {}
 
-    std::vector<std::string> loads;   ///< Addresses.
-    std::vector<std::string> scripts; ///< That were run, in any page.
+    std::vector<std::string> loads;   ///< The addresses, in order.
+    std::vector<std::string> scripts; ///< The scripts that were run, in order.
 
 private:
     mutable Gtk::Box widget_;
@@ -56,7 +56,7 @@ private:
     double zoom_ = 1;
 };
 
-/// An engine of the test's own with one session, which starts no process and fetches nothing.
+/// An engine for tests. It starts no process and fetches nothing.
 class FakeEngine final : public Engine, public WebSession {
 public:
     std::string name() const override { return "FakeEngine 1.0"; }
@@ -73,7 +73,7 @@ public:
         return {};
     }
 
-    std::vector<std::weak_ptr<FakeView>> views; ///< That were made.
+    std::vector<std::weak_ptr<FakeView>> views; ///< All views that were made.
 };
 
 } // namespace tessaro::test

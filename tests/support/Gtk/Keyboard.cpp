@@ -5,7 +5,7 @@
 #include <gdk/x11/gdkx.h>
 #include <glibmm/spawn.h>
 
-// Its macros would change what comes after it.
+// This include comes last, because its macros would change other headers.
 #include <X11/extensions/XTest.h>
 
 namespace tessaro::test {
@@ -14,7 +14,7 @@ namespace {
 
 void key(guint keysym, bool isDown) {
     Display* display = gdk_x11_display_get_xdisplay(gdk_display_get_default());
-    XAutoRepeatOff(display); // A busy machine may take long from a key's press to its release.
+    XAutoRepeatOff(display); // On a busy machine much time may pass between press and release.
     XTestFakeKeyEvent(display, XKeysymToKeycode(display, keysym), isDown, CurrentTime);
     XSync(display, False);
     runPending();

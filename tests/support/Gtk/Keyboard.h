@@ -4,14 +4,14 @@
 
 namespace tessaro::test {
 
-/// Presses keys of the display's own keyboard, so that they take the road of a person's: through
-/// the window manager's focus and the toolkit's key bindings.
+/// Presses keys of the display's keyboard. They pass the window manager's focus and the toolkit's
+/// key bindings, as a person's keys do.
 class Keyboard {
 public:
-    /// @param keysym    of a key that the keyboard has, such as GDK_KEY_Escape
-    /// @param modifier  held meanwhile, such as GDK_KEY_Shift_L
+    /// @param keysym    a key of the keyboard, such as GDK_KEY_Escape
+    /// @param modifier  a key that is held meanwhile, such as GDK_KEY_Shift_L
     static void press(guint keysym, guint modifier = 0);
-    /// Gives the keyboard another layout, such as "vn". The display's first one is "us".
+    /// Gives the keyboard another layout, such as "vn". A display starts with "us".
     static void setLayout(const char* name);
 };
 

@@ -5,7 +5,7 @@
 #include <gdk/x11/gdkx.h>
 #include <gtk/gtk.h>
 
-// Its macros would change what comes after it.
+// This include comes last, because its macros would change other headers.
 #include <X11/extensions/XTest.h>
 
 namespace tessaro::test {

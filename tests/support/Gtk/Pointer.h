@@ -4,12 +4,12 @@
 
 namespace tessaro::test {
 
-/// Where the widget is on the display, whatever lies over it.
+/// The widget's place on the display, whether or not something covers it.
 Gdk::Rectangle placeOnDisplay(Gtk::Widget& widget);
-/// Whether the whole of one widget lies where the other one is.
+/// Whether `inner` lies wholly inside the area of `outer`.
 bool isWithin(Gtk::Widget& inner, Gtk::Widget& outer);
 
-/// Moves and presses the display's own pointer.
+/// Moves the display's pointer and presses its button.
 class Pointer {
 public:
     /// Presses and releases the first button in the middle of the widget.

@@ -6,13 +6,13 @@
 
 namespace tessaro::test {
 
-/// The program's engine, which is loaded once for all tests of the process.
+/// The program's engine. It is loaded once for the whole process.
 inline EngineLoader& realEngine() {
     static EngineLoader loader([] { return loadEngine(TESSARO_ENGINE_MODULE); });
     return loader;
 }
 
-/// The same, loaded; null when it cannot be.
+/// Waits until that engine is loaded; null when it cannot be.
 inline Engine* loadedEngine() {
     std::optional<Engine*> engine;
     const auto loaded = realEngine().whenLoaded([&](Engine* its) { engine = its; });

@@ -11,7 +11,7 @@
 
 namespace tessaro::test {
 
-/// Keeps the alerts; the test answers them.
+/// Records the alerts; the test answers them.
 class RecordingModals final : public Modals {
 public:
     void show(ModalAlert alert, Answered answered) override {
@@ -23,7 +23,7 @@ public:
     std::vector<Answered> answers;
 };
 
-/// Keeps what the program asked of the desktop.
+/// Records what the program asks of the desktop.
 class RecordingDesktop final : public Desktop {
 public:
     void openAddress(const std::string& address) override { opened.push_back(address); }
@@ -46,9 +46,9 @@ public:
     std::vector<std::string> copied;
 };
 
-/// Everything that a screen is made with, in folders of its own.
+/// Everything that a screen is made with, in private folders.
 struct ScreenWorld : StoreWorld {
-    /// @param itsEngine  null for one of its own
+    /// @param itsEngine  null for `fakeEngine`
     explicit ScreenWorld(EngineLoader* itsEngine = nullptr)
         : engine(itsEngine ? *itsEngine : fakeLoader) {}
 
@@ -64,7 +64,7 @@ struct ScreenWorld : StoreWorld {
     Endpoints endpoints = Endpoints::fromSettings(settings);
     ScreenContext context = contextOn(clock);
 
-    /// The same with another clock.
+    /// The context with another clock.
     ScreenContext contextOn(Clock& itsClock) {
         return {theme,  notifications, settings, itsClock, desktop,   engine,
                 modals, store,         device,   images,   endpoints, {}};

@@ -26,7 +26,7 @@ void TestScreen::settle() {
 
 void TestScreen::settle(Gtk::Window& shown) {
     runUntil([&] { return shown.get_mapped() && shown.get_width() > 0; });
-    // Two frames: the first one lays out what changed, the second has drawn it.
+    // The first frame lays out what changed; after the second it is drawn.
     int frames = 0;
     const auto tick = shown.add_tick_callback([&](const auto&) { return ++frames < 3; });
     if (!runUntil([&] { return frames >= 3; }))

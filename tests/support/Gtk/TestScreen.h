@@ -8,9 +8,8 @@
 
 namespace tessaro::test {
 
-/// Everything that a screen needs, over real stores in a folder of its own, and a real window to
-/// show it in, in a light appearance. The Graph API is a FakeGraph; pictures from the web do not
-/// load.
+/// Everything that a screen needs, with real stores in private folders, and a real window to show
+/// it in. The appearance is light. The Graph API is a FakeGraph; pictures from the web do not load.
 class TestScreen : public ScreenWorld {
 public:
     FakeGraph graph;
@@ -20,11 +19,11 @@ public:
     explicit TestScreen(EngineLoader* itsEngine = nullptr);
     ~TestScreen();
 
-    /// Puts the widget into the window and waits until it is on screen and has the focus.
+    /// Puts the widget into the window and waits until the window is drawn and has the focus.
     void show(Gtk::Widget& widget);
-    /// Waits until the window was drawn with everything that changed.
+    /// Waits until everything that changed in the window is drawn.
     void settle();
-    /// The same for a window in front of it.
+    /// The same for another window.
     static void settle(Gtk::Window& window);
 };
 

@@ -6,7 +6,7 @@
 
 #include <cstring>
 
-/// Starts the toolkit before the tests; listing them needs no display.
+/// Starts the toolkit before the tests, but not when they are only listed: that needs no display.
 int main(int argc, char** argv) {
     bool listing = false;
     for (int i = 1; i < argc; ++i)

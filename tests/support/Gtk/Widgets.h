@@ -11,10 +11,10 @@
 #include <string>
 #include <vector>
 
-/// Finds the widgets of a screen as a person does: by what they are called.
+/// Finds the widgets of a screen as a person does: by name.
 namespace tessaro::test {
 
-/// Every widget of that type below `root`, in the order of the tree.
+/// All widgets of that class below `root`, in the order of the tree.
 template <typename Class>
 std::vector<Class*> descendants(Gtk::Widget& root) {
     std::vector<Class*> found;
@@ -27,7 +27,7 @@ std::vector<Class*> descendants(Gtk::Widget& root) {
     return found;
 }
 
-/// Those that are on screen.
+/// Those of them that are on screen.
 template <typename Class>
 std::vector<Class*> widgetsOf(Gtk::Widget& root) {
     auto found = descendants<Class>(root);
@@ -35,9 +35,9 @@ std::vector<Class*> widgetsOf(Gtk::Widget& root) {
     return found;
 }
 
-/// Whether assistive technology calls the widget by that name, its tooltip or its text.
+/// Whether that is the widget's accessible name, its text or its tooltip.
 inline bool isCalled(Gtk::Widget& widget, const std::string& name) {
-    // The check's answer is what differs, nothing when it holds.
+    // The check returns null when the name is the same.
     const GCharPtr difference(gtk_test_accessible_check_property(
         GTK_ACCESSIBLE(widget.gobj()), GTK_ACCESSIBLE_PROPERTY_LABEL, name.c_str()));
     if (!difference)
@@ -58,7 +58,7 @@ Class* find(Gtk::Widget& root, const std::string& name) {
     return nullptr;
 }
 
-/// The same, where there must be one.
+/// The same; throws when there is none.
 template <typename Class>
 Class& the(Gtk::Widget& root, const std::string& name) {
     if (auto* widget = find<Class>(root, name))
@@ -76,11 +76,11 @@ Class* shownWindow() {
 }
 
 inline void click(Gtk::Button& button) {
-    // Not activate(), which shows the button pressed for a while first.
+    // activate() would first show the button as pressed for a while.
     g_signal_emit_by_name(button.gobj(), "clicked");
 }
 
-/// Clicks the button of that name; throws when there is none that can be pressed.
+/// Clicks the button of that name. Throws when there is none, or when it is insensitive.
 inline void press(Gtk::Widget& root, const std::string& name) {
     auto& button = the<Gtk::Button>(root, name);
     if (!button.is_sensitive())

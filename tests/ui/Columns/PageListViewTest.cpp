@@ -108,7 +108,7 @@ TEST_F(PageListViewTest, PicturesComeByTheAccountsProxyEachOnceOrNotAtAll) {
     EXPECT_TRUE(shows("P1", {0, 0, 1, 1}));
     EXPECT_TRUE(shows("P7", {0, 0, 1, 1}));
     EXPECT_EQ(proxy.requests().size(), 7u);
-    // One that refuses, one that is gone, and one that no address can name.
+    // One proxy refuses, one is gone, and the third one has no valid port.
     proxy.answer("*", {407, "", {}});
     for (const std::int64_t port :
          {std::int64_t{proxy.port()}, std::int64_t{LoopbackServer().port()}, std::int64_t{70000}}) {

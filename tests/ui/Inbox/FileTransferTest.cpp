@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre, testing::IsEmpty;
 
-/// A browser and the bar for what it downloads, in a folder that the desktop names.
+/// A browser and its download bar, with a private download folder.
 class FileTransfer : public testing::Test {
 protected:
     FileTransfer() {
@@ -35,7 +35,7 @@ protected:
         g_reload_user_special_dirs_cache();
         return named;
     }
-    /// Has the browser fetch a file of which half comes at once, the other one when it may.
+    /// Starts a download. Half of the file comes at once, the other half when the test allows it.
     void startDownload(bool breaksOff = false) {
         world.server.handle("/file", [=, this](ServerConnection& connection, const auto&) {
             const std::string half(1'000'000, 'x');
@@ -98,7 +98,7 @@ TEST_F(FileTransfer, NeverReplacesAFileByAnotherOne) {
     fs::create_directories(folder);
     std::ofstream(folder / "Mẫu hoa.png") << "mine";
     ASSERT_TRUE(browser.waitForConversations());
-    // All at once, as a page does that hands out a lot of pictures.
+    // All at once, as a web page with many pictures does.
     browser.ask("Array(30).fill(document.querySelector('.file').href).forEach(file => "
                 "document.body.appendChild(document.createElement('iframe')).src = file)");
     const auto rows = [this] { return widgetsOf<DownloadRow>(bar); };
@@ -145,7 +145,7 @@ TEST_F(FileTransfer, AttachesTheFileThatThePersonChoosesInADialog) {
     };
     ASSERT_TRUE(runUntil(isChoosing));
     gdk_clipboard_set_text(gdk_display_get_clipboard(gdk_display_get_default()), chosen.c_str());
-    Keyboard::press(GDK_KEY_l, GDK_KEY_Control_L); // To where a name can be written.
+    Keyboard::press(GDK_KEY_l, GDK_KEY_Control_L); // Shows the field for a file's name.
     Keyboard::press(GDK_KEY_v, GDK_KEY_Control_L);
     Keyboard::press(GDK_KEY_Return);
     ASSERT_TRUE(browser.waitUntil(

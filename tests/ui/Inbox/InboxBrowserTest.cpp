@@ -57,7 +57,7 @@ TEST(InboxBrowser, OpensNewWindowsInTheSameViewButNothingThatThePageMayNotReach)
     clickLink("/elsewhere?%E1%");
     ASSERT_TRUE(browser.waitForLoads(2));
     EXPECT_EQ(browser.ask("document.title"), "elsewhere");
-    // Such as a picture that the page has put together, or a document.
+    // A blob holds, for example, a picture that the web page has drawn.
     browser.ask("window.open(URL.createObjectURL(new Blob(['<title>blob</title>'], {type: "
                 "'text/html'})))");
     ASSERT_TRUE(browser.waitForLoads(3));
@@ -151,7 +151,7 @@ TEST(InboxBrowser, AsksThePagesQuestionsInAlertsOfTheProgram) {
         EXPECT_EQ(browser.ask("window.answer"), "seen");
         waitForAlert("confirm('Xóa hội thoại?')");
     }
-    answers.back()(0); // The page is gone.
+    answers.back()(0); // The web page that asked is gone.
     runPending();
 }
 
@@ -161,7 +161,7 @@ TEST(InboxBrowser, StopsALoadThatMakesNoProgressForAMinute) {
         "/hangs", [](ServerConnection& connection, const auto&) { connection.waitForClose(); });
     InboxBrowser browser(world);
     browser.leaveFor("/hangs");
-    // The server may hear of it before the program does.
+    // The server may know of it before the program does.
     ASSERT_TRUE(runUntil([&] { return browser.webView().isAwaitingPage(); }));
     EXPECT_FALSE(browser.isLoading->get()) << "The flag changes in the turn after the event.";
     world.clock.advance(59s);

@@ -18,7 +18,7 @@ namespace {
 
 constexpr const char* veil = "Đang tải hộp thư...";
 
-/// With the real engine.
+/// An inbox in the real engine.
 class InboxContainer : public testing::Test {
 protected:
     void show() {
@@ -54,7 +54,7 @@ TEST_F(InboxContainer, TakesTheBrowserWhoseProcessRunsAlready) {
     };
     browsers.prepare();
     EXPECT_TRUE(waitForProcesses(1));
-    runPending(); // The engine itself hears of its process in its next turn only.
+    runPending(); // The engine learns of its process's end in the next turn of the main loop.
     browsers.drop();
     EXPECT_TRUE(waitForProcesses(0));
     browsers.prepare();
@@ -94,7 +94,7 @@ TEST_F(InboxContainer, OffersToLoadThePageAgainAfterItsProcessCrashed) {
 
 TEST_F(InboxContainer, SaysWhatToDoWhereTheSandboxIsForbidden) {
     {
-        ScopedEnvironment environment; // Nothing that makes a sandbox is found there.
+        ScopedEnvironment environment; // On this path no program of the sandbox is found.
         environment.set("PATH", world.folder.path());
         show();
         ASSERT_TRUE(runUntil([&] { return isShown("vùng cách ly"); }));
@@ -117,7 +117,7 @@ TEST_F(InboxContainer, IsDroppedWhileItLoads) {
     EXPECT_LE(inboxRequests(), 2U);
 }
 
-/// With an engine that is there when the test says so.
+/// An inbox whose engine is loaded when the test says so.
 class InboxBeforeItsEngine : public testing::Test {
 protected:
     InboxBeforeItsEngine() { screen.show(*container); }
@@ -176,7 +176,7 @@ TEST_F(InboxBeforeItsEngine, IsDroppedMeanwhile) {
 
 TEST_F(InboxBeforeItsEngine, SaysThatItIsMissingOrDoesNotFit) {
     EXPECT_FALSE(loadEngine(screen.folder / "webkit.so"));
-    letLoad(loadEngine("libm.so.6")); // A library, but no engine.
+    letLoad(loadEngine("libm.so.6")); // This library is no engine.
     ASSERT_TRUE(waitForEnd());
     EXPECT_TRUE(showsText(*container, "bị thiếu hoặc không khớp với phiên bản này"));
 }

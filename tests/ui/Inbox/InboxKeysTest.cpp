@@ -18,9 +18,9 @@ TEST_F(InboxKeys, FindInThePage) {
     };
     Keyboard::press(GDK_KEY_f, GDK_KEY_Control_L);
     ASSERT_TRUE(runUntil([&] { return bar().get_mapped(); }));
-    type("thu"); // As a person writes it in a hurry.
+    type("thu"); // In lower case, as a person types in a hurry.
     EXPECT_TRUE(waitForText("4 kết quả"));
-    // Each leads to a place in an element of that class.
+    // Each key leads to a place in an element of that class.
     const std::pair<std::function<void()>, const char*> steps[] = {
         {[] {}, "name"},
         {[] { Keyboard::press(GDK_KEY_Return); }, "last"},
@@ -40,9 +40,9 @@ TEST_F(InboxKeys, FindInThePage) {
     EXPECT_TRUE(pageHasKeyboard());
 
     Keyboard::press(GDK_KEY_f, GDK_KEY_Control_L);
-    type("kraft"); // In place of the former text.
+    type("kraft"); // This replaces the former text.
     EXPECT_TRUE(waitForText("1 kết quả"));
-    Keyboard::press(GDK_KEY_2, GDK_KEY_Control_L); // Goes with its page.
+    Keyboard::press(GDK_KEY_2, GDK_KEY_Control_L); // The bar goes with its web page.
     EXPECT_TRUE(waitForInbox(DemoWorld::coffee));
     EXPECT_FALSE(bar().get_visible());
     EXPECT_TRUE(pageHasKeyboard());
@@ -61,7 +61,7 @@ TEST_F(InboxKeys, ZoomThePageAndGoBackToItsNaturalSize) {
 TEST_F(InboxKeys, ChooseAPageByItsPlaceInTheList) {
     int choices = 0;
     const auto counted = content->pagesVM().selectedPage.observe([&] { ++choices; });
-    // What the keys of 1 to 4 and 9 type; the display begins and ends with the latter layout.
+    // The key symbols of the keys 1 to 4 and 9. The layout that the display starts with is last.
     const std::pair<const char*, std::array<guint, 5>> layouts[]{
         {"vn",
          {GDK_KEY_abreve, GDK_KEY_acircumflex, GDK_KEY_ecircumflex, GDK_KEY_ocircumflex,
@@ -74,7 +74,7 @@ TEST_F(InboxKeys, ChooseAPageByItsPlaceInTheList) {
         EXPECT_TRUE(waitForInbox(DemoWorld::books)) << layout;
         Keyboard::press(one, GDK_KEY_Control_L);
         EXPECT_TRUE(waitForInbox(DemoWorld::flowers)) << layout;
-        Keyboard::press(four, GDK_KEY_Control_L); // There are three.
+        Keyboard::press(four, GDK_KEY_Control_L); // There are only three Pages.
         Keyboard::press(nine, GDK_KEY_Control_L);
         Keyboard::press(two, GDK_KEY_Control_L);
         EXPECT_TRUE(waitForInbox(DemoWorld::coffee)) << layout;

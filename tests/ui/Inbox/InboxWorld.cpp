@@ -63,7 +63,7 @@ void InboxBrowser::show(const std::string& pageId) {
 
 bool InboxBrowser::waitForLoads(int count) {
     return runUntil([&] {
-        world_.clock.advance(Clock::Delay::zero()); // The flag changes in the turn after the event.
+        world_.clock.advance(Clock::Delay::zero()); // The flag changes one turn after the event.
         return endedLoads >= count;
     });
 }

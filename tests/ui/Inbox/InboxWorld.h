@@ -17,59 +17,58 @@
 
 namespace tessaro::test {
 
-/// What an inbox browser needs, on a loopback server that stands in for the inbox site.
+/// Everything that an inbox browser needs. A loopback server stands in for the inbox site.
 struct InboxWorld : ScreenWorld {
-    /// Where time stands still, nothing that is meant for later happens in the browser before the
-    /// test moves `clock`.
+    /// When time stands still, the browser's delayed work waits until the test moves `clock`.
     enum class Time { passes, standsStill };
     explicit InboxWorld(Time time = Time::passes);
 
     LoopbackServer server;
-    LoopbackServer otherServer; ///< Another host, as the injection sees it.
+    LoopbackServer otherServer; ///< For the browser this is another site.
     ScreenContext browserContext;
     WebSession* session = &newSession();
 
-    /// Another one over the same files, as after a new start of the program.
+    /// Another world over the same files, as after a new start of the program.
     WebSession& newSession();
     static LoopbackServer::Answer page(const std::string& body);
 
     static constexpr const char* inboxPath = "/latest/inbox/all";
 };
 
-/// With the demo server for the inbox site.
+/// The same with the demo server as the inbox site.
 struct DemoWorld : InboxWorld {
     DemoWorld();
 
     demo::DemoServer site;
 
-    /// Of its Pages. What is unread when their inboxes open: two messages, one, three.
+    /// The ids of its Pages. Their inboxes open with two, one and three unread messages.
     static constexpr const char* flowers = "100231450000101";
     static constexpr const char* coffee = "100231450000202";
     static constexpr const char* books = "100231450000303";
 };
 
-/// The value of a script expression in the browser's page, as text.
+/// The value of a script expression in the web page, as text.
 std::string ask(WebView& webView, const std::string& expression);
-/// Turns the main loop until the expression is true there.
+/// Turns the main loop until the expression is true in the web page.
 bool waitUntil(WebView& webView, const std::string& expression);
 
 /// One inbox browser in a window of its own.
 class InboxBrowser {
 public:
-    /// Returns when the Page's inbox has loaded.
+    /// Returns when the inbox of that Page has loaded.
     explicit InboxBrowser(InboxWorld& world, const std::string& pageId = "1001");
     ~InboxBrowser();
 
-    /// As after the selection of another Page.
+    /// Shows another Page, as after its selection.
     void show(const std::string& pageId);
     WebView& webView() { return *container->webView(); }
-    /// Turns the main loop until so many loads have ended since the start.
+    /// Turns the main loop until that many loads have ended since the start.
     bool waitForLoads(int count);
     std::string ask(const std::string& expression) { return test::ask(webView(), expression); }
     bool waitUntil(const std::string& expression) { return test::waitUntil(webView(), expression); }
-    /// Turns the main loop until the demo site has its conversations.
+    /// Turns the main loop until the demo site shows its conversations.
     bool waitForConversations();
-    /// Leaves for another page, as by following a link.
+    /// Opens another web page, as a link does.
     void leaveFor(const std::string& address);
     /// The same, and turns the main loop until that load has ended.
     bool follow(const std::string& address);
@@ -88,7 +87,7 @@ private:
     ScopedConnection loadingChanged_;
 };
 
-/// Clicks with the pointer on the element that the selector finds in the page.
+/// Clicks with the pointer on the element of the web page that the selector finds.
 void clickOn(WebView& webView, const std::string& selector);
 
 } // namespace tessaro::test

@@ -40,7 +40,7 @@ TEST(PageScripts, HideTheSitesOwnNavigationAndNothingElse) {
 }
 
 TEST(PageScripts, RunOnTheInboxSiteOnlySaveForTheThemeCommand) {
-    // A late run of the hider would meet the other page.
+    // A late run of the hiding script would now run in the other web page.
     InboxWorld world(InboxWorld::Time::standsStill);
     world.theme.setAppearanceMode("dark");
     InboxBrowser browser(world);
@@ -54,7 +54,8 @@ TEST(PageScripts, RunOnTheInboxSiteOnlySaveForTheThemeCommand) {
 
 TEST(PageScripts, DoNotRunInThePageThatTellsOfAFailedLoad) {
     InboxWorld world;
-    world.endpoints.inboxOrigin = LoopbackServer().origin(); // Nobody listens there any more.
+    // That server has ended, so nobody listens there.
+    world.endpoints.inboxOrigin = LoopbackServer().origin();
     InboxBrowser browser(world);
     ASSERT_TRUE(browser.waitUntil("document.body.innerText.includes('refused')"));
     runPending();
@@ -70,7 +71,7 @@ TEST(PageScripts, DarkStyleFollowsTheThemeWithoutAReload) {
     InboxBrowser browser(world);
     EXPECT_EQ(browser.ask(darkCount), "0");
 
-    world.appearance.setDesktopDark(true); // The desktop's choice, which the mode "system" follows.
+    world.appearance.setDesktopDark(true); // The mode "system" follows the desktop.
     EXPECT_EQ(browser.ask(darkCount), "1");
     world.notifications.post(webViewThemeChanged);
     EXPECT_EQ(browser.ask(darkCount), "1");

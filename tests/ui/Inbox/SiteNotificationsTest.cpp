@@ -9,7 +9,7 @@ namespace {
 
 class TheSitesNotifications : public testing::Test {
 protected:
-    /// Lets the page ask, and the person answer if they are asked.
+    /// Lets the site ask for permission. Answers the program's question if one is shown.
     std::string permission(InboxBrowser& browser, std::optional<std::size_t> button) {
         const auto before = world.modals.answers.size();
         browser.ask("(window.answer = undefined, Notification.requestPermission()"
@@ -21,7 +21,7 @@ protected:
         }));
         return browser.ask("window.answer");
     }
-    /// Answers a customer, who writes back.
+    /// Sends an answer to a customer, who then writes back.
     bool receive(InboxBrowser& browser) {
         const auto before = world.desktop.notifications.size();
         EXPECT_TRUE(browser.waitForConversations());
@@ -41,7 +41,7 @@ TEST_F(TheSitesNotifications, AreShownByTheDesktopAndLeadBackToTheirPage) {
         InboxBrowser browser(world, DemoWorld::flowers);
         EXPECT_EQ(permission(browser, 1), "granted");
     }
-    // As after a new start: the page has its permission at once, and nobody is asked.
+    // As after a new start: the site has its permission at once, and no question is shown.
     InboxBrowser browser(world, DemoWorld::flowers);
     EXPECT_EQ(browser.ask("Notification.permission"), "granted");
     ASSERT_TRUE(receive(browser));
@@ -80,7 +80,7 @@ TEST_F(TheSitesNotifications, StayRefusedOnceThePersonSaidNoAndNotWhenTheyOnlyCl
 TEST_F(TheSitesNotifications, AreNothingForOtherSites) {
     InboxBrowser browser(world);
     EXPECT_EQ(permission(browser, 1), "granted");
-    // Neither within the inbox, nor in its place, nor while the inbox is on its way back.
+    // Other sites may not notify: in a frame, in the inbox's place, or while the inbox loads again.
     const std::string other = "http://localhost:" + std::to_string(world.otherServer.port());
     world.otherServer.answer(
         "/frame", InboxWorld::page("<script>Notification.requestPermission().then("

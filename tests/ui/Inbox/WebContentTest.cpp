@@ -53,7 +53,7 @@ TEST(WebContent, ReachesNoLocalFileAndNoOtherProgram) {
     EXPECT_EQ(browser.ask("document.title"), "inbox");
     EXPECT_EQ(browser.ask("frames[0].location.href"), "about:blank");
 
-    // The engine ends a page that was redirected to a file.
+    // The engine ends a load that was redirected to a file.
     bool wasEnded = false;
     browser.coordinator->signalProcessTerminated().connect([&] { wasEnded = true; });
     ASSERT_TRUE(browser.follow("/to-file"));
@@ -62,7 +62,7 @@ TEST(WebContent, ReachesNoLocalFileAndNoOtherProgram) {
     ASSERT_TRUE(browser.waitForLoads(3));
     EXPECT_EQ(browser.ask("document.title"), "inbox");
 
-    // An address of another program's ends in the engine's own words about it.
+    // For an address of another program the engine shows its own error page.
     ASSERT_TRUE(browser.follow("tessaro-other-program:start"));
     EXPECT_TRUE(world.desktop.opened.empty());
 }
@@ -71,7 +71,7 @@ TEST(WebContent, GetsNoCameraMicrophoneOrLocation) {
     InboxWorld world;
     InboxBrowser browser(world);
     auto* const view = WEBKIT_WEB_VIEW(browser.webView().widget().gobj());
-    // Devices that exist on every computer.
+    // Made-up devices, which exist on every computer.
     webkit_settings_set_enable_mock_capture_devices(webkit_web_view_get_settings(view), TRUE);
     auto* const places =
         webkit_web_context_get_geolocation_manager(webkit_web_view_get_context(view));
@@ -92,14 +92,15 @@ TEST(WebContent, GetsNoCameraMicrophoneOrLocation) {
     };
     constexpr const char* refused = "NotAllowedError,NotAllowedError,User denied Geolocation";
     EXPECT_EQ(answers(), refused);
-    // It is for want of permission that nothing comes of it.
+    // The reason of the failure is the missing permission.
     const auto permitted = connectSignal<gboolean(WebKitWebView*, WebKitPermissionRequest*)>(
         view, "permission-request",
         [](WebKitWebView*, WebKitPermissionRequest* request) -> gboolean {
             webkit_permission_request_allow(request);
             return TRUE;
         });
-    ASSERT_TRUE(browser.follow("/elsewhere")); // A page does not ask again for the place.
+    // The engine asks for the location only once for each web page.
+    ASSERT_TRUE(browser.follow("/elsewhere"));
     EXPECT_EQ(answers(), "granted,granted,granted");
 }
 
@@ -110,12 +111,13 @@ TEST(WebContent, DoesNotSurviveItsBrowser) {
     EXPECT_TRUE(runUntil([] { return webProcesses().empty(); }));
     {
         InboxBrowser browser(world);
-        // Another site gets another process, and the first is kept for going back.
+        // Another site gets another process. The first process is kept for going back.
         const std::string port = std::to_string(world.otherServer.port());
         ASSERT_TRUE(browser.follow("http://localhost:" + port + "/elsewhere"));
         EXPECT_FALSE(webProcesses().empty());
     }
-    world.clock.advance(std::chrono::seconds(10)); // The last run of a script that holds the page.
+    // After their last run the scripts no longer hold the web page.
+    world.clock.advance(std::chrono::seconds(10));
     EXPECT_TRUE(runUntil([] { return webProcesses().empty(); }));
 }
 

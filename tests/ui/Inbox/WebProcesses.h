@@ -4,12 +4,12 @@
 
 namespace tessaro::test {
 
-/// The web processes that this program started, as the kernel knows them.
+/// The web processes that this program has started.
 inline std::vector<int> webProcesses() {
     std::vector<int> found;
     for (const auto& process : processTree()) {
-        // The sandbox's own processes have the program among their arguments.
-        const std::string program = process.commandLine.c_str(); // Up to the first zero byte.
+        // The sandbox's own processes name the program in their arguments.
+        const std::string program = process.commandLine.c_str(); // Ends at the first zero byte.
         if (program.ends_with("/WebKitWebProcess"))
             found.push_back(process.id);
     }

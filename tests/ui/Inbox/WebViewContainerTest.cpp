@@ -18,7 +18,7 @@ TEST(WebViewContainer, CutsSixtyPointsOffThePageAndShieldsThirtyAtAnySize) {
         double left = 0, top = 0;
         page.translate_coordinates(container, 0, 0, left, top);
         EXPECT_EQ(std::pair(left, top), std::pair(-60.0, 0.0));
-        // What lies under the pointer there gets its events, and whatever that lies in.
+        // The widget under the pointer gets its events, and so do the widgets around it.
         const auto reachesPage = [&](double x, double y) {
             auto* hit = container.pick(x, y);
             return hit && (hit == &page || hit->is_ancestor(page));

@@ -12,7 +12,7 @@
 #include <atomic>
 #include <fstream>
 
-// Last, because of its macros.
+// This include comes last, because its macros would change other headers.
 #include <gdk/x11/gdkx.h>
 
 using namespace tessaro;
@@ -23,7 +23,7 @@ namespace {
 constexpr Rgba red{1, 0, 0, 1};
 constexpr Rgba blue{0, 0, 1, 1};
 
-/// How wide the texture is that the node draws; 0 without one.
+/// The width of the texture that the node draws; 0 without one.
 int texturePixels(GskRenderNode* node) {
     switch (gsk_render_node_get_node_type(node)) {
     case GSK_TEXTURE_NODE:
@@ -44,7 +44,7 @@ int drawnPixels(Gtk::Widget& widget) {
     return node ? texturePixels(node.get()) : 0;
 }
 
-/// An avatar of 40 points in a shown window, on a server that has a blue picture under "/blue".
+/// An avatar of 40 points in a shown window, and a server with a blue picture at "/blue".
 class SafeAvatarViewTest : public testing::Test {
 protected:
     SafeAvatarViewTest() {
@@ -56,7 +56,7 @@ protected:
         window_.present();
     }
 
-    /// Writes a red picture into the cache, which announces it in the next turn.
+    /// Writes a red picture into the cache, which announces it one turn later.
     void saveRed(const std::string& id) {
         world_.store.saveAvatarData(id, pngPicture(120, 60, 0xFF0000FF));
         world_.clock.advance(std::chrono::milliseconds(0));

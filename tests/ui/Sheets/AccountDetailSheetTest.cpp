@@ -11,7 +11,7 @@ using testing::Each, testing::ElementsAre, testing::IsEmpty;
 
 namespace {
 
-/// The sheet in front of nothing, with what it saved and how often it was dismissed.
+/// The sheet without a window behind it. Records what it saves and how often it is dismissed.
 class AccountDetailSheetTest : public testing::Test {
 protected:
     void open(AccountDetailSheet::Mode mode) {

@@ -17,7 +17,7 @@ using namespace tessaro::test;
 
 namespace {
 
-/// The sheet for one account; a press of its buttons goes to a Graph API that the test holds.
+/// The sheet for one account. The test decides when the Graph API answers.
 class AddPageSheetTest : public testing::Test {
 protected:
     AddPageSheetTest() {
@@ -50,7 +50,7 @@ protected:
             return label && isWithin(*label, *widgetsOf<Gtk::Viewport>(*sheet_).at(0));
         });
     }
-    /// Makes the token one of a user who manages that many Pages, named by their numbers.
+    /// Makes it the token of a user who manages that many Pages. Their names are their numbers.
     void manage(const std::string& token, int count) {
         for (int i = 1; i <= count; ++i) {
             const auto name = std::to_string(i);

@@ -37,7 +37,7 @@ protected:
     bool waitForAnswers(std::size_t count) {
         return runUntil([=, this] { return answers_.size() == count; });
     }
-    /// The one alert that can be answered; a failure when there are several.
+    /// The one alert that can be answered. Fails when there are several.
     static AlertWindow* alert() {
         AlertWindow* found = nullptr;
         for (auto* window : Gtk::Window::list_toplevels())
@@ -115,7 +115,7 @@ TEST_F(AlertsInFrontOfTheWindow, KeepTitleAndButtonsOnTheDisplayWhateverTheirTex
         SCOPED_TRACE(title.substr(0, 40));
         show(title, message);
         waitForFocus();
-        // As large as the toolkit says, and no larger than a laptop's display.
+        // As large as the toolkit asks for, but no larger than a laptop's display.
         const auto whole = placeOnDisplay(*alert());
         EXPECT_LE(whole.get_width(), 640);
         EXPECT_LE(whole.get_height(), 480);
@@ -125,7 +125,7 @@ TEST_F(AlertsInFrontOfTheWindow, KeepTitleAndButtonsOnTheDisplayWhateverTheirTex
         auto& text = *widgetsOf<Gtk::ScrolledWindow>(*alert()).at(0);
         const auto heights = text.get_vadjustment();
         EXPECT_EQ(heights->get_upper() > heights->get_page_size(), scrolls);
-        if (scrolls) { // By keys too: the text comes before the buttons.
+        if (scrolls) { // Keys scroll it too, because the text gets the focus before the buttons.
             Keyboard::press(GDK_KEY_Tab, GDK_KEY_Shift_L);
             Keyboard::press(GDK_KEY_End);
             EXPECT_TRUE(runUntil([&] {

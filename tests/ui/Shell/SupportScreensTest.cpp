@@ -79,7 +79,7 @@ TEST_F(SupportScreens, FooterBarIsBusyWhileTheServerTakesItsTimeAndMayGoMeanwhil
     bar_.reset();
     release.set_value();
     ASSERT_TRUE(runUntil([&] { return server_.openConnections() == 0; }));
-    await(support_.checkUpdate()); // By its end the first answer has come through as well.
+    await(support_.checkUpdate()); // When this check has ended, the first one has too.
     EXPECT_TRUE(screen_.modals.alerts.empty());
 }
 
@@ -91,7 +91,7 @@ TEST_F(
     const auto check = [&](const std::string& answer) {
         server_.answer("/api/update/check", answer);
         updates->checkForUpdates();
-        await(support_.checkUpdate()); // By its end the first answer has come through as well.
+        await(support_.checkUpdate()); // When this check has ended, the first one has too.
     };
     const auto waitForAlerts = [this](std::size_t count) {
         return runUntil([=, this] { return screen_.modals.alerts.size() == count; });

@@ -75,7 +75,7 @@ TEST_F(ThemeManagerTest, TogglesToTheOppositeOfWhatIsOnScreenAndTellsTheInboxATe
         clock_.advance(1ms);
         EXPECT_EQ(std::exchange(announced, 0), 1);
     }
-    theme.setAppearanceMode("dark"); // Without a toggle the inbox is told nothing.
+    theme.setAppearanceMode("dark"); // This announces nothing to the inbox; only a toggle does.
     clock_.advance(1s);
     EXPECT_EQ(announced, 0);
 }
@@ -90,7 +90,7 @@ TEST_F(ThemeManagerTest, GivesTheColoursOfAPresetInLightAndDarkAndEmeraldsForNon
     for (const auto& [id, light, onLight, dark, onDark] : presets) {
         theme.setActivePresetId(id);
         EXPECT_EQ(theme.activePresetId(), id);
-        theme.setAppearanceMode("sepia"); // Unknown: as the desktop.
+        theme.setAppearanceMode("sepia"); // An unknown mode follows the desktop.
         EXPECT_EQ(theme.themePrimary(), rgbaFromHex(light)) << id;
         EXPECT_EQ(theme.themePrimaryContrastText(), onLight) << id;
         theme.setAppearanceMode("dark");

@@ -20,7 +20,7 @@ using testing::ElementsAre, testing::IsEmpty;
 
 namespace {
 
-/// The panel in a shown window, over the real style manager.
+/// The panel in a shown window, with the real style manager.
 class ThemeSettingsViewTest : public testing::Test {
 protected:
     ThemeSettingsViewTest() {
@@ -35,7 +35,7 @@ protected:
         const auto all = swatches();
         return **std::ranges::find(all, id, [](const auto* each) { return each->preset().id; });
     }
-    /// The names of what is pressed: at most a mode and a colour.
+    /// The names of the pressed buttons: at most a mode and a colour.
     std::vector<std::string> selected() {
         std::vector<std::string> names;
         for (auto* button : descendants<Gtk::ToggleButton>(panel_))
@@ -78,7 +78,7 @@ TEST_F(ThemeSettingsViewTest, ShowsGoldInDarkWithItsAccentAndGoesBackToTheDeskto
     EXPECT_THAT(selected(), ElementsAre("Tự động", "gold"));
     EXPECT_FALSE(appearance_.isEffectivelyDark()) << "the test's desktop is light";
     for (int time = 1; time <= 2; ++time) {
-        click(swatch("ruby")); // Pressed again it stays selected.
+        click(swatch("ruby")); // A second press leaves it selected.
         EXPECT_THAT(selected(), ElementsAre("Tự động", "ruby"));
     }
     theme_.setAppearanceMode("sepia");
