@@ -14,7 +14,7 @@
 namespace tessaro::test {
 namespace {
 
-/// An inbox whose header fills the screen when it is clicked, as a video does.
+/// An inbox whose header goes to full screen when it is clicked, as a video does.
 class FullScreen : public InboxScreen {
 protected:
     void SetUp() override {
@@ -36,7 +36,7 @@ protected:
         }));
         EXPECT_FALSE(only<MouseBlockerView>().get_mapped());
     }
-    /// How much of what surrounds the page is on screen.
+    /// How many of the widgets around the web page are on screen.
     std::size_t shownAround() {
         return widgetsOf<AccountSidebar>(*content).size() +
                widgetsOf<PageListView>(*content).size() + widgetsOf<FooterBar>(*content).size() +
@@ -48,7 +48,7 @@ protected:
                only<MouseBlockerView>().get_visible();
     }
 
-    std::string isNarrow; ///< The page's width in the window.
+    std::string isNarrow; ///< The web page's width in the window.
 };
 
 TEST_F(FullScreen, IsGivenToThePageAloneAndTakenBackInEveryWay) {

@@ -29,7 +29,7 @@ TEST_F(GoingBack, SelectsThePageWhoseInboxComesOnScreenWithoutLoadingIt) {
     ask(webView(), "history.back()");
     EXPECT_TRUE(isShown(DemoWorld::flowers, "(2) Tessaro"));
     ASSERT_TRUE(waitForInbox(DemoWorld::flowers));
-    // The Page of another account, and one that the page turns to without a load.
+    // A Page of another account, and a Page that the site shows without a load.
     ask(webView(), "location.search = '?asset_id=" + std::string(DemoWorld::books) + "'");
     EXPECT_TRUE(isShown(DemoWorld::books, "(3) Tessaro"));
     EXPECT_EQ(*content->accountsVM().selectedAccount, other);

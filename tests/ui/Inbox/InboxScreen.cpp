@@ -6,7 +6,7 @@ namespace tessaro::test {
 
 namespace {
 
-/// One for all tests: it stays on the bus until the process ends.
+/// One application for all tests, because it stays on the bus until the process ends.
 const Glib::RefPtr<Gtk::Application>& application() {
     static const auto registered = [] {
         auto result = Gtk::Application::create(
@@ -22,7 +22,7 @@ const Glib::RefPtr<Gtk::Application>& application() {
 InboxScreen::InboxScreen() : window(application(), world.notifications, realEngine()) {}
 
 InboxScreen::~InboxScreen() {
-    if (window.gobj()) // Else it was closed.
+    if (window.gobj()) // Null when the test has closed it.
         window.unset_child();
 }
 

@@ -13,7 +13,7 @@
 
 namespace tessaro::test {
 
-/// The main window with three Pages, the first of which shows its inbox and has the keyboard.
+/// The main window with three Pages. The inbox of the first one is shown and has the focus.
 class InboxScreen : public testing::Test {
 protected:
     InboxScreen();

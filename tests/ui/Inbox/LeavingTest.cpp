@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// An inbox in which half an answer was written, and which asks before it is left.
+/// An inbox with an answer that is not sent. It asks before it is left.
 class LeavingAnInbox : public InboxScreen {
 protected:
     static constexpr std::size_t stay = 0, leave = 1;
@@ -21,14 +21,14 @@ protected:
         writeHalfAnAnswer();
     }
     void writeHalfAnAnswer() {
-        // A page that nobody has touched asks nobody.
+        // A web page that nobody has touched does not ask.
         clickOn(webView(), ".answer");
         ASSERT_TRUE(waitUntil("document.activeElement.className === 'answer'"));
         type("da");
         ASSERT_TRUE(waitUntil("document.querySelector('.answer').value === 'da'"));
         ask(webView(), "(onbeforeunload = event => event.preventDefault())");
     }
-    /// Waits for the one question that there is, and answers it.
+    /// Waits for the next question and answers it.
     void answer(std::optional<std::size_t> button) {
         ASSERT_TRUE(runUntil([&] { return world.modals.alerts.size() > answered; }));
         EXPECT_EQ(world.modals.alerts.back().title, "Rời trang này?");
