@@ -6,6 +6,8 @@
 #include "Views/Shell/FooterBar.h"
 #include "Views/Widgets/InboxCommands.h"
 
+#include <gdkmm/frameclock.h>
+
 #include <algorithm>
 
 namespace tessaro {
