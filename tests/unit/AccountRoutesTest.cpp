@@ -115,7 +115,7 @@ TEST_F(AccountRoutesTest, WhoOnlyShowsAPictureIsContentWithWhatOthersGot) {
     EXPECT_THAT(world.server.requests(), SizeIs(1));
 
     world.server.answer("*", "a picture");
-    EXPECT_EQ(await(queue.fetch(addressOf(1))).value().body, "a picture") << "asked for anew";
+    EXPECT_EQ(await(queue.fetch(addressOf(1))).value().body, "a picture") << "asked for again";
     auto shown = show(); // From here on somebody holds the answer.
     EXPECT_THAT(world.server.requests(), SizeIs(3));
     EXPECT_EQ(show(), shown);

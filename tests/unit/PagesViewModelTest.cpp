@@ -205,13 +205,13 @@ TEST_F(PagesViewModelTest, StoresALatePageUnderItsAccountAndShowsItUnderNoOther)
         return await(std::move(adding));
     };
     const auto showOther = [&] { model->loadPages(other.id); };
-    EXPECT_TRUE(addDuring(showOther)) << "only the other account had it";
+    EXPECT_TRUE(addDuring(showOther)) << "only the other account had this Page";
     EXPECT_THAT(*model->pages, ElementsAre(same));
     EXPECT_EQ(*model->selectedPage, std::nullopt);
     ASSERT_THAT(stored(), SizeIs(3));
     model->loadPages(account.id);
     EXPECT_THAT(*model->pages, ElementsAre(a, Field(&PageConfig::pageId, PageId{"9"})));
-    EXPECT_FALSE(addDuring(showOther)) << "now its own account has it";
+    EXPECT_FALSE(addDuring(showOther)) << "now this account has it";
 
     world.store.savePages({same});
     EXPECT_FALSE(addDuring([&] { world.store.deleteAccount(account.id); }));

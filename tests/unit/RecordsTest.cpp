@@ -112,7 +112,8 @@ TEST(Records, AreReadStrictly) {
 
     json object = account();
     object["thêm"] = json::array({1, 2});
-    EXPECT_EQ(json(decodeAccount(object).value()), json(account())) << "unknown members go";
+    EXPECT_EQ(json(decodeAccount(object).value()), json(account()))
+        << "unknown members are dropped";
 }
 
 TEST(Records, OneBadElementFailsTheWholeListAndNamesTheMemberOnly) {

@@ -41,7 +41,7 @@ public:
     std::vector<std::string> opened;
     std::vector<std::filesystem::path> openedFolders;
     std::vector<DesktopNotification> notifications;
-    std::vector<DesktopNotifier::Clicked> clicks; ///< One for each notification.
+    std::vector<DesktopNotifier::Clicked> clicks; ///< One for each desktop notification.
     std::vector<std::string> withdrawn;
     std::vector<std::string> copied;
 };

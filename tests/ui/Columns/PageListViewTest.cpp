@@ -44,7 +44,7 @@ TEST_F(PageListViewTest, TellsNamesAndConnections) {
     const auto dot = [&](const std::string& name) {
         return WidgetPicture(button(name)).at(33, 33);
     };
-    EXPECT_GT(dot("Page").green, 0.7) << "A Page without a name has one here.";
+    EXPECT_GT(dot("Page").green, 0.7) << "A Page without a name gets a name here.";
     EXPECT_NEAR(dot("Lan").green, dot("Lan").red, 0.01) << "A grey one.";
 }
 

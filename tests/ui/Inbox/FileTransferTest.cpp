@@ -86,7 +86,7 @@ TEST_F(FileTransfer, TellsHowFarADownloadIsAndWhereItLanded) {
     ASSERT_TRUE(waitForText("Đã lưu vào " + folder.string()));
     EXPECT_EQ(contentOf("Báo giá.pdf").size(), 2'000'000u);
     EXPECT_THAT(files(), ElementsAre("Báo giá.pdf"));
-    EXPECT_EQ(browser.ask("location.pathname"), InboxWorld::inboxPath) << "The page stays.";
+    EXPECT_EQ(browser.ask("location.pathname"), InboxWorld::inboxPath) << "The web page stays.";
 
     press(bar, "Mở thư mục");
     EXPECT_THAT(world.desktop.openedFolders, ElementsAre(folder));
@@ -110,7 +110,7 @@ TEST_F(FileTransfer, NeverReplacesAFileByAnotherOne) {
 
     browser.ask("document.querySelector('.file').click()");
     EXPECT_TRUE(runUntil([&] { return fs::exists(folder / "Mẫu hoa (31).png"); }));
-    EXPECT_EQ(rows().size(), 1u) << "What has landed makes room.";
+    EXPECT_EQ(rows().size(), 1u) << "A download that has ended makes room.";
 }
 
 TEST_F(FileTransfer, SaysWhyADownloadFailedUntilThatIsDismissed) {

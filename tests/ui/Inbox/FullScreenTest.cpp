@@ -65,7 +65,7 @@ TEST_F(FullScreen, IsGivenToThePageAloneAndTakenBackInEveryWay) {
     enter();
     Keyboard::press(GDK_KEY_2, GDK_KEY_Control_L);
     EXPECT_TRUE(waitForInbox(DemoWorld::coffee));
-    EXPECT_TRUE(waitForWindow(around - 1)) << "What is searched for goes with its page.";
+    EXPECT_TRUE(waitForWindow(around - 1)) << "The find bar goes with its web page.";
 
     enter();
     for (const pid_t process : webProcesses())

@@ -163,7 +163,7 @@ TEST(InboxBrowser, StopsALoadThatMakesNoProgressForAMinute) {
     browser.leaveFor("/hangs");
     // The server may know of it before the program does.
     ASSERT_TRUE(runUntil([&] { return browser.webView().isAwaitingPage(); }));
-    EXPECT_FALSE(browser.isLoading->get()) << "The flag changes in the turn after the event.";
+    EXPECT_FALSE(browser.isLoading->get()) << "The flag changes one turn after the event.";
     world.clock.advance(59s);
     runPending();
     EXPECT_TRUE(browser.isLoading->get());

@@ -82,7 +82,7 @@ TEST_F(InboxContainer, OffersToLoadThePageAgainAfterItsProcessCrashed) {
         kill(process, SIGKILL);
     ASSERT_TRUE(runUntil([&] { return isShown("Tải lại trang"); }));
     EXPECT_TRUE(widgetsOf<ClippedWebViewContainer>(*container).empty());
-    EXPECT_EQ(count, "") << "Nothing of the page is left.";
+    EXPECT_EQ(count, "") << "Nothing of the web page is left.";
     EXPECT_EQ(world.desktop.withdrawn.size(), 1U);
     EXPECT_EQ(webView.title(), "");
 

@@ -53,14 +53,14 @@ TEST_F(TheSitesNotifications, AreShownByTheDesktopAndLeadBackToTheirPage) {
     EXPECT_EQ(requested["activationToken"], "token");
     EXPECT_TRUE(runUntil([&] {
         return world.desktop.withdrawn == std::vector<std::string>{shown.id};
-    })) << "The page hears of the click, and closes it.";
+    })) << "The site learns of the click and closes the notification.";
 
     world.site.hold("inbox");
     browser.show(DemoWorld::coffee);
     ASSERT_TRUE(receive(browser)) << "Flowers are still shown.";
     world.site.release("inbox");
     ASSERT_TRUE(browser.waitForLoads(2));
-    EXPECT_EQ(world.desktop.withdrawn.size(), 1u) << "It is still of use.";
+    EXPECT_EQ(world.desktop.withdrawn.size(), 1u) << "A click on it still leads to its Page.";
     requested.clear();
     world.desktop.clicks.back()("");
     EXPECT_EQ(requested["pageId"], DemoWorld::flowers);

@@ -25,7 +25,7 @@ TEST(UnreadCount, FollowsTheTitleOfTheInboxThatIsShownAndOfNoOtherSite) {
     browser.show(DemoWorld::coffee);
     ASSERT_TRUE(runUntil([&] { return browser.startedLoads == 2; }));
     EXPECT_EQ(browser.ask("document.title = '(4) A'"), "(4) A");
-    EXPECT_EQ(count, "") << "What the page before says is not taken for the next one's.";
+    EXPECT_EQ(count, "") << "The title of the old web page does not count for the next one.";
     world.site.release("inbox");
     EXPECT_TRUE(waitForCount("1"));
     ASSERT_TRUE(browser.waitForLoads(2));

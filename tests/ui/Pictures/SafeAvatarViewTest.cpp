@@ -92,7 +92,7 @@ TEST_F(SafeAvatarViewTest, PrefersItsOwnCachedPictureToTheOneFromTheWeb) {
     EXPECT_TRUE(shows(blue));
     saveRed("1");
     EXPECT_TRUE(shows(red));
-    EXPECT_EQ(avatar_.localImage()->get_width(), 40) << "kept at the size drawn";
+    EXPECT_EQ(avatar_.localImage()->get_width(), 40) << "kept at the size at which it is drawn";
     EXPECT_EQ(WidgetPicture(avatar_).at(0.5, 0.5).alpha, 0) << "cut by the shape";
 
     std::ofstream(world_.store.localAvatarURL("1")) << "<html>";

@@ -61,7 +61,7 @@ TEST_F(AccountDetailSheetTest, GivesAnEditedAccountsValuesBackEvenWhenTheProxyIs
     account.proxyPassword = SecretText("bí mật");
     account.proxyEnabled = true;
     open(AccountDetailSheet::Mode::edit(account));
-    EXPECT_TRUE(showsText(*sheet_, "computer")) << "The account's own device.";
+    EXPECT_TRUE(showsText(*sheet_, "computer")) << "The account keeps its device.";
     press(*sheet_, "Lưu thay đổi");
     widgetsOf<Gtk::Switch>(*sheet_).at(0)->set_active(false);
     EXPECT_TRUE(runUntil([this] { return !find(*sheet_, "Port"); }));

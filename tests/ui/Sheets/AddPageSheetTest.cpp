@@ -121,7 +121,7 @@ TEST_F(AddPageSheetTest, ShowsThePicturesOfPagesByTheAccountsProxyEachOnce) {
     EXPECT_TRUE(isBlue(0));
     EXPECT_EQ(pictures().at(1)->initial(), "P");
     press(*sheet_, "Mai");
-    EXPECT_TRUE(isBlue(2)) << "The preview's.";
+    EXPECT_TRUE(isBlue(2)) << "This one belongs to the preview.";
     EXPECT_EQ(proxy.requests().size(), 2u);
 }
 

@@ -45,13 +45,13 @@ protected:
 } // namespace
 
 TEST_F(MainSplitViewTest, ThePagesFollowTheAccountAndTheInboxThePage) {
-    EXPECT_TRUE(the<AccountButton>(*view_, "Một").has_focus()) << "The keyboard begins there.";
+    EXPECT_TRUE(the<AccountButton>(*view_, "Một").has_focus()) << "The focus starts there.";
     EXPECT_EQ(shownInbox(), "");
     choose("Một");
     const auto asked = screen_.graph.asked.size();
     first_.name = "Mốt";
     view_->accountsVM().updateAccount(first_);
-    EXPECT_EQ(screen_.graph.asked.size(), asked) << "The Pages are there already.";
+    EXPECT_EQ(screen_.graph.asked.size(), asked) << "The Pages are shown at once.";
     choose("Mai");
     EXPECT_EQ(shownInbox(), "Mai");
     auto* const browser = descendants<InboxContainerView>(*view_).front();
@@ -82,7 +82,7 @@ TEST_F(MainSplitViewTest, ABrowserIsReadyBeforeAPageIsOpened) {
     EXPECT_TRUE(browsers.empty()) << "The Pages come first.";
     letTimePass();
     ASSERT_EQ(browsers.size(), 1u);
-    EXPECT_EQ(browsers[0].lock()->scripts.size(), 1u) << "Otherwise its process has not begun.";
+    EXPECT_EQ(browsers[0].lock()->scripts.size(), 1u) << "The first script starts its web process.";
     view_->pagesVM().deletePage(view_->pagesVM().pages->front());
     EXPECT_TRUE(browsers[0].expired()) << "There is no Page left to open.";
 
