@@ -90,7 +90,7 @@ struct TessaroApp::Scene {
         });
         window.set_child(content);
         window.askBeforeClosing = [this](std::function<void(bool)> answered) {
-            content.mainSplitView().requestLeave(std::move(answered));
+            content.requestLeave(std::move(answered));
         };
     }
 

@@ -4,8 +4,7 @@
 #include "Engine/WebNotifications.h"
 #include "Engine/WebViewDelegate.h"
 
-#include "Platform/Rgba.h"
-
+#include <gdkmm/rgba.h>
 #include <gtkmm/widget.h>
 
 #include <chrono>
@@ -48,7 +47,7 @@ public:
     /// scripts may still be run, in vain.
     virtual void close() = 0;
     /// What is seen where no page has painted yet.
-    virtual void setGround(const Rgba& color) = 0;
+    virtual void setGround(const Gdk::RGBA& color) = 0;
     /// Scales the layout; 1 is the natural size.
     virtual void setPageZoom(double factor) = 0;
     virtual double pageZoom() const = 0;

@@ -220,11 +220,8 @@ void WebKitView::close() {
     webkit_web_view_terminate_web_process(view_.get());
 }
 
-void WebKitView::setGround(const Rgba& color) {
-    const GdkRGBA ground{
-        static_cast<float>(color.red), static_cast<float>(color.green),
-        static_cast<float>(color.blue), static_cast<float>(color.alpha)};
-    webkit_web_view_set_background_color(view_.get(), &ground);
+void WebKitView::setGround(const Gdk::RGBA& color) {
+    webkit_web_view_set_background_color(view_.get(), color.gobj());
 }
 
 void WebKitView::setPageZoom(double factor) {

@@ -35,7 +35,7 @@ public:
     void load(const std::string& address) override;
     void reload() override;
     void close() override;
-    void setGround(const Rgba& color) override;
+    void setGround(const Gdk::RGBA& color) override;
     void setPageZoom(double factor) override;
     double pageZoom() const override;
     void evaluateScript(const std::string& script) override;

@@ -1,11 +1,9 @@
 #pragma once
 
 #include "Models/Account.h"
-#include "Views/Columns/FaceBadge.h"
 #include "Views/Columns/RecordColumn.h"
 
 #include <gtkmm/label.h>
-#include <gtkmm/overlay.h>
 
 namespace tessaro {
 
@@ -16,12 +14,9 @@ public:
     AccountButton();
 
     void show(const Account& account) override;
-    void setSelected(bool selected) override;
 
 private:
-    Gtk::Overlay face_;
     Gtk::Label initial_;
-    FaceBadge proxyDot_;
 };
 
 } // namespace tessaro

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <gtkmm/button.h>
-#include <gtkmm/drawingarea.h>
-#include <gtkmm/overlay.h>
 
 namespace tessaro {
 
@@ -10,15 +8,15 @@ namespace tessaro {
 class AddButton : public Gtk::Button {
 public:
     enum class Shape { circle, roundedSquare };
+    static constexpr int side = 38; ///< In points; as of every button in a column.
 
     AddButton(Shape shape, const Glib::ustring& tooltip);
 
-private:
-    void drawOutline(const Cairo::RefPtr<Cairo::Context>& cairo);
+protected:
+    void snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot) override;
 
+private:
     const Shape shape_;
-    Gtk::Overlay face_;
-    Gtk::DrawingArea outline_;
 };
 
 } // namespace tessaro

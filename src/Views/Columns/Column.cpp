@@ -2,6 +2,8 @@
 
 #include "Views/Widgets/Accessible.h"
 
+#include <giomm/menu.h>
+#include <giomm/simpleactiongroup.h>
 #include <gtkmm/eventcontrollerkey.h>
 #include <gtkmm/gestureclick.h>
 #include <gtkmm/root.h>
@@ -25,10 +27,8 @@ bool focusBeyond(Gtk::Widget& widget, Gtk::DirectionType direction) {
 
 } // namespace
 
-Column::Column(const Glib::RefPtr<Gio::ListModel>& rows, const Glib::ustring& name)
-    : Gtk::Box(Gtk::Orientation::VERTICAL),
-      view_(Gtk::NoSelection::create(rows), factory_),
-      menu_(*this) {
+Column::Column(const Glib::ustring& name)
+    : Gtk::Box(Gtk::Orientation::VERTICAL), view_({}, factory_) {
     add_css_class("column");
     set_hexpand(false); // The scroller's wish for room ends at the column's own width.
     scroller_.set_policy(Gtk::PolicyType::NEVER, Gtk::PolicyType::AUTOMATIC);
@@ -36,6 +36,9 @@ Column::Column(const Glib::RefPtr<Gio::ListModel>& rows, const Glib::ustring& na
     scroller_.set_child(view_);
     append(scroller_);
     accessible::setName(view_, name);
+    menu_.set_parent(*this);
+    menu_.set_has_arrow(false);
+    menu_.set_position(Gtk::PositionType::RIGHT);
 
     auto keys = Gtk::EventControllerKey::create();
     keys->set_propagation_phase(Gtk::PropagationPhase::CAPTURE);
@@ -52,6 +55,10 @@ Column::Column(const Glib::RefPtr<Gio::ListModel>& rows, const Glib::ustring& na
     secondary->signal_pressed().connect(
         [this](int, double x, double y) { openMenuOf(scroller_.pick(x, y)); });
     scroller_.add_controller(secondary);
+}
+
+Column::~Column() {
+    menu_.unparent();
 }
 
 bool Column::onKeyPressed(guint key, Gdk::ModifierType modifiers) {
@@ -77,7 +84,27 @@ bool Column::openMenuOf(Gtk::Widget* widget) {
     const auto commands = menuOf(*widget);
     if (commands.empty())
         return false;
-    menu_.open(commands, *widget);
+    auto menu = Gio::Menu::create();
+    auto actions = Gio::SimpleActionGroup::create();
+    for (std::size_t i = 0; i < commands.size(); ++i) {
+        const std::string name = "command" + std::to_string(i);
+        actions->add_action(name, commands[i].action);
+        const auto section = Gio::Menu::create();
+        section->append(commands[i].label, "menu." + name);
+        menu->append_section(section);
+    }
+    insert_action_group("menu", actions);
+    menu_.set_menu_model(menu);
+    if (commands.back().isDestructive)
+        menu_.add_css_class("ends-destructive");
+    else
+        menu_.remove_css_class("ends-destructive");
+
+    double x = 0, y = 0;
+    widget->translate_coordinates(*this, 0, 0, x, y);
+    menu_.set_pointing_to(
+        Gdk::Rectangle(int(x), int(y), widget->get_width(), widget->get_height()));
+    menu_.popup();
     return true;
 }
 

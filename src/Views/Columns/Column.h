@@ -1,15 +1,14 @@
 #pragma once
 
-#include "Views/Columns/ContextMenu.h"
-#include "Views/Columns/RowModel.h"
-
 #include <gtkmm/box.h>
 #include <gtkmm/button.h>
 #include <gtkmm/listview.h>
-#include <gtkmm/noselection.h>
+#include <gtkmm/popovermenu.h>
 #include <gtkmm/scrolledwindow.h>
 #include <gtkmm/signallistitemfactory.h>
 
+#include <functional>
+#include <string>
 #include <vector>
 
 namespace tessaro {
@@ -18,11 +17,23 @@ namespace tessaro {
 /// into the column and out of it; the secondary button, the Menu key and Shift+F10 open the menu of
 /// the button under the pointer or the focus.
 class Column : public Gtk::Box {
-protected:
-    Column(const Glib::RefPtr<Gio::ListModel>& rows, const Glib::ustring& name);
+public:
+    ~Column() override;
 
-    /// What the menu of that button offers; nothing for no menu.
-    virtual std::vector<ContextMenu::Command> menuOf(Gtk::Widget& button) = 0;
+protected:
+    /// What a button's menu offers. The last command may be a destructive one; a separator and its
+    /// colour set it apart.
+    struct Command {
+        std::string label;
+        std::function<void()> action;
+        bool isDestructive = false;
+    };
+
+    /// @param name  of the list, for assistive technology
+    explicit Column(const Glib::ustring& name);
+
+    /// The commands of that button; none for no menu.
+    virtual std::vector<Command> menuOf(Gtk::Widget& button) = 0;
 
     Gtk::ListView& view() { return view_; }
     Gtk::SignalListItemFactory& factory() { return *factory_; }
@@ -34,7 +45,7 @@ private:
     Glib::RefPtr<Gtk::SignalListItemFactory> factory_ = Gtk::SignalListItemFactory::create();
     Gtk::ScrolledWindow scroller_;
     Gtk::ListView view_;
-    ContextMenu menu_;
+    Gtk::PopoverMenu menu_;
 };
 
 } // namespace tessaro

@@ -1,8 +1,5 @@
 #include "Views/Columns/PageButton.h"
 
-#include "Views/Pictures/FaceDrawing.h"
-#include "Views/Widgets/Accessible.h"
-
 namespace tessaro {
 
 namespace {
@@ -15,20 +12,17 @@ std::string shortened(const std::string& count) {
 } // namespace
 
 PageButton::PageButton(const ScreenContext& context, const tessaro::Property<std::string>& unread)
-    : graphBaseUrl_(context.endpoints.graphBaseUrl()),
+    : RecordButton("square"),
+      graphBaseUrl_(context.endpoints.graphBaseUrl()),
       unread_(unread),
-      avatar_(context.images, context.theme, face::size, AvatarShape::roundedRectangle(8)) {
-    set_css_classes({"borderless", "face-button", "square"});
-    set_halign(Gtk::Align::CENTER);
-    face_.set_child(avatar_);
-    face_.add_overlay(badge_);
+      avatar_(context.images, context.theme, AddButton::side, AvatarShape::roundedRectangle(8)) {
+    avatar_.add_css_class("page-face");
+    face().set_child(avatar_);
     count_.set_css_classes({"count-badge", "points-9", "bold"});
     count_.set_halign(Gtk::Align::END);
     count_.set_valign(Gtk::Align::START);
-    count_.set_can_target(false);
     accessible::hide(count_);
-    face_.add_overlay(count_);
-    set_child(face_);
+    face().add_overlay(count_);
     unreadChanged_ = unread.observe([this] { showUnread(); });
 }
 
@@ -40,20 +34,18 @@ void PageButton::show(const PageConfig& page) {
             graphBaseUrl_ + "/" + page.pageId.text +
                 "/picture?type=normal&access_token=" + page.pageToken.reveal(),
             page.accountId});
-    badge_.setDot(page.isConnected ? face::green : face::grey);
+    setDot(page.isConnected ? "connected" : "lost");
     setTooltip(name_);
     showUnread();
 }
 
 void PageButton::setSelected(bool selected) {
-    isSelected_ = selected;
-    badge_.setOutlined(selected);
-    accessible::setPressed(*this, selected);
+    RecordButton::setSelected(selected);
     showUnread();
 }
 
 void PageButton::showUnread() {
-    const std::string count = isSelected_ ? *unread_ : "";
+    const std::string count = has_css_class("selected") ? *unread_ : "";
     count_.set_visible(!count.empty());
     count_.set_text(count.empty() ? "" : shortened(count));
     accessible::setName(*this, count.empty() ? name_ : name_ + ", " + count + " chưa đọc");

@@ -2,13 +2,11 @@
 
 #include "Models/PageConfig.h"
 #include "Platform/Property.h"
-#include "Views/Columns/FaceBadge.h"
 #include "Views/Columns/RecordColumn.h"
 #include "Views/Pictures/SafeAvatarView.h"
 #include "Views/ScreenContext.h"
 
 #include <gtkmm/label.h>
-#include <gtkmm/overlay.h>
 
 namespace tessaro {
 
@@ -27,10 +25,7 @@ private:
     const std::string graphBaseUrl_;
     const tessaro::Property<std::string>& unread_;
     std::string name_;
-    bool isSelected_ = false;
-    Gtk::Overlay face_;
     SafeAvatarView avatar_;
-    FaceBadge badge_;
     Gtk::Label count_;
     ScopedConnection unreadChanged_;
 };

@@ -3,26 +3,43 @@
 #include "Platform/Text.h"
 #include "Views/Columns/AddButton.h"
 #include "Views/Columns/Column.h"
+#include "Views/Columns/RowModel.h"
+#include "Views/Widgets/Accessible.h"
 
 #include <glibmm/variant.h>
+#include <gtkmm/noselection.h>
+#include <gtkmm/overlay.h>
 #include <gtkmm/tooltip.h>
 
 #include <map>
-#include <memory>
 #include <string>
 #include <utility>
 
 namespace tessaro {
 
-/// A button that stands for one record and is given another one when its row is used again.
+/// A button that stands for one record and is given another one when its row is used again: a face
+/// with a dot at its lower right.
 template <typename Record>
 class RecordButton : public Gtk::Button {
 public:
     virtual void show(const Record& record) = 0;
-    virtual void setSelected(bool selected) = 0;
+    virtual void setSelected(bool selected) {
+        if (selected)
+            this->add_css_class("selected");
+        else
+            this->remove_css_class("selected");
+        accessible::setPressed(*this, selected);
+    }
 
 protected:
-    RecordButton() {
+    /// @param shape  of the face, as the style sheet calls it: "round" or "square"
+    explicit RecordButton(const char* shape) {
+        this->set_css_classes({"borderless", "face-button", shape});
+        this->set_halign(Gtk::Align::CENTER);
+        this->set_child(face_);
+        dot_.set_halign(Gtk::Align::END);
+        dot_.set_valign(Gtk::Align::END);
+        face_.add_overlay(dot_);
         this->set_has_tooltip();
         this->signal_query_tooltip().connect(
             [this](int, int, bool, const Glib::RefPtr<Gtk::Tooltip>& tooltip) {
@@ -35,8 +52,13 @@ protected:
     /// In place of set_tooltip_text(), which asks the display each time what is below the pointer:
     /// rows get their records by the dozen.
     void setTooltip(std::string text) { tooltip_ = std::move(text); }
+    /// @param state  as the style sheet calls it; empty for no dot
+    void setDot(const char* state) { dot_.set_css_classes({"status-dot", state}); }
+    Gtk::Overlay& face() { return face_; }
 
 private:
+    Gtk::Overlay face_;
+    Gtk::Box dot_;
     std::string tooltip_;
 };
 
@@ -46,7 +68,7 @@ template <typename Record>
 class RecordColumn : public Column {
 public:
     using Id = decltype(Record::id);
-    using Commands = std::vector<ContextMenu::Command>;
+    using Commands = std::vector<Command>;
 
     struct Behaviour {
         std::function<RecordButton<Record>*()> makeButton; ///< Managed.
@@ -58,12 +80,18 @@ public:
 
     /// @param name  of the list, for assistive technology
     RecordColumn(const Glib::ustring& name, Behaviour behaviour)
-        : RecordColumn(name, std::move(behaviour), std::make_unique<RowModel<Record>>()) {}
+        : Column(name), behaviour_(std::move(behaviour)) {
+        factory().signal_bind().connect(
+            [this](const Glib::RefPtr<Gtk::ListItem>& row) { bind(*row); });
+        factory().signal_unbind().connect(
+            [this](const Glib::RefPtr<Gtk::ListItem>& row) { unbind(*row); });
+        view().set_model(Gtk::NoSelection::create(rows_.list()));
+    }
 
     ~RecordColumn() override { view().set_model({}); } // Unbinds the rows while they can be.
 
-    void setRecords(const std::vector<Record>& records) { rows_->setRecords(records); }
-    void setAddRow(bool present) { rows_->setAddRow(present); }
+    void setRecords(const std::vector<Record>& records) { rows_.setRecords(records); }
+    void setAddRow(bool present) { rows_.setAddRow(present); }
 
     /// Marks the record of that id and brings it into view.
     void setSelected(const std::optional<Id>& id) {
@@ -73,7 +101,7 @@ public:
         for (const auto& [button, item] : shown_)
             if (const auto& shown = item->record()->id; shown == before || shown == id)
                 button->setSelected(isSelected(*item));
-        if (const auto row = id ? rows_->find(*id) : std::nullopt)
+        if (const auto row = id ? rows_.find(*id) : std::nullopt)
             view().activate_action("list.scroll-to-item", Glib::Variant<guint>::create(*row));
     }
 
@@ -90,15 +118,6 @@ protected:
 
 private:
     using Item = RowItem<Record>;
-
-    RecordColumn(
-        const Glib::ustring& name, Behaviour behaviour, std::unique_ptr<RowModel<Record>> rows)
-        : Column(rows->list(), name), behaviour_(std::move(behaviour)), rows_(std::move(rows)) {
-        factory().signal_bind().connect(
-            [this](const Glib::RefPtr<Gtk::ListItem>& row) { bind(*row); });
-        factory().signal_unbind().connect(
-            [this](const Glib::RefPtr<Gtk::ListItem>& row) { unbind(*row); });
-    }
 
     bool isSelected(const Item& item) const { return selected_ && item.record()->id == *selected_; }
 
@@ -143,7 +162,7 @@ private:
     }
 
     const Behaviour behaviour_;
-    const std::unique_ptr<RowModel<Record>> rows_;
+    RowModel<Record> rows_;
     std::map<RecordButton<Record>*, Glib::RefPtr<Item>> shown_;
     std::optional<Id> selected_;
 };

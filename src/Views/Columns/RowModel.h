@@ -46,31 +46,25 @@ public:
     Glib::RefPtr<Gio::ListStore<Item>> list() const { return list_; }
 
     void setRecords(const std::vector<Record>& records) {
-        const std::size_t shorter = std::min(rows_.size(), records.size());
+        const std::size_t before = list_->get_n_items() - hasAddRow_;
+        const std::size_t shorter = std::min(before, records.size());
         std::size_t head = 0;
         while (head < shorter && isSame(head, records[head]))
             ++head;
         std::size_t tail = 0;
         while (tail < shorter - head &&
-               isSame(rows_.size() - 1 - tail, records[records.size() - 1 - tail]))
+               isSame(before - 1 - tail, records[records.size() - 1 - tail]))
             ++tail;
         // In between, rows that are there already take the new records; what is left is spliced.
         const std::size_t kept = shorter - tail;
-        const std::size_t removed = rows_.size() - tail - kept;
-        const std::size_t added = records.size() - tail - kept;
-
         std::vector<Glib::RefPtr<Item>> fresh;
-        fresh.reserve(added);
-        for (std::size_t i = kept; i < kept + added; ++i)
+        for (std::size_t i = kept; i < records.size() - tail; ++i)
             fresh.push_back(Item::create(records[i]));
-        const auto place = rows_.begin() + static_cast<std::ptrdiff_t>(kept);
-        rows_.erase(place, place + static_cast<std::ptrdiff_t>(removed));
-        rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(kept), fresh.begin(), fresh.end());
-        if (removed > 0 || added > 0)
-            list_->splice(static_cast<guint>(kept), static_cast<guint>(removed), fresh);
-        for (std::size_t i = 0; i < rows_.size(); ++i)
-            if (i < kept || i >= kept + added)
-                rows_[i]->update(records[i]);
+        if (before > shorter || !fresh.empty())
+            list_->splice(static_cast<guint>(kept), static_cast<guint>(before - shorter), fresh);
+        for (std::size_t i = 0; i < records.size(); ++i)
+            if (i < kept || i >= kept + fresh.size())
+                row(i)->update(records[i]);
     }
 
     /// Whether a row for the add button follows the records.
@@ -81,26 +75,27 @@ public:
         if (present)
             list_->append(Item::create(std::nullopt));
         else
-            list_->remove(rows_.size());
+            list_->remove(list_->get_n_items() - 1);
     }
 
     /// The place of the record with that id.
     template <typename Id>
-    std::optional<std::size_t> find(const Id& id) const {
-        const auto row = std::find_if(
-            rows_.begin(), rows_.end(), [&](const auto& item) { return item->record()->id == id; });
-        if (row == rows_.end())
-            return std::nullopt;
-        return row - rows_.begin();
+    std::optional<guint> find(const Id& id) const {
+        for (guint i = 0; i < list_->get_n_items() - hasAddRow_; ++i)
+            if (row(i)->record()->id == id)
+                return i;
+        return std::nullopt;
     }
 
 private:
-    bool isSame(std::size_t row, const Record& record) const {
-        return rows_[row]->record()->id == record.id;
+    Glib::RefPtr<Item> row(std::size_t index) const {
+        return list_->get_item(static_cast<guint>(index));
+    }
+    bool isSame(std::size_t index, const Record& record) const {
+        return row(index)->record()->id == record.id;
     }
 
     Glib::RefPtr<Gio::ListStore<Item>> list_ = Gio::ListStore<Item>::create();
-    std::vector<Glib::RefPtr<Item>> rows_; ///< The records' rows, without the add button's.
     bool hasAddRow_ = false;
 };
 

@@ -20,8 +20,8 @@ constexpr Clock::Delay hiderDelays[] = {
     Clock::Delay(10000)};
 
 /// The ground of a page that has none of its own, and the same as the dark style turns it.
-constexpr Rgba lightGround{1, 1, 1};
-constexpr Rgba darkGround{0.12, 0.12, 0.12};
+const Gdk::RGBA lightGround(1, 1, 1);
+const Gdk::RGBA darkGround(0.12F, 0.12F, 0.12F);
 
 /// Whether a page may have the program load this, which it does on its own authority: local files
 /// and scripts, which the engine keeps from a page that asks in another way, stay out of reach.

@@ -2,10 +2,10 @@
 
 #include "Platform/Gtk/SmoothRectangle.h"
 
+#include <cairomm/context.h>
 #include <cairomm/surface.h>
 
 #include <algorithm>
-#include <numbers>
 
 namespace tessaro {
 
@@ -32,21 +32,13 @@ GObjectPtr<GdkTexture> textureOf(Cairo::ImageSurface& surface) {
 
 } // namespace
 
-void AvatarShape::addTo(
-    const Cairo::RefPtr<Cairo::Context>& context, double side, double scale) const {
-    if (const auto* rectangle = std::get_if<RoundedRectangle>(&value))
-        addSmoothRectangle(context, 0, 0, side, side, rectangle->cornerRadius * scale);
-    else
-        context->arc(side / 2, side / 2, side / 2, 0, 2 * std::numbers::pi);
-}
-
 GObjectPtr<GdkTexture> AvatarShape::cut(GdkTexture& picture, int side, double scale) const {
     const double width = gdk_texture_get_width(&picture);
     const double height = gdk_texture_get_height(&picture);
     const double fill = side / std::min(width, height);
     const auto surface = Cairo::ImageSurface::create(Cairo::Surface::Format::ARGB32, side, side);
     const auto context = Cairo::Context::create(surface);
-    addTo(context, side, scale);
+    addSmoothRectangle(context, 0, 0, side, side, cornerRadius * scale);
     context->clip();
     context->translate((side - width * fill) / 2, (side - height * fill) / 2);
     context->scale(fill, fill);

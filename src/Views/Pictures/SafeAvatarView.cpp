@@ -1,7 +1,9 @@
 #include "Views/Pictures/SafeAvatarView.h"
 
+#include "Platform/Gtk/SmoothRectangle.h"
 #include "Platform/Text.h"
 
+#include <gdkmm/general.h>
 #include <gtkmm/snapshot.h>
 #include <pangomm/layout.h>
 
@@ -15,10 +17,6 @@ namespace {
 constexpr double initialToSize = 0.4;
 /// Pango's points are 1/72 inch, CSS pixels 1/96.
 constexpr double pangoPoints = 0.75;
-
-void setColor(const Cairo::RefPtr<Cairo::Context>& context, const Rgba& color) {
-    context->set_source_rgba(color.red, color.green, color.blue, color.alpha);
-}
 
 } // namespace
 
@@ -139,8 +137,8 @@ void SafeAvatarView::snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot)
 
     const auto context = snapshot->append_cairo(&bounds);
     context->translate(bounds.origin.x, bounds.origin.y);
-    setColor(context, theme_.themePrimaryLight());
-    shape_.addTo(context, size_);
+    Gdk::Cairo::set_source_rgba(context, theme_.themePrimaryLight());
+    addSmoothRectangle(context, 0, 0, size_, size_, shape_.cornerRadius);
     context->fill();
 
     const auto layout = create_pango_layout(initial());
@@ -151,7 +149,7 @@ void SafeAvatarView::snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot)
     int width = 0;
     int height = 0;
     layout->get_pixel_size(width, height);
-    setColor(context, theme_.themePrimary());
+    Gdk::Cairo::set_source_rgba(context, theme_.themePrimary());
     context->move_to((size_ - width) / 2, (size_ - height) / 2);
     layout->show_in_cairo_context(context);
 }

@@ -4,9 +4,6 @@
 
 #include "Views/Shell/InfoWindow.h"
 
-#include <gtkmm/box.h>
-#include <gtkmm/label.h>
-
 namespace tessaro {
 
 /// Says what the program is, in which version, on which engine, and where its data lie.
@@ -15,9 +12,6 @@ public:
     AboutWindow(Gtk::Window& parent, EngineLoader& engine);
 
 private:
-    Gtk::Label& addLine(const Glib::ustring& text, const char* style);
-
-    Gtk::Box lines_;
     ScopedConnection engineLoaded_;
 };
 

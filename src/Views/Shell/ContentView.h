@@ -2,19 +2,15 @@
 
 #include "Views/Shell/MainSplitView.h"
 
-#include <gtkmm/box.h>
-
 namespace tessaro {
 
 /// What the window shows: the main split view, faded in.
-class ContentView : public Gtk::Box {
+class ContentView : public MainSplitView {
 public:
-    ContentView(const ScreenContext& context, AppLogger& logger, SupportClient& support);
-
-    MainSplitView& mainSplitView() { return mainSplitView_; }
-
-private:
-    MainSplitView mainSplitView_;
+    ContentView(const ScreenContext& context, AppLogger& logger, SupportClient& support)
+        : MainSplitView(context, logger, support) {
+        add_css_class("fade-in");
+    }
 };
 
 } // namespace tessaro

@@ -1,13 +1,27 @@
 #include "Views/Shell/FooterBar.h"
 
 #include "Services/LogExcerpt.h"
-#include "Views/Shell/FooterLinkButton.h"
+#include "Views/Widgets/Accessible.h"
+#include "Views/Widgets/TextLine.h"
+
+#include <gtkmm/revealer.h>
+#include <gtkmm/separator.h>
 
 #include <vector>
 
 namespace tessaro {
 
 namespace {
+
+constexpr unsigned hoverMilliseconds = 150;
+
+/// One way to reach the maker.
+struct FooterLink {
+    const char* id; ///< Also the style class that holds the link's colour.
+    const char* icon;
+    const char* label;
+    std::string url;
+};
 
 std::vector<FooterLink> socialLinks(const Endpoints& endpoints) {
     return {
@@ -19,37 +33,60 @@ std::vector<FooterLink> socialLinks(const Endpoints& endpoints) {
     };
 }
 
+/// A contact link of the footer bar: a symbol, and its label while the pointer is over it.
+Gtk::Button& linkButton(const FooterLink& link) {
+    auto& label = *Gtk::make_managed<Gtk::Label>(link.label);
+    label.set_css_classes({"points-10", "medium"});
+    // The revealer gives the label its room; the style sheet fades and scales the label.
+    auto& room = *Gtk::make_managed<Gtk::Revealer>();
+    room.set_transition_type(Gtk::RevealerTransitionType::SLIDE_RIGHT);
+    room.set_transition_duration(hoverMilliseconds);
+    room.set_child(label);
+    auto& row = *Gtk::make_managed<Gtk::Box>();
+    row.append(*Gtk::make_managed<Symbol>(link.icon, 11));
+    row.append(room);
+    auto& button = *Gtk::make_managed<Gtk::Button>();
+    button.set_child(row);
+    button.set_css_classes({"borderless", "footer-button", link.id});
+    button.set_valign(Gtk::Align::CENTER);
+    button.set_tooltip_text(link.label);
+    accessible::setName(button, link.label);
+    button.signal_state_flags_changed().connect([&button, &room](Gtk::StateFlags) {
+        const auto hovered = button.get_state_flags() & Gtk::StateFlags::PRELIGHT;
+        room.set_reveal_child(hovered != Gtk::StateFlags::NORMAL);
+    });
+    return button;
+}
+
 } // namespace
 
 FooterBar::FooterBar(const ScreenContext& context, AppLogger& logger, SupportClient& support)
     : context_(context),
       logger_(logger),
       support_(support),
-      version_("Phiên bản v1.0"),
-      divider_(Gtk::Orientation::VERTICAL),
       supportButton_("Hỗ trợ", "exclamationmark.bubble", 10) {
     add_css_class("footer-bar");
-    dot_.add_css_class("footer-dot");
-    dot_.set_valign(Gtk::Align::CENTER);
-    for (const auto* style : {"points-10", "medium", "secondary-text"})
-        version_.add_css_class(style);
-    divider_.set_valign(Gtk::Align::CENTER);
+    auto& dot = *Gtk::make_managed<Gtk::Box>();
+    dot.add_css_class("footer-dot");
+    dot.set_valign(Gtk::Align::CENTER);
+    auto& divider = *Gtk::make_managed<Gtk::Separator>(Gtk::Orientation::VERTICAL);
+    divider.set_valign(Gtk::Align::CENTER);
     supportButton_.set_css_classes({"borderless", "footer-button", "support"});
     supportButton_.set_valign(Gtk::Align::CENTER);
     supportButton_.set_tooltip_text("Gửi log hỗ trợ kỹ thuật");
     supportButton_.signal_clicked().connect([this] { sendSupportLogs().detach(); });
-    space_.set_hexpand(true);
-
-    append(dot_);
-    append(version_);
-    append(divider_);
+    auto& space = *Gtk::make_managed<Gtk::Box>();
+    space.set_hexpand();
+    append(dot);
+    append(textLine("Phiên bản v1.0", {"points-10", "medium", "secondary-text"}));
+    append(divider);
     append(supportButton_);
-    append(space_);
+    append(space);
     for (const auto& link : socialLinks(context.endpoints)) {
-        auto* const button = Gtk::make_managed<FooterLinkButton>(link);
-        button->signal_clicked().connect(
+        auto& button = linkButton(link);
+        button.signal_clicked().connect(
             [this, url = link.url] { context_.desktop.openAddress(url); });
-        append(*button);
+        append(button);
     }
 }
 

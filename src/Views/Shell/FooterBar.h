@@ -8,8 +8,6 @@
 #include "Views/Widgets/BusyButton.h"
 
 #include <gtkmm/box.h>
-#include <gtkmm/label.h>
-#include <gtkmm/separator.h>
 
 #include <string>
 
@@ -30,11 +28,7 @@ private:
     const ScreenContext& context_;
     AppLogger& logger_;
     SupportClient& support_;
-    Gtk::Box dot_;
-    Gtk::Label version_;
-    Gtk::Separator divider_;
     BusyButton supportButton_;
-    Gtk::Box space_;
     Lifetime lifetime_;
 };
 

@@ -3,33 +3,20 @@
 #include "Views/Theme/ThemeManager.h"
 #include "Views/Widgets/Accessible.h"
 
+#include <gdkmm/general.h>
 #include <gtkmm/snapshot.h>
 #include <gtkmm/stylecontext.h>
 
-#include <array>
+#include <numbers>
 #include <utility>
 
 namespace tessaro {
 
 namespace {
 
-constexpr float diameter = 22;
-constexpr float ringDiameter = 26;
-constexpr float ringWidth = 1.5F;
-
-GskRoundedRect circle(float centerX, float centerY, float across) {
-    const graphene_rect_t bounds =
-        GRAPHENE_RECT_INIT(centerX - across / 2, centerY - across / 2, across, across);
-    GskRoundedRect result;
-    gsk_rounded_rect_init_from_rect(&result, &bounds, across / 2);
-    return result;
-}
-
-GdkRGBA toGdk(const Rgba& color) {
-    return {
-        static_cast<float>(color.red), static_cast<float>(color.green),
-        static_cast<float>(color.blue), static_cast<float>(color.alpha)};
-}
+constexpr double radius = 11;
+constexpr double ringRadius = 13;
+constexpr double ringWidth = 1.5;
 
 } // namespace
 
@@ -61,22 +48,19 @@ void ColorSwatch::refresh() {
 }
 
 void ColorSwatch::snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot) {
-    const float centerX = static_cast<float>(get_width()) / 2;
-    const float centerY = static_cast<float>(get_height()) / 2;
-
-    const GskRoundedRect disc = circle(centerX, centerY, diameter);
-    const GdkRGBA color = toGdk(dynamicPresetColor(preset_).resolve(theme_.isEffectivelyDark()));
-    gtk_snapshot_push_rounded_clip(snapshot->gobj(), &disc);
-    gtk_snapshot_append_color(snapshot->gobj(), &color, &disc.bounds);
-    gtk_snapshot_pop(snapshot->gobj());
-
+    const double x = get_width() / 2.0;
+    const double y = get_height() / 2.0;
+    // The stroke lies half inside and half outside of its circle.
+    const auto cairo =
+        snapshot->append_cairo(Gdk::Rectangle(-1, -1, get_width() + 2, get_height() + 2));
+    cairo->arc(x, y, radius, 0, 2 * std::numbers::pi);
+    Gdk::Cairo::set_source_rgba(cairo, dynamicPresetColor(preset_, theme_.isEffectivelyDark()));
+    cairo->fill();
     if (get_active()) {
-        // The stroke lies half inside and half outside of its circle.
-        const GskRoundedRect ring = circle(centerX, centerY, ringDiameter + ringWidth);
-        const std::array<float, 4> widths{ringWidth, ringWidth, ringWidth, ringWidth};
-        const GdkRGBA text = *get_style_context()->get_color().gobj();
-        const std::array<GdkRGBA, 4> colors{text, text, text, text};
-        gtk_snapshot_append_border(snapshot->gobj(), &ring, widths.data(), colors.data());
+        cairo->arc(x, y, ringRadius, 0, 2 * std::numbers::pi);
+        Gdk::Cairo::set_source_rgba(cairo, get_style_context()->get_color());
+        cairo->set_line_width(ringWidth);
+        cairo->stroke();
     }
     Gtk::ToggleButton::snapshot_vfunc(snapshot);
 }

@@ -13,15 +13,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto inboxDelay = 100ms;
-constexpr const char* contrastHex = "#1F2937";
-
-ColorScheme schemeOf(const std::string& mode) {
-    if (mode == "light")
-        return ColorScheme::light;
-    if (mode == "dark")
-        return ColorScheme::dark;
-    return ColorScheme::system;
-}
 
 } // namespace
 
@@ -78,14 +69,17 @@ const ColorPreset& ThemeManager::activePreset() const {
 }
 
 std::optional<ColorScheme> ThemeManager::colorScheme() const {
-    const ColorScheme scheme = schemeOf(appearanceMode_);
-    return scheme == ColorScheme::system ? std::nullopt : std::optional(scheme);
+    if (appearanceMode_ == "light")
+        return ColorScheme::light;
+    if (appearanceMode_ == "dark")
+        return ColorScheme::dark;
+    return std::nullopt;
 }
 
 void ThemeManager::updateSystemAppearance() {
     if (!appearance_.isReady())
         return;
-    const ColorScheme scheme = schemeOf(appearanceMode_);
+    const ColorScheme scheme = colorScheme().value_or(ColorScheme::system);
     appearance_.setApplicationScheme(scheme);
     for (const Appearance::Window window : appearance_.openWindows())
         appearance_.setWindowScheme(window, scheme);
@@ -101,12 +95,12 @@ bool ThemeManager::isDarkMode() const {
     return colorScheme() ? colorScheme() == ColorScheme::dark : isEffectivelyDark();
 }
 
-DynamicColor ThemeManager::currentPrimaryColor() const {
-    return dynamicPresetColor(activePreset());
+Gdk::RGBA ThemeManager::themePrimary() const {
+    return dynamicPresetColor(activePreset(), isEffectivelyDark());
 }
 
-DynamicColor ThemeManager::currentPrimaryLightColor() const {
-    return dynamicPresetColor(activePreset(), 0.08, 0.16);
+Gdk::RGBA ThemeManager::themePrimaryLight() const {
+    return dynamicPresetColor(activePreset(), isEffectivelyDark(), 0.08F, 0.16F);
 }
 
 bool ThemeManager::isPrimaryLight() const {
@@ -114,8 +108,8 @@ bool ThemeManager::isPrimaryLight() const {
     return isLightHex(isEffectivelyDark() ? preset.darkHex : preset.lightHex);
 }
 
-Rgba ThemeManager::currentPrimaryContrastColor() const {
-    return isPrimaryLight() ? rgbaFromHex(contrastHex) : Rgba{1, 1, 1, 1};
+Gdk::RGBA ThemeManager::themePrimaryContrastText() const {
+    return rgbaFromHex(isPrimaryLight() ? "#1F2937" : "#FFFFFF");
 }
 
 ScopedConnection ThemeManager::observe(std::function<void()> observer) {

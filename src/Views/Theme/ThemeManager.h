@@ -57,22 +57,16 @@ public:
 
     /// Whether the inbox should wear the dark style: by the mode, else by what is on screen.
     bool isDarkMode() const;
-    /// Whether what is on screen is dark; what drawing code resolves a DynamicColor with.
+    /// Whether what is on screen is dark.
     bool isEffectivelyDark() const { return appearance_.isEffectivelyDark(); }
 
-    DynamicColor currentPrimaryColor() const;
+    /// The accent, as it is on screen now.
+    Gdk::RGBA themePrimary() const;
     /// The accent at an opacity of 0.16 in dark and 0.08 in light.
-    DynamicColor currentPrimaryLightColor() const;
+    Gdk::RGBA themePrimaryLight() const;
     bool isPrimaryLight() const;
     /// The text colour that reads on the accent.
-    Rgba currentPrimaryContrastColor() const;
-
-    /// The accent, its tint and the text on it, resolved for what is on screen now.
-    Rgba themePrimary() const { return currentPrimaryColor().resolve(isEffectivelyDark()); }
-    Rgba themePrimaryLight() const {
-        return currentPrimaryLightColor().resolve(isEffectivelyDark());
-    }
-    Rgba themePrimaryContrastText() const { return currentPrimaryContrastColor(); }
+    Gdk::RGBA themePrimaryContrastText() const;
 
     /// Calls `observer` when a choice changed, and when the desktop turned light or dark: whatever
     /// is drawn from this manager is to be drawn again.

@@ -87,9 +87,7 @@ Gtk::Widget& ThemeSettingsView::colorSection() {
     presetName_.set_hexpand();
     presetName_.set_xalign(1);
     presetName_.set_ellipsize(Pango::EllipsizeMode::END);
-    presetName_.add_css_class("points-10");
-    presetName_.add_css_class("medium");
-    presetName_.add_css_class("accent-text");
+    presetName_.set_css_classes({"points-10", "medium", "accent-text"});
     header.append(presetName_);
 
     auto factory = Gtk::SignalListItemFactory::create();

@@ -4,28 +4,7 @@
 
 #include <gtk/gtk.h>
 
-#include <array>
-
 namespace tessaro {
-
-namespace {
-
-/// A colour in the notation of style sheets, whatever the locale's decimal sign.
-std::string css(const Rgba& color) {
-    std::array<char, G_ASCII_DTOSTR_BUF_SIZE> alpha{};
-    g_ascii_formatd(alpha.data(), alpha.size(), "%.3f", color.alpha);
-    const auto byte = [](double component) {
-        return std::to_string(static_cast<int>(component * 255.0 + 0.5));
-    };
-    return "rgba(" + byte(color.red) + "," + byte(color.green) + "," + byte(color.blue) + "," +
-           alpha.data() + ")";
-}
-
-std::string define(const char* name, const std::string& value) {
-    return std::string("@define-color ") + name + " " + value + ";\n";
-}
-
-} // namespace
 
 ThemeStyle::ThemeStyle(ThemeManager& theme) : theme_(theme) {
     redefine();
@@ -43,11 +22,12 @@ ThemeStyle::~ThemeStyle() {
 
 void ThemeStyle::redefine() {
     std::string definitions =
-        define("tsr_primary", css(theme_.themePrimary())) +
-        define("tsr_primary_light", css(theme_.themePrimaryLight())) +
-        define("tsr_primary_contrast", css(theme_.themePrimaryContrastText())) +
-        define("accent_color", "@tsr_primary") + define("accent_bg_color", "@tsr_primary") +
-        define("accent_fg_color", "@tsr_primary_contrast");
+        "@define-color tsr_primary " + theme_.themePrimary().to_string() +
+        ";\n@define-color tsr_primary_light " + theme_.themePrimaryLight().to_string() +
+        ";\n@define-color tsr_primary_contrast " + theme_.themePrimaryContrastText().to_string() +
+        ";\n@define-color accent_color @tsr_primary;"
+        "\n@define-color accent_bg_color @tsr_primary;"
+        "\n@define-color accent_fg_color @tsr_primary_contrast;\n";
     // A change of mode is heard twice when it also turns what is on screen.
     if (definitions == definitions_)
         return;

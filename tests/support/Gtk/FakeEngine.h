@@ -27,7 +27,7 @@ public:
         delegate_->didFinishNavigation(*this);
     }
     void close() override {}
-    void setGround(const Rgba&) override {}
+    void setGround(const Gdk::RGBA&) override {}
     void setPageZoom(double factor) override { zoom_ = factor; }
     double pageZoom() const override { return zoom_; }
     void evaluateScript(const std::string& script) override { scripts.push_back(script); }

@@ -24,7 +24,7 @@ protected:
         screen_.show(*sidebar_);
     }
     AccountButton& button(const std::string& name) { return the<AccountButton>(*sidebar_, name); }
-    Rgba pixel(const std::string& name, double x, double y) {
+    Gdk::RGBA pixel(const std::string& name, double x, double y) {
         screen_.settle();
         return WidgetPicture(button(name)).at(x, y);
     }

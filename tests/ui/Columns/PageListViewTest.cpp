@@ -44,8 +44,8 @@ TEST_F(PageListViewTest, TellsNamesAndConnections) {
     const auto dot = [&](const std::string& name) {
         return WidgetPicture(button(name)).at(33, 33);
     };
-    EXPECT_GT(dot("Page").green, 0.7) << "A Page without a name gets a name here.";
-    EXPECT_NEAR(dot("Lan").green, dot("Lan").red, 0.01) << "A grey one.";
+    EXPECT_GT(dot("Page").get_green(), 0.7) << "A Page without a name has one here.";
+    EXPECT_NEAR(dot("Lan").get_green(), dot("Lan").get_red(), 0.01) << "A grey one.";
 }
 
 TEST_F(PageListViewTest, TheSelectedPageAloneWearsTheOutlineAndTheCount) {
@@ -98,7 +98,7 @@ TEST_F(PageListViewTest, PicturesComeByTheAccountsProxyEachOnceOrNotAtAll) {
         pagesVM.loadPages(account_.id);
         screen_.show(view);
     };
-    const auto shows = [&](const std::string& name, const Rgba& color) {
+    const auto shows = [&](const std::string& name, const Gdk::RGBA& color) {
         return runUntil([&] {
             auto* const page = find<PageButton>(view, name);
             return page && nearlyEqual(WidgetPicture(*page).at(19, 6), color);

@@ -119,9 +119,9 @@ TEST(InboxBrowser, ShowsADarkPageOnlyOnceItIsDark) {
     });
     InboxBrowser browser(world);
     TestScreen::settle(browser.window);
-    const Rgba shown = WidgetPicture(*browser.container).at(400, 400);
-    EXPECT_EQ(shown.alpha, 1);
-    EXPECT_LT(shown.green, 0.9);
+    const Gdk::RGBA shown = WidgetPicture(*browser.container).at(400, 400);
+    EXPECT_EQ(shown.get_alpha(), 1);
+    EXPECT_LT(shown.get_green(), 0.9);
 }
 
 TEST(InboxBrowser, AsksThePagesQuestionsInAlertsOfTheProgram) {
@@ -186,7 +186,7 @@ TEST(InboxBrowser, UnderlinesWhatIsNeitherVietnameseNorEnglish) {
         const WidgetPicture picture(*browser.container);
         for (int y = top; y < top + 100; ++y)
             for (int x = 40; x < 700; ++x)
-                if (const Rgba at = picture.at(x, y); at.red > at.green + 0.4)
+                if (const Gdk::RGBA at = picture.at(x, y); at.get_red() > at.get_green() + 0.4)
                     return true;
         return false;
     };

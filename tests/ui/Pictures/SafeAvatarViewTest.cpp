@@ -20,8 +20,8 @@ using namespace tessaro::test;
 
 namespace {
 
-constexpr Rgba red{1, 0, 0, 1};
-constexpr Rgba blue{0, 0, 1, 1};
+const Gdk::RGBA red{1, 0, 0, 1};
+const Gdk::RGBA blue{0, 0, 1, 1};
 
 /// The width of the texture that the node draws; 0 without one.
 int texturePixels(GskRenderNode* node) {
@@ -61,7 +61,7 @@ protected:
         world_.store.saveAvatarData(id, pngPicture(120, 60, 0xFF0000FF));
         world_.clock.advance(std::chrono::milliseconds(0));
     }
-    bool shows(const Rgba& color) {
+    bool shows(const Gdk::RGBA& color) {
         return runUntil([&] { return nearlyEqual(WidgetPicture(avatar_).at(20, 4), color); });
     }
     bool showsTint() { return shows(world_.theme.themePrimaryLight()); }
@@ -92,8 +92,8 @@ TEST_F(SafeAvatarViewTest, PrefersItsOwnCachedPictureToTheOneFromTheWeb) {
     EXPECT_TRUE(shows(blue));
     saveRed("1");
     EXPECT_TRUE(shows(red));
-    EXPECT_EQ(avatar_.localImage()->get_width(), 40) << "kept at the size at which it is drawn";
-    EXPECT_EQ(WidgetPicture(avatar_).at(0.5, 0.5).alpha, 0) << "cut by the shape";
+    EXPECT_EQ(avatar_.localImage()->get_width(), 40) << "kept at the size drawn";
+    EXPECT_EQ(WidgetPicture(avatar_).at(0.5, 0.5).get_alpha(), 0) << "cut by the shape";
 
     std::ofstream(world_.store.localAvatarURL("1")) << "<html>";
     world_.notifications.post(DataStore::avatarDownloaded, {{"id", "1"}});

@@ -81,8 +81,8 @@ TEST_F(ThemeManagerTest, TogglesToTheOppositeOfWhatIsOnScreenAndTellsTheInboxATe
 }
 
 TEST_F(ThemeManagerTest, GivesTheColoursOfAPresetInLightAndDarkAndEmeraldsForNone) {
-    const Rgba white{1, 1, 1, 1}, black = rgbaFromHex("#1F2937");
-    const std::tuple<const char*, const char*, Rgba, const char*, Rgba> presets[] = {
+    const Gdk::RGBA white{1, 1, 1, 1}, black = rgbaFromHex("#1F2937");
+    const std::tuple<const char*, const char*, Gdk::RGBA, const char*, Gdk::RGBA> presets[] = {
         {"olive", "#4F5D2F", white, "#D9F99D", black},
         {"gold", "#B57A00", white, "#FBBF24", black},
         {"Gold", "#0F5132", white, "#34D399", white}};
@@ -96,9 +96,11 @@ TEST_F(ThemeManagerTest, GivesTheColoursOfAPresetInLightAndDarkAndEmeraldsForNon
         theme.setAppearanceMode("dark");
         EXPECT_EQ(theme.themePrimary(), rgbaFromHex(dark)) << id;
         EXPECT_EQ(theme.themePrimaryContrastText(), onDark) << id;
-        EXPECT_EQ(theme.themePrimaryLight(), rgbaFromHex(dark).withAlpha(0.16)) << id;
+        Gdk::RGBA tint = rgbaFromHex(dark);
+        tint.set_alpha(0.16F);
+        EXPECT_EQ(theme.themePrimaryLight(), tint) << id;
     }
-    EXPECT_EQ(black, (Rgba{31 / 255.0, 41 / 255.0, 55 / 255.0, 1}));
+    EXPECT_EQ(black, Gdk::RGBA(31 / 255.0F, 41 / 255.0F, 55 / 255.0F));
 }
 
 TEST_F(ThemeManagerTest, WaitsForTheToolkitAndThenFollowsTheDesktop) {
