@@ -7,26 +7,27 @@
 
 namespace tessaro {
 
-/// A question or a message in front of the main window.
+/// A message to the person, with buttons to answer it.
 struct ModalAlert {
     std::string title; ///< May be empty.
     std::string message;
-    /// Their labels. The first one has the focus, so that Return presses it. An alert that nobody
-    /// asked for may come up under typing hands: it puts first what does no harm.
+    /// The labels of the buttons. The first button has the focus, so Return presses it. An alert
+    /// that the person did not ask for may appear while they type, so its first button must do no
+    /// harm.
     std::vector<std::string> buttons;
 };
 
-/// Shows modal alerts; a test puts one in its place that answers by itself. UI thread only.
+/// Shows modal alerts. UI thread only.
 class Modals {
 public:
-    /// Gets the index of the button that was pressed; nothing when the alert went in another way:
-    /// by Escape, or with the window beneath it.
+    /// Gets the index of the pressed button, or nothing when Escape or the closing of the window
+    /// beneath dismissed the alert.
     using Answered = std::function<void(std::optional<std::size_t> button)>;
 
     virtual ~Modals() = default;
 
-    /// Shows the alert and returns at once. `answered` is called exactly once. Alerts asked for
-    /// while one is shown follow it in turn.
+    /// Shows the alert and returns at once. Several alerts are shown one after the other.
+    /// `answered` is called exactly once.
     virtual void show(ModalAlert alert, Answered answered) = 0;
 };
 

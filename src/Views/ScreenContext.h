@@ -15,8 +15,8 @@
 
 namespace tessaro {
 
-/// What every screen is drawn and driven with. Made once by the application, passed down by
-/// reference, outlives every screen.
+/// The services that the screens use. The application makes it once and passes it down by
+/// reference; it outlives every screen.
 struct ScreenContext {
     ThemeManager& theme;
     NotificationCenter& notifications;

@@ -7,8 +7,9 @@
 
 namespace tessaro {
 
-/// One account in the account column: the first character of its name on a disc of the accent or
-/// its tint, and an orange dot while the account's proxy is switched on.
+/// One account in the account column: the first character of its name on a disc, and an orange dot
+/// while its proxy is switched on. The disc has the accent when the account is selected, and the
+/// accent's tint otherwise.
 class AccountButton : public RecordButton<Account> {
 public:
     AccountButton();

@@ -11,8 +11,8 @@
 
 namespace tessaro {
 
-/// The left-most column of the main window: the accounts, the commands for the inbox browser and
-/// the controls of the appearance.
+/// The left-most column of the main window. It holds the accounts, the commands for the inbox
+/// browser and the buttons for the appearance. UI thread only.
 class AccountSidebar : public Gtk::Box {
 public:
     /// @param context, viewModel  outlive this
@@ -24,7 +24,7 @@ private:
     void addCommand(const char* symbol, const char* tooltip, const char* notification);
     void addDivider();
     void showToggleSymbol();
-    /// Opens the dialog for the account, or for a new one.
+    /// @param edited  the account to edit; nothing for a new account
     void openSheet(const std::optional<Account>& edited);
 
     const ScreenContext& context_;

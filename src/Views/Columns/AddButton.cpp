@@ -25,7 +25,7 @@ AddButton::AddButton(Shape shape, const Glib::ustring& tooltip)
 }
 
 void AddButton::snapshot_vfunc(const Glib::RefPtr<Gtk::Snapshot>& snapshot) {
-    // The line is drawn along the inside of the edge.
+    // The line touches the button's edge from the inside.
     constexpr double lineWidth = 1.5, inset = lineWidth / 2, length = side - lineWidth;
     const auto cairo = snapshot->append_cairo(Gdk::Rectangle(0, 0, side, side));
     addSmoothRectangle(

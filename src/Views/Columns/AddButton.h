@@ -8,7 +8,7 @@ namespace tessaro {
 class AddButton : public Gtk::Button {
 public:
     enum class Shape { circle, roundedSquare };
-    static constexpr int side = 38; ///< In points; as of every button in a column.
+    static constexpr int side = 38; ///< Width and height in points of every button in a column.
 
     AddButton(Shape shape, const Glib::ustring& tooltip);
 

@@ -12,7 +12,7 @@ namespace tessaro {
 
 namespace {
 
-/// Moves the focus to the next widget beyond `widget`, whatever `widget` holds.
+/// Moves the focus out of `widget`, to the next widget in the direction.
 bool focusBeyond(Gtk::Widget& widget, Gtk::DirectionType direction) {
     const bool forward = direction == Gtk::DirectionType::TAB_FORWARD;
     const auto neighbour = [forward](Gtk::Widget* of) {
@@ -30,7 +30,7 @@ bool focusBeyond(Gtk::Widget& widget, Gtk::DirectionType direction) {
 Column::Column(const Glib::ustring& name)
     : Gtk::Box(Gtk::Orientation::VERTICAL), view_({}, factory_) {
     add_css_class("column");
-    set_hexpand(false); // The scroller's wish for room ends at the column's own width.
+    set_hexpand(false); // The scroller would widen the column.
     scroller_.set_policy(Gtk::PolicyType::NEVER, Gtk::PolicyType::AUTOMATIC);
     scroller_.set_vexpand();
     scroller_.set_child(view_);
@@ -47,7 +47,8 @@ Column::Column(const Glib::ustring& name)
             return onKeyPressed(key, modifiers);
         },
         false);
-    scroller_.add_controller(keys); // Not this widget's: the open menu has keys of its own.
+    // On the scroller, because the open menu needs the keys for itself.
+    scroller_.add_controller(keys);
 
     auto secondary = Gtk::GestureClick::create();
     secondary->set_button(GDK_BUTTON_SECONDARY);
@@ -89,9 +90,12 @@ bool Column::openMenuOf(Gtk::Widget* widget) {
     for (std::size_t i = 0; i < commands.size(); ++i) {
         const std::string name = "command" + std::to_string(i);
         actions->add_action(name, commands[i].action);
-        const auto section = Gio::Menu::create();
+        auto section = menu;
+        if (commands[i].isDestructive && i > 0) {
+            section = Gio::Menu::create();
+            menu->append_section(section);
+        }
         section->append(commands[i].label, "menu." + name);
-        menu->append_section(section);
     }
     insert_action_group("menu", actions);
     menu_.set_menu_model(menu);

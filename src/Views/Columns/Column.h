@@ -13,16 +13,16 @@
 
 namespace tessaro {
 
-/// A narrow column of round or square buttons. The arrow keys go from button to button, Tab goes
-/// into the column and out of it; the secondary button, the Menu key and Shift+F10 open the menu of
-/// the button under the pointer or the focus.
+/// A narrow column of round or square buttons. The arrow keys move the focus from button to button,
+/// Tab moves it into the column and out of it. The pointer's secondary button opens the menu of the
+/// button under the pointer; the Menu key and Shift+F10 open that of the focused button.
 class Column : public Gtk::Box {
 public:
     ~Column() override;
 
 protected:
-    /// What a button's menu offers. The last command may be a destructive one; a separator and its
-    /// colour set it apart.
+    /// An entry of a button's menu. Only the last entry may be destructive; a separator and the
+    /// colour of errors set it apart.
     struct Command {
         std::string label;
         std::function<void()> action;
@@ -32,7 +32,7 @@ protected:
     /// @param name  of the list, for assistive technology
     explicit Column(const Glib::ustring& name);
 
-    /// The commands of that button; none for no menu.
+    /// The entries of the button's menu. A button without entries has no menu.
     virtual std::vector<Command> menuOf(Gtk::Widget& button) = 0;
 
     Gtk::ListView& view() { return view_; }

@@ -4,9 +4,9 @@ namespace tessaro {
 
 namespace {
 
-/// Two digits are what the small face has room for.
+/// The count, cut to what fits on the button. The site may write "20+".
 std::string shortened(const std::string& count) {
-    return std::stoul(count) > 99 ? "99+" : count; // What follows the digits does not count.
+    return std::stoul(count) > 99 ? "99+" : count; // Reads only the digits.
 }
 
 } // namespace

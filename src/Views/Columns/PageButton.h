@@ -10,10 +10,11 @@
 
 namespace tessaro {
 
-/// One Page in the Page column. The selected one wears how much of it is unread.
+/// One Page in the Page column: its picture, and a dot that tells whether it is connected. The
+/// selected Page also has an outline and shows its unread count.
 class PageButton : public RecordButton<PageConfig> {
 public:
-    /// @param unread  what the site counts for the selected Page, empty for nothing; outlives this
+    /// @param unread  the count for the selected Page, empty for none; outlives this
     PageButton(const ScreenContext& context, const tessaro::Property<std::string>& unread);
 
     void show(const PageConfig& page) override;

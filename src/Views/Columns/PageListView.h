@@ -11,7 +11,7 @@
 namespace tessaro {
 
 /// The second column of the main window: the Pages of the selected account. Without an account it
-/// shows only an arrow that points to the account column.
+/// shows an arrow that points to the account column. UI thread only.
 class PageListView : public Gtk::Overlay {
 public:
     /// @param context, pagesVM  outlive this
@@ -27,7 +27,7 @@ private:
     void openSheet();
 
     const ScreenContext& context_;
-    tessaro::Property<std::string> unread_; ///< Of the selected Page, as its site writes it.
+    tessaro::Property<std::string> unread_; ///< The selected Page's count, as the site writes it.
     PagesViewModel& pagesVM_;
     std::optional<Account> account_;
     RecordColumn<PageConfig> column_;

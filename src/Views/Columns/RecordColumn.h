@@ -17,8 +17,8 @@
 
 namespace tessaro {
 
-/// A button that stands for one record and is given another one when its row is used again: a face
-/// with a dot at its lower right.
+/// A button that shows one record: a face with a dot at its lower right. The list reuses a row's
+/// button for another record.
 template <typename Record>
 class RecordButton : public Gtk::Button {
 public:
@@ -32,7 +32,7 @@ public:
     }
 
 protected:
-    /// @param shape  of the face, as the style sheet calls it: "round" or "square"
+    /// @param shape  the face's style class: "round" or "square"
     explicit RecordButton(const char* shape) {
         this->set_css_classes({"borderless", "face-button", shape});
         this->set_halign(Gtk::Align::CENTER);
@@ -49,10 +49,10 @@ protected:
             false);
     }
 
-    /// In place of set_tooltip_text(), which asks the display each time what is below the pointer:
-    /// rows get their records by the dozen.
+    /// Replaces set_tooltip_text(), which asks the display what is below the pointer at each call.
+    /// That is slow when dozens of rows get their records at once.
     void setTooltip(std::string text) { tooltip_ = std::move(text); }
-    /// @param state  as the style sheet calls it; empty for no dot
+    /// @param state  the dot's style class; "none" for no dot
     void setDot(const char* state) { dot_.set_css_classes({"status-dot", state}); }
     Gtk::Overlay& face() { return face_; }
 
@@ -62,8 +62,8 @@ private:
     std::string tooltip_;
 };
 
-/// A column of buttons for records, with an add button at its end. It keeps only as many buttons as
-/// are near the part on screen, however long the list is.
+/// A column of buttons for records, with an add button at its end. However long the list is, there
+/// are buttons only for the rows on screen and near it.
 template <typename Record>
 class RecordColumn : public Column {
 public:
@@ -71,8 +71,8 @@ public:
     using Commands = std::vector<Command>;
 
     struct Behaviour {
-        std::function<RecordButton<Record>*()> makeButton; ///< Managed.
-        std::function<AddButton*()> makeAddButton;         ///< Managed.
+        std::function<RecordButton<Record>*()> makeButton; ///< Returns a managed widget.
+        std::function<AddButton*()> makeAddButton;         ///< Returns a managed widget.
         std::function<void(const Record&)> choose;
         std::function<void()> add;
         std::function<Commands(const Record&)> menu;
@@ -88,12 +88,12 @@ public:
         view().set_model(Gtk::NoSelection::create(rows_.list()));
     }
 
-    ~RecordColumn() override { view().set_model({}); } // Unbinds the rows while they can be.
+    ~RecordColumn() override { view().set_model({}); } // Unbinds the rows while this still exists.
 
     void setRecords(const std::vector<Record>& records) { rows_.setRecords(records); }
     void setAddRow(bool present) { rows_.setAddRow(present); }
 
-    /// Marks the record of that id and brings it into view.
+    /// Marks the record with that id as selected and scrolls to it.
     void setSelected(const std::optional<Id>& id) {
         if (id == selected_)
             return;
@@ -105,7 +105,7 @@ public:
             view().activate_action("list.scroll-to-item", Glib::Variant<guint>::create(*row));
     }
 
-    /// Brings the first row into view. Rows that come in above others leave those where they are.
+    /// Scrolls to the first row. New rows above the view would otherwise stay out of sight.
     void showFirst() {
         view().activate_action("list.scroll-to-item", Glib::Variant<guint>::create(0));
     }
@@ -156,7 +156,7 @@ private:
     }
 
     void choose(RecordButton<Record>& button) {
-        // A copy: choosing may give the button another record.
+        // Chooses a copy, because choosing may give the button another record.
         if (const auto shown = shown_.find(&button); shown != shown_.end())
             behaviour_.choose(Record(*shown->second->record()));
     }

@@ -10,7 +10,7 @@
 
 namespace tessaro {
 
-/// One row of a list: a record, or the place of the add button.
+/// One row of a list: a record, or the add button.
 template <typename Record>
 class RowItem : public Glib::Object {
 public:
@@ -18,17 +18,17 @@ public:
         return Glib::make_refptr_for_instance(new RowItem(std::move(record)));
     }
 
-    /// Nothing in the row of the add button.
+    /// The row of the add button has no record.
     const std::optional<Record>& record() const { return record_; }
 
-    /// A newer copy of the record, or another one in its place.
+    /// Replaces the record by a newer copy or by another record.
     void update(const Record& record) {
         record_ = record;
         if (onUpdate)
             onUpdate();
     }
 
-    /// Set by whatever shows the row at present.
+    /// Called after an update. Set by the button that shows the row now.
     std::function<void()> onUpdate;
 
 private:
@@ -36,8 +36,8 @@ private:
     std::optional<Record> record_;
 };
 
-/// Keeps a list model in step with a list of records that are told apart by their `id`, so that a
-/// change makes and drops no more rows than it must. UI thread only.
+/// Keeps a list model in step with a list of records, which it tells apart by their `id`. A change
+/// makes and drops as few rows as possible. UI thread only.
 template <typename Record>
 class RowModel {
 public:
@@ -55,7 +55,7 @@ public:
         while (tail < shorter - head &&
                isSame(before - 1 - tail, records[records.size() - 1 - tail]))
             ++tail;
-        // In between, rows that are there already take the new records; what is left is spliced.
+        // Between head and tail, existing rows take the new records. The remainder is spliced.
         const std::size_t kept = shorter - tail;
         std::vector<Glib::RefPtr<Item>> fresh;
         for (std::size_t i = kept; i < records.size() - tail; ++i)
@@ -67,7 +67,7 @@ public:
                 row(i)->update(records[i]);
     }
 
-    /// Whether a row for the add button follows the records.
+    /// Adds or removes the row of the add button, which follows the records.
     void setAddRow(bool present) {
         if (present == hasAddRow_)
             return;
@@ -78,7 +78,7 @@ public:
             list_->remove(list_->get_n_items() - 1);
     }
 
-    /// The place of the record with that id.
+    /// The index of the record with that id.
     template <typename Id>
     std::optional<guint> find(const Id& id) const {
         for (guint i = 0; i < list_->get_n_items() - hasAddRow_; ++i)

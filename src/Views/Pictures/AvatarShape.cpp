@@ -25,7 +25,7 @@ GObjectPtr<GdkTexture> textureOf(Cairo::ImageSurface& surface) {
     const auto stride = static_cast<gsize>(surface.get_stride());
     const auto height = static_cast<gsize>(surface.get_height());
     const GBytesPtr bytes(g_bytes_new(surface.get_data(), stride * height));
-    // The layout of a Cairo surface in memory is GDK's default one.
+    // A Cairo surface has the memory layout that GDK uses by default.
     return GObjectPtr<GdkTexture>::adopt(gdk_memory_texture_new(
         surface.get_width(), surface.get_height(), GDK_MEMORY_DEFAULT, bytes.get(), stride));
 }

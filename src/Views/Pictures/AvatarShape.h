@@ -8,17 +8,17 @@
 
 namespace tessaro {
 
-/// How an avatar is cut.
+/// The outline of an avatar.
 struct AvatarShape {
-    double cornerRadius; ///< In points; the corners are continuous.
+    double cornerRadius; ///< In points. The corners are continuous.
 
     static AvatarShape roundedRectangle(double cornerRadius) { return {cornerRadius}; }
-    /// A square whose corners are as round as they can be.
+    /// A radius larger than the square makes the corners meet in a circle.
     static AvatarShape circle() { return {std::numeric_limits<double>::infinity()}; }
 
-    /// The middle of a picture, scaled to fill a square and cut. Any thread.
+    /// Scales a picture to fill a square, keeps its middle and cuts it to the shape. Any thread.
     /// @param side   of the square in pixels
-    /// @param scale  pixels to the point
+    /// @param scale  pixels per point
     GObjectPtr<GdkTexture> cut(GdkTexture& picture, int side, double scale) const;
 };
 

@@ -23,7 +23,7 @@ std::string readPicture(const std::filesystem::path& file) {
     return readFile(file).value_or(std::string());
 }
 
-/// Runs the decoding in the background and hands its result to the toolkit.
+/// Runs `decode` and `finish` in a background thread and wraps the result on the UI thread.
 template <typename Decode>
 Task<ImageLoader::Picture>
 decodeInBackground(Decode decode, Cancellation cancellation, ImageLoader::Finish finish) {

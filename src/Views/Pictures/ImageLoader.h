@@ -13,35 +13,37 @@
 
 namespace tessaro {
 
-/// A picture's address in the web, and the account by whose way it is asked for.
+/// The web address of a picture, and the account through whose proxy it is fetched.
 struct WebPicture {
-    std::string url; ///< May hold a token; never shown or logged.
+    std::string url; ///< May contain a token, so it is never shown or logged.
     AccountId account;
 
     bool operator==(const WebPicture&) const = default;
 };
 
-/// The one source of pictures: the cache, and the web. Decodes them to the size at which they are
-/// drawn, in the background. Every failure is an empty pointer. UI thread.
+/// The only source of pictures. It reads them from the cache or fetches them from the web, and
+/// decodes them in the background to the size at which they are drawn. Every failure gives an empty
+/// pointer. UI thread only.
 class ImageLoader {
 public:
     using Picture = Glib::RefPtr<Gdk::Texture>;
-    /// Makes of a decoded picture what is drawn. Called in the background.
+    /// Turns a decoded picture into the one that is drawn. Called in a background thread.
     using Finish = std::function<GObjectPtr<GdkTexture>(GdkTexture& decoded)>;
 
-    /// All of them outlive this.
+    /// All arguments outlive this.
     ImageLoader(DataStore& store, NotificationCenter& notifications, AccountRoutes& routes);
 
-    /// The cached picture of that id, scaled to fill `pixels` by `pixels` with its aspect ratio
-    /// kept.
+    /// Loads the cached picture of that id.
+    /// @param pixels  side of the square that the picture fills with its aspect ratio kept
     Task<Picture> loadCached(std::string id, int pixels, Cancellation cancellation, Finish finish);
-    /// Calls with the id when a picture was written to the cache.
+    /// Calls `written` with the id of each picture that is written to the cache.
     ScopedConnection observeCache(std::function<void(const std::string& id)> written);
 
-    /// The answer that holds a picture, from whoever else has it now, or asked for by the account's
-    /// way. None without the account, which alone knows the way.
+    /// Fetches a picture through the account's proxy. Requests for the same picture at the same
+    /// time share one answer. Empty when the account no longer exists, since its proxy is unknown
+    /// then.
     Task<PictureQueue::Answer> fetch(WebPicture picture);
-    /// The picture in it, to the size of `loadCached`.
+    /// Decodes the picture in the answer; `pixels` is as in loadCached().
     Task<Picture>
     decode(PictureQueue::Answer answer, int pixels, Cancellation cancellation, Finish finish);
 

@@ -29,7 +29,7 @@ SafeAvatarView::SafeAvatarView(
       shape_(shape),
       nameless_(std::move(nameless)) {
     g_object_set(gobj(), "accessible-role", GTK_ACCESSIBLE_ROLE_PRESENTATION, nullptr);
-    // Another monitor may have another number of pixels to the point.
+    // Another monitor may have another number of pixels per point.
     property_scale_factor().signal_changed().connect(
         sigc::mem_fun(*this, &SafeAvatarView::loadLocalImage));
 }

@@ -12,33 +12,33 @@
 
 namespace tessaro {
 
-/// The square or round picture of a Page: the copy in the picture cache, else the one from the web,
-/// else the first letter of its name on a tint of the accent.
+/// The square or round picture of a Page. It shows the picture from the cache, or else the one from
+/// the web, or else the first letter of the Page's name on the accent's tint.
 ///
-/// It is decoration to assistive technology. A list's row hands it one avatar after the other: each
-/// ends the loading of the one before. UI thread only.
+/// Assistive technology ignores it as decoration. A list reuses the view for other Pages: a new
+/// avatar cancels the loading of the previous one. UI thread only.
 class SafeAvatarView : public Gtk::Widget {
 public:
     /// @param images, theme  outlive this
     /// @param size           width and height in points
-    /// @param nameless       what stands for the letter of an empty name
+    /// @param nameless       shown in place of the letter when the name is empty
     SafeAvatarView(
         ImageLoader& images, ThemeManager& theme, double size, AvatarShape shape,
         std::string nameless = "?");
     ~SafeAvatarView() override;
 
-    /// @param id           the key of the cached picture; empty for a picture that has none
-    /// @param name         gives the letter
-    /// @param fallbackUrl  where the picture is in the web
+    /// @param id           the key of the cached picture; empty when the cache cannot have it
+    /// @param name         the Page's name, whose first letter is shown without a picture
+    /// @param fallbackUrl  the picture's web address
     void setAvatar(std::string id, std::string name, std::optional<WebPicture> fallbackUrl);
 
-    /// Reads the cached picture again. Happens by itself when the view appears, when its id or its
-    /// number of pixels changes and when a picture of that id was written.
+    /// Reads the cached picture again. The view does so by itself when it appears, when its id or
+    /// its number of pixels changes, and when a picture of its id was written to the cache.
     void loadLocalImage();
 
-    /// The cached picture that is shown; empty when there is none.
+    /// The cached picture; empty when there is none.
     const ImageLoader::Picture& localImage() const { return localImage_; }
-    /// What is drawn without a picture.
+    /// The letter that is drawn when there is no picture.
     std::string initial() const;
 
 protected:
@@ -63,7 +63,7 @@ private:
     std::string name_;
     std::optional<WebPicture> fallbackUrl_;
     ImageLoader::Picture localImage_;
-    PictureQueue::Answer remoteAnswer_; ///< To be decoded again for another number of pixels.
+    PictureQueue::Answer remoteAnswer_; ///< Kept to decode it again when the scale factor changes.
     ImageLoader::Picture remoteImage_;
     Cancellation loading_;
     ScopedConnection avatarDownloaded_;

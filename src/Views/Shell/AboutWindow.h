@@ -6,7 +6,7 @@
 
 namespace tessaro {
 
-/// Says what the program is, in which version, on which engine, and where its data lie.
+/// Shows the program's name, version, engine, licence and data folder.
 class AboutWindow : public InfoWindow {
 public:
     AboutWindow(Gtk::Window& parent, EngineLoader& engine);

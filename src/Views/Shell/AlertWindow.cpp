@@ -11,7 +11,8 @@ namespace tessaro {
 
 namespace {
 
-constexpr int tallestText = 288; ///< In points: the whole alert fits in front of every sheet.
+/// In points. With it the whole alert is smaller than every sheet.
+constexpr int tallestText = 288;
 constexpr int shortestLine = 28; ///< In characters.
 constexpr int longestLine = 56;
 
@@ -20,8 +21,8 @@ void setUpLabel(Gtk::Label& label, const std::string& text) {
     label.set_xalign(0);
     label.set_wrap();
     label.set_wrap_mode(Pango::WrapMode::WORD_CHAR);
-    // Also for the sake of time: a label without a least width is laid out at one letter to the
-    // line to find its own, which takes seconds for a word of thousands of letters.
+    // A label without a least width is laid out with one letter per line to find that width, which
+    // takes seconds for a word of thousands of letters.
     label.set_width_chars(shortestLine);
     label.set_max_width_chars(longestLine);
 }
@@ -63,7 +64,7 @@ void AlertWindow::layOutText(const ModalAlert& alert) {
     scroller_.set_propagate_natural_width();
     scroller_.set_propagate_natural_height();
     scroller_.set_max_content_height(tallestText);
-    // What can be scrolled is reached by Tab, and only that.
+    // Tab stops at the text only when it can be scrolled.
     const auto heights = scroller_.get_vadjustment();
     heights->signal_changed().connect([this, heights = heights.get()] {
         scroller_.set_focusable(heights->get_upper() > heights->get_page_size());

@@ -9,7 +9,7 @@
 
 namespace tessaro {
 
-/// One alert on screen. A long text scrolls between the title and the buttons, which stay.
+/// One alert on screen. A long text scrolls; the title and the buttons stay in view.
 class AlertWindow : public Dialog {
 public:
     /// @param answered  called at most once; it may dismiss the window, but must not drop it
@@ -19,7 +19,7 @@ private:
     void layOutText(const ModalAlert& alert);
     void answer(std::optional<std::size_t> button);
 
-    Modals::Answered answered_; ///< Empty once it was called.
+    Modals::Answered answered_; ///< Empty after it was called.
     Gtk::Label title_;
     Gtk::ScrolledWindow scroller_;
     Gtk::Label message_;

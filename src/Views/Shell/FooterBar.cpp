@@ -15,9 +15,9 @@ namespace {
 
 constexpr unsigned hoverMilliseconds = 150;
 
-/// One way to reach the maker.
+/// A link to the maker.
 struct FooterLink {
-    const char* id; ///< Also the style class that holds the link's colour.
+    const char* id; ///< Also the style class that gives the link its colour.
     const char* icon;
     const char* label;
     std::string url;
@@ -33,7 +33,7 @@ std::vector<FooterLink> socialLinks(const Endpoints& endpoints) {
     };
 }
 
-/// A contact link of the footer bar: a symbol, and its label while the pointer is over it.
+/// The button of a link: a symbol, followed by the label while the pointer is over the button.
 Gtk::Button& linkButton(const FooterLink& link) {
     auto& label = *Gtk::make_managed<Gtk::Label>(link.label);
     label.set_css_classes({"points-10", "medium"});

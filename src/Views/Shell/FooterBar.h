@@ -13,16 +13,16 @@
 
 namespace tessaro {
 
-/// The thin bar along the bottom of the main window: version, help from the support staff, and the
-/// ways to reach the maker.
+/// The thin bar along the bottom of the main window. It shows the version, a button that sends the
+/// log to the support staff, and links to the maker. UI thread only.
 class FooterBar : public Gtk::Box {
 public:
     FooterBar(const ScreenContext& context, AppLogger& logger, SupportClient& support);
 
 private:
-    /// Sends today's log, and then tells under which identifier the support staff finds it.
+    /// Sends today's log and then shows the identifier under which the support staff finds it.
     Task<void> sendSupportLogs();
-    /// Its "OK" also opens the Telegram link where the message speaks of success.
+    /// "OK" also opens the Telegram link when the message reports success.
     void showLogAlert(std::string message);
 
     const ScreenContext& context_;

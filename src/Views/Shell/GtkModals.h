@@ -7,12 +7,11 @@
 
 namespace tessaro {
 
-/// Alerts as dialogs in front of the main window and whatever already stands in front of it.
+/// Shows each alert as a dialog in front of the main window and of every dialog that is open.
 class GtkModals final : public Modals {
 public:
-    /// @param window  the main window, which outlives this. With this the alert that is shown
-    /// leaves
-    ///                the screen; what was not answered stays unanswered.
+    /// Destroying this closes the alert on screen. Alerts without an answer stay unanswered.
+    /// @param window  the main window; outlives this
     explicit GtkModals(Gtk::Window& window);
 
     void show(ModalAlert alert, Answered answered) override;

@@ -8,15 +8,16 @@
 
 namespace tessaro {
 
-/// A small window that only tells something. Escape closes it.
+/// A small window that shows information and asks nothing. Escape closes it.
 class InfoWindow : public Gtk::Window {
 public:
     /// @param parent  the window in front of which it stands
     InfoWindow(Gtk::Window& parent, const Glib::ustring& title);
 
-    /// Emitted in a turn of the main loop of its own once the person has closed the window: whoever
-    /// owns it drops it then. It is not hidden, because GTK 4.8 ends the program when the
-    /// accessibility bus asks for a hidden window.
+    /// Tells the owner to drop the window. Emitted on the main loop's next turn after the person
+    /// closed the window, because a window must not be destroyed within its own handler.
+    /// Hiding it would leave a window without an accessible object among the open ones, and GTK 4.8
+    /// ends the program when the accessibility bus asks for that object.
     sigc::signal<void()> closed;
 
 private:

@@ -14,7 +14,8 @@ namespace tessaro {
 
 namespace {
 
-/// A browser is made ready when the Pages have been drawn, and not for who only passes by.
+/// How long the list of Pages is shown before a browser is prepared. The Pages are drawn first, and
+/// a person who only moves on to the next account causes no work.
 constexpr Clock::Delay browserDelay(200);
 
 } // namespace
@@ -67,7 +68,7 @@ void MainSplitView::layOut(AppLogger& logger, SupportClient& support) {
 
 void MainSplitView::on_map() {
     Gtk::Box::on_map();
-    // The eye begins at the accounts, and so does the keyboard.
+    // The keyboard begins at the accounts.
     accounts_.child_focus(Gtk::DirectionType::TAB_FORWARD);
     firstFrame_ = connectSignal<void(GdkFrameClock*)>(
         get_frame_clock()->gobj(), "after-paint", [this](GdkFrameClock*) {
@@ -79,7 +80,7 @@ void MainSplitView::on_map() {
 void MainSplitView::followAccount() {
     const auto& account = *accountsVM_.selectedAccount;
     const auto id = account ? std::optional(account->id) : std::nullopt;
-    // An edited copy is still the same account, whose Pages are there already.
+    // The Pages of an edited account are already loaded.
     const bool isAnother = id != shownAccount_;
     shownAccount_ = id;
     if (isAnother && id)
@@ -93,7 +94,7 @@ void MainSplitView::selectPage(const std::string& pageId) {
     const auto isWanted = [&](const PageConfig& page) { return page.pageId.text == pageId; };
     if (*pagesVM_.selectedPage && isWanted(**pagesVM_.selectedPage))
         return;
-    // The same Page may be under several accounts; the one that is shown comes first.
+    // Several accounts may have the same Page. The selected account comes first.
     auto candidates = *pagesVM_.pages;
     std::ranges::copy(context_.store.loadPages(), std::back_inserter(candidates));
     const auto page = std::ranges::find_if(candidates, isWanted);
@@ -147,7 +148,7 @@ void MainSplitView::showDetail() {
         inbox_->setPage(*page, *accountsVM_.selectedAccount);
         return;
     }
-    if (!page && placeholder_.get_parent()) // It need not be drawn again for each account.
+    if (!page && placeholder_.get_parent()) // It is already shown.
         return;
     detail_.remove(*detail_.get_first_child());
     inbox_.reset();

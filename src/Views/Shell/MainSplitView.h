@@ -60,8 +60,8 @@ private:
     Gtk::Box detail_;
     InboxPlaceholder placeholder_;
     DownloadBar downloads_;
-    WebViewReserve browsers_; ///< Ready while an account's Pages are shown and none is selected.
-    std::unique_ptr<InboxContainerView> inbox_; ///< While a Page is selected.
+    WebViewReserve browsers_; ///< Filled while Pages are shown and none is selected.
+    std::unique_ptr<InboxContainerView> inbox_; ///< Exists while a Page is selected.
     std::optional<AccountId> shownAccount_;
     bool isSelecting_ = false; ///< An account, and then one of its Pages.
     ScopedConnection accountChanged_;

@@ -13,9 +13,9 @@ namespace {
 
 constexpr int firstWidth = 1200;
 constexpr int firstHeight = 760;
-constexpr int keyedPages = 9; ///< As many as there are digits to choose a Page by.
+constexpr int keyedPages = 9; ///< One for each digit from 1 to 9.
 
-/// Brings the window to the front, which lives from here until it is closed.
+/// Brings the window to the front. Makes it if there is none; closing it destroys it.
 template <typename Window, typename... Arguments>
 void bringUp(std::optional<Window>& window, Gtk::Window& parent, Arguments&&... arguments) {
     if (!window)
@@ -52,7 +52,7 @@ MainWindow::MainWindow(
 }
 
 void MainWindow::showUnread(const std::string& count) {
-    if (!gobj()) // The browser, which takes its count with it, may go after the window.
+    if (!gobj()) // A browser may post its last count after the window was destroyed.
         return;
     set_title(count.empty() ? "Tessaro" : "(" + count + ") Tessaro");
 }
@@ -89,7 +89,7 @@ void MainWindow::addPageKeys() {
 }
 
 void MainWindow::addDigitKeys() {
-    // Before the page, which takes every key.
+    // Before the web page, which takes every key.
     const auto keys = Gtk::EventControllerKey::create();
     keys->set_propagation_phase(Gtk::PropagationPhase::CAPTURE);
     keys->signal_key_pressed().connect(
@@ -106,8 +106,8 @@ bool MainWindow::pressDigitByPlace(guint keyval, guint keycode, Gdk::ModifierTyp
     const auto digit = digitByPlace(get_display()->gobj(), keycode);
     if (held != GDK_CONTROL_MASK || digit.empty())
         return false;
-    // What the key says by itself goes first, such as the minus sign of a French keyboard's 6.
-    // Not every name can be read back: a key for a combining mark has none but its number.
+    // A command of the key's own character goes first: on a French keyboard the 6 is a minus sign.
+    // The check for the name is needed because a combining mark has a name that cannot be parsed.
     const auto own = takeString(gtk_accelerator_name(keyval, GDK_CONTROL_MASK));
     if (gtk_accelerator_parse(own.c_str(), nullptr, nullptr) &&
         !get_application()->get_actions_for_accel(own).empty())
@@ -124,7 +124,7 @@ bool MainWindow::pressDigitByPlace(guint keyval, guint keycode, Gdk::ModifierTyp
 void MainWindow::addConversationMenu() {
     const auto menu = Gio::Menu::create();
     for (const auto& command : conversationCommands()) {
-        // A line is drawn between sections.
+        // The toolkit draws a line between sections.
         const auto section = Gio::Menu::create();
         section->append(command.title, "win." + command.action);
         menu->append_section(section);

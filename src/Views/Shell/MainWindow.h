@@ -17,11 +17,11 @@
 
 namespace tessaro {
 
-/// The one window: its title, which tells how much is unread, its header bar with the menus, and
-/// the keys. It remembers nothing.
+/// The main window: the title, which shows the unread count, the header bar with the menus, and the
+/// keys. UI thread only.
 class MainWindow : public Gtk::ApplicationWindow {
 public:
-    /// @param notifications  carries the commands; outlives this, as does `engine`
+    /// @param notifications  receives the commands; outlives this, as does `engine`
     MainWindow(
         const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications,
         EngineLoader& engine);

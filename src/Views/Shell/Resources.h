@@ -2,8 +2,8 @@
 
 namespace tessaro {
 
-/// Makes the style sheet and the symbols that are compiled into the program known to the toolkit.
-/// Once per process, after the toolkit was initialised.
+/// Gives the toolkit the style sheet and the symbols that are compiled into the program. To be
+/// called once per process, after the toolkit was initialised.
 void registerResources();
 
 } // namespace tessaro

@@ -13,7 +13,7 @@ ShortcutsWindow::ShortcutsWindow(Gtk::Window& parent) : InfoWindow(parent, "Phí
     list.add_css_class("info-window");
     list.set_row_spacing(12);
     list.set_column_spacing(48);
-    // The keys are in GTK's notation, in which "A...Z" is all from the one to the other.
+    // The keys are in GTK's notation, in which "1...9" means the keys from 1 to 9.
     auto addRow = [&list, row = 0](const std::string& title, const std::string& keys) mutable {
         auto& label = textLine(title, {});
         label.set_hexpand();

@@ -4,7 +4,7 @@
 
 namespace tessaro {
 
-/// Lists every key that gives a command.
+/// Lists the commands and their keys.
 class ShortcutsWindow : public InfoWindow {
 public:
     explicit ShortcutsWindow(Gtk::Window& parent);

@@ -11,15 +11,15 @@
 
 namespace tessaro {
 
-/// Asks the support server for a newer version of the program and offers it in an alert. Nothing of
-/// it is stored. UI thread only.
+/// Asks the support server for a newer version of the program and offers it in an alert. Stores
+/// nothing. UI thread only.
 class UpdateCheck {
 public:
     static constexpr const char* currentVersion = build::version;
 
     UpdateCheck(SupportClient& support, AppLogger& logger, Modals& modals, Desktop& desktop);
 
-    /// Starts the check and returns at once. A failure is logged and not shown.
+    /// Starts the check and returns at once. A failure is logged, and the person sees nothing.
     void checkForUpdates();
 
 private:

@@ -5,18 +5,18 @@
 
 namespace tessaro {
 
-/// A command of the main window that a key gives and the inbox browsers carry out.
+/// A command of the main window that the person gives by a key and the inbox browser carries out.
 struct WindowCommand {
     std::string action;                    ///< Name of the window's action, without "win.".
-    std::string title;                     ///< As the menu and the list of shortcuts name it.
+    std::string title;                     ///< Shown in the menu and in the list of shortcuts.
     std::vector<std::string> accelerators; ///< In GTK's notation; the first one is shown.
-    const char* notification;              ///< What is posted, once per press.
+    const char* notification;              ///< The announcement that each press posts.
 };
 
 /// The commands of the menu "Trò Chuyện", in its order.
 const std::vector<WindowCommand>& conversationCommands();
 
-/// The keys for the inbox that no menu names.
+/// The commands that are in no menu.
 const std::vector<WindowCommand>& browserCommands();
 
 } // namespace tessaro

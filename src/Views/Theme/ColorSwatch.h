@@ -10,15 +10,15 @@ namespace tessaro {
 
 class ThemeManager;
 
-/// A round button in the colour of one preset, which makes that preset the active one. Pressed,
-/// with a check mark and a ring, while it is. UI thread only.
+/// A round button in the colour of one preset. A click makes that preset the active one. While it
+/// is active the button is pressed and has a check mark and a ring. UI thread only.
 class ColorSwatch : public Gtk::ToggleButton {
 public:
     /// @param theme  outlives this
-    /// @param width  width and height in points, those of the ring
+    /// @param width  width and height in points; the ring fills them
     ColorSwatch(ThemeManager& theme, int width);
 
-    /// Stands for that preset from now on; the grid hands a recycled swatch one after the other.
+    /// Shows another preset. The grid reuses its swatches.
     void setPreset(ColorPreset preset);
     const ColorPreset& preset() const { return preset_; }
 

@@ -17,7 +17,7 @@ struct Bytes {
     int red, green, blue;
 };
 
-/// The text without blanks around it and without one hash sign.
+/// Removes the blanks around the text and one leading hash sign.
 std::string digitsOf(std::string_view hex) {
     std::string text = trimWhitespaceAndNewlines(hex);
     if (text.starts_with('#'))
@@ -25,10 +25,10 @@ std::string digitsOf(std::string_view hex) {
     return text;
 }
 
-/// Reads the leading digits, after an optional "0x", and stops at the first other character. The
-/// number saturates at 64 bits. Only its low 24 bits are a colour.
+/// Reads the leading digits, with or without "0x" before them. The number saturates at 64 bits; its
+/// low 24 bits are the colour.
 Bytes scan(const std::string& digits) {
-    // strtoull would also accept blanks and a sign.
+    // g_ascii_strtoull() would also accept blanks and a sign.
     const bool isNumber = g_ascii_isxdigit(digits.c_str()[0]);
     const guint64 value = isNumber ? g_ascii_strtoull(digits.c_str(), nullptr, 16) : 0;
     const auto byte = [value](int shift) { return static_cast<int>(value >> shift & 0xFF); };

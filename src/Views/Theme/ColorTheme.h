@@ -8,16 +8,16 @@ namespace tessaro {
 
 struct ColorPreset;
 
-/// Reads "#RRGGBB" as a scanner of hexadecimal numbers would, and never fails: a text without
-/// digits is opaque black. Hex texts become colours here and nowhere else.
+/// Reads "#RRGGBB". Ignores surrounding blanks and what follows the hexadecimal digits, and uses
+/// the lowest six of these. Never fails: a text without digits gives opaque black.
 Gdk::RGBA rgbaFromHex(std::string_view hex);
 
-/// Whether a six-digit hex text is light enough to need dark text on it: weighted luminance above
-/// 165 of 255. False for any other length.
+/// Whether text on that colour must be dark: its weighted luminance is above 165 of 255. False for
+/// a text that has not six digits.
 bool isLightHex(std::string_view hex);
 
-/// The preset's dark colour in a dark appearance, its light one otherwise. Resolved by the call, so
-/// call it anew for each drawing.
+/// The preset's dark colour in a dark appearance, its light one otherwise. Call it for each
+/// drawing, because the appearance may change in between.
 Gdk::RGBA
 dynamicPresetColor(const ColorPreset& preset, bool dark, float lightAlpha = 1, float darkAlpha = 1);
 

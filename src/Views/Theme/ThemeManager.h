@@ -18,8 +18,8 @@
 
 namespace tessaro {
 
-/// Holds the person's two choices of appearance, light/dark/automatic and the accent preset, keeps
-/// them across runs and applies them to every window. UI thread only.
+/// Holds the person's two choices: light, dark or automatic, and the accent preset. Stores them in
+/// the settings and applies them to every window. UI thread only.
 class ThemeManager {
 public:
     static constexpr const char* appearanceModeKey = "theme_appearance_mode";
@@ -33,29 +33,29 @@ public:
 
     /// "system", "light" or "dark"; any other text behaves like "system".
     const std::string& appearanceMode() const { return appearanceMode_; }
-    /// Stores the mode, applies it to the application and every open window, renews the trigger;
-    /// also for the mode that is already set.
+    /// Stores the mode, applies it to the application and every open window, and renews the
+    /// trigger. Does all of that also when the mode stays the same.
     void setAppearanceMode(std::string mode);
 
     const std::string& activePresetId() const { return activePresetId_; }
-    /// Stores the id and renews the trigger. No check is made that such a preset exists.
+    /// Stores the id and renews the trigger. Accepts an id that no preset has.
     void setActivePresetId(std::string id);
 
     /// Replaced after every assignment of one of the two choices.
     const Uuid& themeUpdateTrigger() const { return themeUpdateTrigger_; }
 
     const std::vector<ColorPreset>& presets() const { return colorPresets(); }
-    /// The preset of the active id, or the first one when none has it.
+    /// The preset with the active id, or the first preset when none has that id.
     const ColorPreset& activePreset() const;
-    /// Light or dark when forced; nothing when the desktop decides.
+    /// Light or dark when the mode forces it; nothing when the desktop decides.
     std::optional<ColorScheme> colorScheme() const;
 
     void updateSystemAppearance();
-    /// Light to dark and back; from automatic to the opposite of what is on screen. A tenth of a
-    /// second later the inbox browsers are told.
+    /// Changes light to dark and dark to light, and automatic to the opposite of what is on screen.
+    /// Posts webViewThemeChanged a tenth of a second later.
     void toggleTheme();
 
-    /// Whether the inbox should wear the dark style: by the mode, else by what is on screen.
+    /// Whether the inbox gets the dark style. The mode decides, or else what is on screen.
     bool isDarkMode() const;
     /// Whether what is on screen is dark.
     bool isEffectivelyDark() const { return appearance_.isEffectivelyDark(); }
@@ -68,8 +68,8 @@ public:
     /// The text colour that reads on the accent.
     Gdk::RGBA themePrimaryContrastText() const;
 
-    /// Calls `observer` when a choice changed, and when the desktop turned light or dark: whatever
-    /// is drawn from this manager is to be drawn again.
+    /// Calls `observer` when a choice changed and when the desktop turned light or dark. A widget
+    /// that draws with this manager's colours draws again then.
     [[nodiscard]] ScopedConnection observe(std::function<void()> observer);
 
 private:

@@ -38,7 +38,7 @@ ThemeSettingsView::ThemeSettingsView(ThemeManager& theme, std::vector<GridColumn
       theme_(theme),
       columns_(std::move(columns)) {
     add_css_class("theme-settings");
-    // The margin belongs to the size.
+    // The panel's size includes its margin.
     set_margin(panelMargin);
     set_size_request(panelWidth - 2 * panelMargin, panelHeight - 2 * panelMargin);
 

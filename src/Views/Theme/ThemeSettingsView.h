@@ -17,20 +17,20 @@ namespace tessaro {
 
 class ThemeManager;
 
-/// A column of a grid, in points. The columns of one grid are alike.
+/// A column of the swatch grid, in points. All columns are alike.
 struct GridColumn {
     int width;
-    int spacing; ///< To the next column, and between rows.
+    int spacing; ///< Between columns and between rows.
 };
 
-/// The panel in which the mode and the accent preset are chosen; the content of a popover. Every
-/// choice takes effect at once. It keeps nothing: what is selected is read from the theme manager
-/// at each change. When it appears the selected colour is in view and has the focus. UI thread
-/// only.
+/// The panel in which the person chooses the mode and the accent preset; the content of a popover.
+/// A choice takes effect at once. The panel has no state of its own and reads the selection from
+/// the theme manager at each change. When it appears it scrolls to the selected colour and gives it
+/// the focus. UI thread only.
 class ThemeSettingsView : public Gtk::Box {
 public:
     /// @param theme    outlives this
-    /// @param columns  those of the swatch grid
+    /// @param columns  the columns of the swatch grid
     ThemeSettingsView(ThemeManager& theme, std::vector<GridColumn> columns);
 
 protected:
@@ -42,8 +42,8 @@ private:
     Gtk::Widget&
     appearanceButton(const std::string& mode, const Glib::ustring& title, const std::string& icon);
     Gtk::Widget& presetButton();
-    /// The grid is the panel's last stop: the arrows walk among the swatches, and Tab goes on to
-    /// the mode buttons in place of the next swatch.
+    /// Makes Tab leave the grid for the mode buttons. By itself it would go to the next swatch,
+    /// which the arrow keys reach already.
     Glib::RefPtr<Gtk::EventController> leavingByTab();
     void refresh();
 

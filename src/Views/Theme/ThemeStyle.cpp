@@ -8,7 +8,7 @@ namespace tessaro {
 
 ThemeStyle::ThemeStyle(ThemeManager& theme) : theme_(theme) {
     redefine();
-    // Above the program's own sheet, so that these definitions win over its stand-ins.
+    // The priority is above the program's own sheet, whose stand-ins these definitions replace.
     gtk_style_context_add_provider_for_display(
         gdk_display_get_default(), GTK_STYLE_PROVIDER(provider_->gobj()),
         GTK_STYLE_PROVIDER_PRIORITY_APPLICATION + 1);
@@ -28,7 +28,7 @@ void ThemeStyle::redefine() {
         ";\n@define-color accent_color @tsr_primary;"
         "\n@define-color accent_bg_color @tsr_primary;"
         "\n@define-color accent_fg_color @tsr_primary_contrast;\n";
-    // A change of mode is heard twice when it also turns what is on screen.
+    // The manager signals a change of mode twice when it also changes what is on screen.
     if (definitions == definitions_)
         return;
     definitions_ = std::move(definitions);

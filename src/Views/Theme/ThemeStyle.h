@@ -10,13 +10,14 @@ namespace tessaro {
 
 class ThemeManager;
 
-/// The colours of the active preset as named colours of the style sheets: `tsr_primary`,
-/// `tsr_primary_light`, `tsr_primary_contrast`, and libadwaita's accent in their image. A change of
-/// preset or appearance replaces the definitions, and everything drawn with them is drawn again in
-/// the next frame. One per display, as long as windows are open. UI thread only.
+/// Defines the active preset's colours as named colours of the style sheets: `tsr_primary`,
+/// `tsr_primary_light`, `tsr_primary_contrast` and libadwaita's accent colours. A change of preset
+/// or appearance replaces the definitions, and the toolkit draws everything again in the next
+/// frame. There is one per display, and it outlives the windows. UI thread only.
 class ThemeStyle {
 public:
-    /// After the toolkit was initialised. @param theme  outlives this
+    /// To be made after the toolkit was initialised.
+    /// @param theme  outlives this
     explicit ThemeStyle(ThemeManager& theme);
     ~ThemeStyle();
     ThemeStyle(const ThemeStyle&) = delete;

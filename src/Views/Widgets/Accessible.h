@@ -3,22 +3,23 @@
 #include <glibmm/ustring.h>
 #include <gtkmm/widget.h>
 
-/// What a widget tells assistive technology beyond what the toolkit says by itself.
+/// What assistive technology is told of a widget beyond what the toolkit tells by itself.
 namespace tessaro::accessible {
 
-/// The widget's name, read out in place of anything that it shows.
+/// Names the widget. The name is read out in place of the text that the widget shows.
 void setName(Gtk::Widget& widget, const Glib::ustring& name);
-/// What is to be known of the widget beside its name.
+/// Describes the widget beyond its name.
 void setDescription(Gtk::Widget& widget, const Glib::ustring& description);
-/// Lets every button from `widget` down that shows a text be called by that text. By itself GTK 4.8
-/// names it twice over, once for its text and once for the label that holds the text.
-/// Takes the toolkit's own widget: wrapping one that is not ours would make an owner that leaks.
+/// Makes every button in `widget` that shows a text be called by that text once. GTK 4.8 names it
+/// twice, by its text and by the label that holds the text.
+/// The argument is the toolkit's own widget, because a wrapper around a widget that the toolkit
+/// made would leak.
 void nameButtonsByLabel(GtkWidget* widget);
-/// A button that stands for one of several things: whether it is the chosen one.
+/// Tells whether a button that stands for one of several things is the chosen one.
 void setPressed(Gtk::Widget& widget, bool pressed);
-/// Work goes on behind the widget.
+/// Tells whether the widget is at work.
 void setBusy(Gtk::Widget& widget, bool busy);
-/// A symbol or a picture that only repeats what the text beside it says.
+/// Hides a symbol or a picture that only repeats the text beside it.
 void hide(Gtk::Widget& widget);
 
 } // namespace tessaro::accessible

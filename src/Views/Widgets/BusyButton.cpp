@@ -14,7 +14,7 @@ BusyButton::BusyButton(const Glib::ustring& label, const std::string& symbol, in
       symbol_(symbol, symbolSize),
       label_(label) {
     if (!hasSymbol_)
-        add_css_class("text-button"); // As the toolkit calls a button that shows only a text.
+        add_css_class("text-button"); // The toolkit's class for buttons that show only a text.
     row_.append(spinner_);
     row_.append(symbol_);
     row_.append(label_);

@@ -9,12 +9,12 @@
 
 namespace tessaro {
 
-/// A button whose work takes time. While it goes on a spinner stands in place of the symbol, and
-/// the button cannot be pressed. The focus, which it loses by that, comes back to it unless the
-/// person has moved it meanwhile.
+/// A button whose work takes time. While it is busy it shows a spinner in place of the symbol and
+/// cannot be pressed, so it loses the focus. Afterwards it takes the focus back, unless the person
+/// has moved it.
 class BusyButton : public Gtk::Button {
 public:
-    /// @param symbol      before the label; none when it is empty
+    /// @param symbol      shown before the label; empty for none
     /// @param symbolSize  in points
     explicit BusyButton(
         const Glib::ustring& label, const std::string& symbol = {}, int symbolSize = 0);

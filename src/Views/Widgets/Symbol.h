@@ -6,11 +6,11 @@
 
 namespace tessaro {
 
-/// One of the program's own symbols, drawn in the colour of the text around it. It is decoration to
-/// assistive technology: whoever shows it gives the control around it a name.
+/// One of the program's own symbols, drawn in the colour of the text around it. Assistive
+/// technology ignores it, so the control around it needs a name.
 class Symbol : public Gtk::Image {
 public:
-    /// @param name  the symbol's name without suffix, "house.fill"
+    /// @param name  the symbol's name, such as "house.fill"
     /// @param size  width and height in points
     Symbol(const std::string& name, int size);
 

@@ -6,8 +6,8 @@
 
 namespace tessaro {
 
-/// A text that begins at the leading edge.
-/// @param style  classes of the style sheet
+/// Makes a label whose text begins at the leading edge.
+/// @param style  style classes
 /// @return a managed label
 inline Gtk::Label& textLine(const Glib::ustring& text, const std::vector<Glib::ustring>& style) {
     auto& label = *Gtk::make_managed<Gtk::Label>(text, Gtk::Align::START);
