@@ -36,36 +36,33 @@ public:
         gdk_texture_download(
             texture.get(), surface_->get_data(), static_cast<gsize>(surface_->get_stride()));
         surface_->mark_dirty();
-        if (const char* shot = std::getenv("SHOT")) {
-            static int n = 0;
-            surface_->write_to_png(std::string(shot) + std::to_string(n++) + ".png");
-        }
-
-        /// The pixel at that point of the widget; transparent outside of it.
-        Gdk::RGBA at(double x, double y) const {
-            if (x < 0 || y < 0 || x >= surface_->get_width() || y >= surface_->get_height())
-                return {0, 0, 0, 0};
-            const auto* row = surface_->get_data() + static_cast<int>(y) * surface_->get_stride();
-            const auto pixel = reinterpret_cast<const std::uint32_t*>(row)[static_cast<int>(x)];
-            const float alpha = float(pixel >> 24) / 255;
-            const auto component = [&](int shift) {
-                return alpha > 0 ? float((pixel >> shift) & 0xFF) / 255 / alpha : 0;
-            };
-            return {component(16), component(8), component(0), alpha};
-        }
-
-    private:
-        Cairo::RefPtr<Cairo::ImageSurface> surface_;
-    };
-
-    /// Whether two colours are the same to the eye: no component, weighted by opacity,
-    /// differs by more than two steps of a byte.
-    inline bool nearlyEqual(const Gdk::RGBA& one, const Gdk::RGBA& other) {
-        const auto near = [](double a, double b) { return std::abs(a - b) <= 2.5 / 255; };
-        const float a = one.get_alpha(), b = other.get_alpha();
-        return near(a, b) && near(one.get_red() * a, other.get_red() * b) &&
-               near(one.get_green() * a, other.get_green() * b) &&
-               near(one.get_blue() * a, other.get_blue() * b);
     }
+
+    /// The pixel at that point of the widget; transparent outside of it.
+    Gdk::RGBA at(double x, double y) const {
+        if (x < 0 || y < 0 || x >= surface_->get_width() || y >= surface_->get_height())
+            return {0, 0, 0, 0};
+        const auto* row = surface_->get_data() + static_cast<int>(y) * surface_->get_stride();
+        const auto pixel = reinterpret_cast<const std::uint32_t*>(row)[static_cast<int>(x)];
+        const float alpha = float(pixel >> 24) / 255;
+        const auto component = [&](int shift) {
+            return alpha > 0 ? float((pixel >> shift) & 0xFF) / 255 / alpha : 0;
+        };
+        return {component(16), component(8), component(0), alpha};
+    }
+
+private:
+    Cairo::RefPtr<Cairo::ImageSurface> surface_;
+};
+
+/// Whether two colours are the same to the eye: no component, weighted by opacity,
+/// differs by more than two steps of a byte.
+inline bool nearlyEqual(const Gdk::RGBA& one, const Gdk::RGBA& other) {
+    const auto near = [](double a, double b) { return std::abs(a - b) <= 2.5 / 255; };
+    const float a = one.get_alpha(), b = other.get_alpha();
+    return near(a, b) && near(one.get_red() * a, other.get_red() * b) &&
+           near(one.get_green() * a, other.get_green() * b) &&
+           near(one.get_blue() * a, other.get_blue() * b);
+}
 
 } // namespace tessaro::test
