@@ -1,6 +1,5 @@
 #include "Models/CustomerProfile.h"
 
-#include "Platform/Hasher.h"
 #include "Platform/JsonReader.h"
 
 namespace tessaro {
@@ -58,14 +57,5 @@ Result<CustomerProfile> decodeCustomerProfile(const nlohmann::json& value) {
 
 std::size_t std::hash<tessaro::CustomerProfile>::operator()(
     const tessaro::CustomerProfile& profile) const noexcept {
-    return tessaro::Hasher()
-        .add(profile.id)
-        .add(profile.name)
-        .add(profile.phone)
-        .add(profile.email)
-        .add(profile.birthday)
-        .add(profile.address)
-        .add(profile.notes)
-        .add(profile.tags)
-        .value();
+    return std::hash<nlohmann::json>{}(profile);
 }

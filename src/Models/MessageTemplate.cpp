@@ -1,6 +1,5 @@
 #include "Models/MessageTemplate.h"
 
-#include "Platform/Hasher.h"
 #include "Platform/JsonReader.h"
 
 namespace tessaro {
@@ -19,5 +18,5 @@ Result<MessageTemplate> decodeMessageTemplate(const nlohmann::json& value) {
 
 std::size_t std::hash<tessaro::MessageTemplate>::operator()(
     const tessaro::MessageTemplate& message) const noexcept {
-    return tessaro::Hasher().add(message.title).add(message.content).value();
+    return std::hash<nlohmann::json>{}(message);
 }

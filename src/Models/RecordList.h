@@ -9,31 +9,24 @@
 /// The form of every record file: one JSON array of records.
 namespace tessaro {
 
-/// Collects records into the text of one array, pretty-printed, the members of every object in
-/// ascending byte order of their keys. Bytes that are not UTF-8 become U+FFFD.
-class RecordListWriter {
-public:
-    template <typename Record>
-    void add(const Record& record) {
-        to_json(list_[0], record);
-        append();
-    }
-    std::string finish() &&;
+namespace detail {
+/// Adds the one record of the list to a text that began with a bracket.
+void appendRecord(std::string& text, const nlohmann::json& list);
+} // namespace detail
 
-private:
-    void append();
-
-    /// Holds the one record that is being written, so that it is indented as in a list.
-    nlohmann::json list_ = nlohmann::json::array({nullptr});
-    std::string text_ = "[";
-};
-
+/// The text of one array, pretty-printed, the members of every object in ascending byte order of
+/// their keys. Bytes that are not UTF-8 become U+FFFD.
 template <typename Record>
 std::string encodeList(const std::vector<Record>& records) {
-    RecordListWriter writer;
-    for (const auto& record : records)
-        writer.add(record);
-    return std::move(writer).finish();
+    std::string text = "[";
+    // A tree of the whole list would cost more than everything else in a save. The one record is
+    // within a list so that it is indented as in one.
+    auto list = nlohmann::json::array({nullptr});
+    for (const auto& record : records) {
+        to_json(list[0], record);
+        detail::appendRecord(text, list);
+    }
+    return text + (records.empty() ? "]" : "\n]");
 }
 
 /// One record that does not decode fails the whole list.

@@ -1,6 +1,7 @@
 #include "Platform/DesktopNotifier.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace tessaro {
 
@@ -21,25 +22,51 @@ constexpr Service portal{
     "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
     "org.freedesktop.portal.Notification"};
 
-/// The answer, or null when there is none. Takes the arguments over when they are floating.
-Task<GVariantPtr>
-call(GObjectPtr<GDBusConnection> bus, Service service, std::string method, GVariant* arguments) {
-    co_return co_await AsyncCall(
+constexpr Service portalProperties{portal.name, portal.path, "org.freedesktop.DBus.Properties"};
+
+using Bus = GObjectPtr<GDBusConnection>;
+
+tl::unexpected<Error> failed(const GErrorSlot& error) {
+    g_dbus_error_strip_remote_error(error.get());
+    return failure("Notifications", error->code, error.message());
+}
+
+Task<Result<Bus>> sessionBus() {
+    GErrorSlot error;
+    const auto bus = co_await AsyncCall(
+        [](GAsyncReadyCallback ready, gpointer data) {
+            g_bus_get(G_BUS_TYPE_SESSION, nullptr, ready, data);
+        },
+        [&](GObject*, GAsyncResult* result) {
+            return Bus::adopt(g_bus_get_finish(result, error.out()));
+        });
+    if (!bus)
+        co_return failed(error);
+    co_return bus;
+}
+
+/// The service's answer. Takes the arguments over when they are floating.
+Task<Result<GVariantPtr>> call(Bus bus, Service service, std::string method, GVariant* arguments) {
+    GErrorSlot error;
+    GVariantPtr answer = co_await AsyncCall(
         [&](GAsyncReadyCallback ready, gpointer data) {
             g_dbus_connection_call(
                 bus.get(), service.name, service.path, service.interface, method.c_str(), arguments,
                 nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, ready, data);
         },
         [&](GObject*, GAsyncResult* result) {
-            return GVariantPtr(g_dbus_connection_call_finish(bus.get(), result, nullptr));
+            return GVariantPtr(g_dbus_connection_call_finish(bus.get(), result, error.out()));
         });
+    if (!answer)
+        co_return failed(error);
+    co_return std::move(answer);
 }
 
 /// Whether the service reads markup in the text, so that plain text must be escaped.
-bool readsMarkup(GVariant* capabilities) {
-    if (!capabilities || !g_variant_is_of_type(capabilities, G_VARIANT_TYPE("(as)")))
+bool readsMarkup(const Result<GVariantPtr>& capabilities) {
+    if (!capabilities || !g_variant_is_of_type(capabilities->get(), G_VARIANT_TYPE("(as)")))
         return false;
-    const GVariantPtr list(g_variant_get_child_value(capabilities, 0));
+    const GVariantPtr list(g_variant_get_child_value(capabilities->get(), 0));
     for (gsize i = 0; i < g_variant_n_children(list.get()); ++i) {
         const GVariantPtr capability(g_variant_get_child_value(list.get(), i));
         if (g_variant_get_string(capability.get(), nullptr) == std::string_view("body-markup"))
@@ -64,11 +91,25 @@ GVariant* portalArguments(const DesktopNotification& notification) {
 
 } // namespace
 
-DesktopNotifier::DesktopNotifier(std::filesystem::path marker)
-    : isConfined_([&] {
-          std::error_code ignored;
-          return std::filesystem::exists(marker, ignored);
-      }()) {}
+Task<Result<void>> askForNotifications(bool isConfined) {
+    const auto bus = co_await sessionBus();
+    if (!bus)
+        co_return tl::unexpected<Error>(bus.error());
+    const auto service = isConfined ? portalProperties : notificationService;
+    const auto methods = isConfined
+                             ? std::vector<const char*>{"Get"}
+                             : std::vector<const char*>{"GetServerInformation", "GetCapabilities"};
+    for (const char* method : methods) {
+        GVariant* const arguments =
+            isConfined ? g_variant_new("(ss)", portal.interface, "version") : nullptr;
+        const auto answer = co_await call(*bus, service, method, arguments);
+        if (!answer)
+            co_return tl::unexpected<Error>(answer.error());
+    }
+    co_return Result<void>();
+}
+
+DesktopNotifier::DesktopNotifier(bool isConfined) : isConfined_(isConfined) {}
 
 void DesktopNotifier::show(DesktopNotification notification, Clicked clicked) {
     auto& shown = shown_[notification.id];
@@ -83,33 +124,27 @@ void DesktopNotifier::show(DesktopNotification notification, Clicked clicked) {
 
 Task<void> DesktopNotifier::send(DesktopNotification notification, std::shared_ptr<Shown> shown) {
     const auto alive = lifetime_.watch();
-    const auto bus = co_await AsyncCall(
-        [](GAsyncReadyCallback ready, gpointer data) {
-            g_bus_get(G_BUS_TYPE_SESSION, nullptr, ready, data);
-        },
-        [](GObject*, GAsyncResult* result) {
-            return GObjectPtr<GDBusConnection>::adopt(g_bus_get_finish(result, nullptr));
-        });
+    const auto bus = co_await sessionBus();
     if (!alive || !bus || shown->isWithdrawn)
         co_return;
-    listen(bus);
+    listen(*bus);
     if (isConfined_) {
-        co_await call(bus, portal, "AddNotification", portalArguments(notification));
+        co_await call(*bus, portal, "AddNotification", portalArguments(notification));
         co_return;
     }
-    const auto capabilities = co_await call(bus, notificationService, "GetCapabilities", nullptr);
+    const auto capabilities = co_await call(*bus, notificationService, "GetCapabilities", nullptr);
     if (!alive || shown->isWithdrawn)
         co_return;
     std::string body = notification.body;
-    if (readsMarkup(capabilities.get()))
+    if (readsMarkup(capabilities))
         body = takeString(g_markup_escape_text(body.c_str(), -1));
     const auto answer = co_await call(
-        bus, notificationService, "Notify",
+        *bus, notificationService, "Notify",
         notifyArguments(shown->serverId, notification.title, body));
     shown->isUnderWay = false;
-    if (!alive || !answer || !g_variant_is_of_type(answer.get(), G_VARIANT_TYPE("(u)")))
+    if (!alive || !answer || !g_variant_is_of_type(answer->get(), G_VARIANT_TYPE("(u)")))
         co_return;
-    g_variant_get(answer.get(), "(u)", &shown->serverId);
+    g_variant_get(answer->get(), "(u)", &shown->serverId);
     if (shown->isWithdrawn)
         close(shown->serverId);
 }

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "Platform/DesktopNotifications.h"
 #include "Platform/Lifetime.h"
+#include "Platform/Machine.h"
+#include "Platform/Result.h"
 #include "Platform/ScopedConnection.h"
+#include "Platform/Task.h"
 
 #include <cstdint>
 #include <functional>
@@ -12,22 +14,28 @@
 
 namespace tessaro {
 
-/// What a notification says, in plain text.
+/// Asks whether this desktop shows notifications: its notification service who it is and what it
+/// can do (Desktop Notifications Specification 1.2), or the desktop portal from within a confined
+/// package. An answer is a yes. Fails with the domain "Notifications", GIO's code and text, also
+/// when there is no session bus. UI thread.
+Task<Result<void>> askForNotifications(bool isConfined);
+
+/// What a desktop notification says, in plain text.
 struct DesktopNotification {
     std::string id; ///< One that is shown again under the same id takes the other's place.
     std::string title;
     std::string body;
 };
 
-/// Shows notifications by the session's notification service, or by the desktop portal from within
-/// a confined package. Where neither answers, nothing is shown and nothing reported. Main thread.
+/// Shows desktop notifications by the session's notification service, or by the desktop portal from
+/// within a confined package. Where neither answers, nothing is shown and nothing reported. UI
+/// thread.
 class DesktopNotifier {
 public:
     /// `activationToken` is what lets a window come to the front (xdg-activation); it can be empty.
     using Clicked = std::function<void(const std::string& activationToken)>;
 
-    /// @param marker  tells by its existence that the package is confined
-    explicit DesktopNotifier(std::filesystem::path marker = confinementMarker);
+    explicit DesktopNotifier(bool isConfined = machine::isConfined());
     DesktopNotifier(const DesktopNotifier&) = delete;
     DesktopNotifier& operator=(const DesktopNotifier&) = delete;
 

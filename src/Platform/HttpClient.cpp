@@ -1,7 +1,7 @@
 #include "Platform/HttpClient.h"
 
-#include "Platform/HttpCall.h"
-#include "Platform/HttpSession.h"
+#include "Platform/Cancellation.h"
+#include "Platform/Clock.h"
 
 #include <libsoup/soup.h>
 
@@ -64,9 +64,95 @@ bool leavesTls(GUri* from, GUri* to) {
            std::string_view(g_uri_get_scheme(to)) == "http";
 }
 
+/// Null for a proxy that no address can name. The library would answer such a one with a warning
+/// and direct connections.
+GObjectPtr<GProxyResolver> resolverFor(const HttpOptions::Proxy& proxy) {
+    if (proxy.port < 1 || proxy.port > 65535)
+        return nullptr;
+    // The form of a name with other letters than ASCII that is looked up (RFC 3490).
+    const auto host = g_hostname_is_non_ascii(proxy.host.c_str())
+                          ? takeString(g_hostname_to_ascii(proxy.host.c_str()))
+                          : proxy.host;
+    const auto address = takeString(g_uri_join(
+        G_URI_FLAGS_NONE, "http", nullptr, host.c_str(), static_cast<gint>(proxy.port), "", nullptr,
+        nullptr));
+    const GUriPtr parsed(g_uri_parse(address.c_str(), G_URI_FLAGS_NONE, nullptr));
+    if (host.empty() || !parsed || g_uri_get_host(parsed.get()) != host)
+        return nullptr;
+    return GObjectPtr<GProxyResolver>::adopt(g_simple_proxy_resolver_new(address.c_str(), nullptr));
+}
+
+/// A session of the library that carries requests as the options say. It fails when the proxy or
+/// the authorities cannot be used, because a request must then not go out another way.
+Result<GObjectPtr<SoupSession>> openSession(const HttpOptions& options) {
+    auto session = GObjectPtr<SoupSession>::adopt(soup_session_new_with_options(
+        "timeout", static_cast<guint>(options.silenceLimit.count()), "max-conns",
+        options.connectionLimit, "max-conns-per-host", options.connectionLimit, nullptr));
+    soup_session_remove_feature_by_type(session.get(), SOUP_TYPE_CONTENT_DECODER);
+    soup_session_remove_feature_by_type(session.get(), SOUP_TYPE_AUTH_MANAGER);
+    if (options.proxy) {
+        const auto resolver = resolverFor(*options.proxy);
+        if (!resolver)
+            return failure("HTTP", HttpClient::transport, "Địa chỉ proxy không hợp lệ.");
+        soup_session_set_proxy_resolver(session.get(), resolver.get());
+    } else if (!options.useSystemProxy) {
+        soup_session_set_proxy_resolver(session.get(), nullptr);
+    }
+    if (options.authorityFile) {
+        GErrorSlot error;
+        const auto authorities = GObjectPtr<GTlsDatabase>::adopt(
+            g_tls_file_database_new(options.authorityFile->c_str(), error.out()));
+        if (!authorities)
+            return failure("HTTP", HttpClient::transport, error.message());
+        soup_session_set_tls_database(session.get(), authorities.get());
+    }
+    return session;
+}
+
+/// What ends one request early, and why: the time that it may take in all, or what the server
+/// sends.
+class Call {
+public:
+    explicit Call(std::optional<std::chrono::milliseconds> total) {
+        if (total)
+            timer_ =
+                SystemClock::shared().timer(*total, [this] { end(HttpClient::timedOut, tooSlow); });
+    }
+
+    GCancellable* cancellable() const { return cancellation_.get(); }
+
+    /// Cancels what is under way. The first reason stays.
+    tl::unexpected<Error> end(HttpClient::ErrorCode code, std::string message) {
+        if (!reason_)
+            reason_ = Error{"HTTP", code, std::move(message)};
+        const tl::unexpected<Error> failure(*reason_);
+        // A call that ends at once may take this object with it.
+        Cancellation(cancellation_).cancel();
+        return failure;
+    }
+
+    /// The reason why a call of the library failed: the one given to end(), else the library's.
+    tl::unexpected<Error> failureOf(const GErrorSlot& error) const {
+        if (reason_)
+            return tl::unexpected<Error>(*reason_);
+        if (error.matches(G_IO_ERROR, G_IO_ERROR_TIMED_OUT))
+            return failure("HTTP", HttpClient::timedOut, tooSlow);
+        if (error.matches(SOUP_SESSION_ERROR, SOUP_SESSION_ERROR_PARSING))
+            return failure("HTTP", HttpClient::notHttp, error.message());
+        return failure("HTTP", HttpClient::transport, error.message());
+    }
+
+private:
+    static constexpr const char* tooSlow = "Yêu cầu đã hết thời gian chờ.";
+
+    const Cancellation cancellation_;
+    std::optional<Error> reason_;
+    ScopedConnection timer_;
+};
+
 /// Reads the answer's body to its end. The call outlives the reading.
 Task<Result<std::string>> readBody(
-    GObjectPtr<SoupMessage> message, GObjectPtr<GInputStream> stream, HttpCall* call,
+    GObjectPtr<SoupMessage> message, GObjectPtr<GInputStream> stream, Call* call,
     std::size_t limit) {
     constexpr auto tooLong = "Phản hồi quá lớn.";
     if (soup_message_headers_get_content_length(soup_message_get_response_headers(message.get())) >
@@ -99,36 +185,27 @@ Task<Result<std::string>> readBody(
 
 struct HttpClient::Session {
     const HttpOptions options;
-    GObjectPtr<SoupSession> soup;
-
     /// The library's session, made when the first request needs it.
-    Result<SoupSession*> open() {
-        if (!soup) {
-            auto opened = openHttpSession(options);
-            if (!opened)
-                return tl::unexpected<Error>(opened.error());
-            soup = std::move(*opened);
-        }
-        return soup.get();
-    }
+    std::optional<Result<GObjectPtr<SoupSession>>> opened{};
 };
 
 HttpClient::HttpClient(HttpOptions options)
-    : session_(std::make_shared<Session>(Session{std::move(options), {}})) {}
+    : session_(std::make_shared<Session>(Session{std::move(options)})) {}
 
-Task<Result<HttpResponse>> HttpClient::send(HttpRequest request, Cancellation cancellation) {
-    return run(session_, std::move(request), std::move(cancellation));
+Task<Result<HttpResponse>> HttpClient::send(HttpRequest request) {
+    return run(session_, std::move(request));
 }
 
-Task<Result<HttpResponse>>
-HttpClient::run(std::shared_ptr<Session> session, HttpRequest request, Cancellation cancellation) {
+Task<Result<HttpResponse>> HttpClient::run(std::shared_ptr<Session> session, HttpRequest request) {
     GUriPtr uri = parseUrl(request.url);
     if (!uri)
         co_return failure("HTTP", invalidUrl, "Địa chỉ không hợp lệ.");
-    const auto soup = session->open();
-    if (!soup)
-        co_return tl::unexpected<Error>(soup.error());
-    HttpCall call(std::move(cancellation), session->options.totalLimit);
+    if (!session->opened)
+        session->opened = openSession(session->options);
+    if (!*session->opened)
+        co_return tl::unexpected<Error>(session->opened->error());
+    SoupSession* const soup = (*session->opened)->get();
+    Call call(session->options.totalLimit);
 
     for (int redirects = 0; redirects <= redirectLimit; ++redirects) {
         const auto message = makeMessage(request, uri.get());
@@ -142,11 +219,11 @@ HttpClient::run(std::shared_ptr<Session> session, HttpRequest request, Cancellat
         const auto stream = co_await AsyncCall(
             [&](GAsyncReadyCallback ready, gpointer data) {
                 soup_session_send_async(
-                    *soup, message.get(), G_PRIORITY_DEFAULT, call.cancellable(), ready, data);
+                    soup, message.get(), G_PRIORITY_DEFAULT, call.cancellable(), ready, data);
             },
             [&](GObject*, GAsyncResult* result) {
                 return GObjectPtr<GInputStream>::adopt(
-                    soup_session_send_finish(*soup, result, error.out()));
+                    soup_session_send_finish(soup, result, error.out()));
             });
         if (!stream)
             co_return call.failureOf(error);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Platform/Cancellation.h"
 #include "Platform/Result.h"
 #include "Platform/Task.h"
 
@@ -59,7 +58,7 @@ struct HttpResponse {
 /// Any answer with a status is a response, also a proxy's 407. Everything else is an error of the
 /// domain "HTTP": no connection, an answer that is not HTTP, a refused certificate, silence, too
 /// long in all, a body that is longer than allowed or than its length says, a redirect from HTTPS
-/// to HTTP, more than ten redirects, the caller's cancellation. A message never holds the address.
+/// to HTTP, more than ten redirects. A message never holds the address.
 ///
 /// A body that comes in chunks and is cut short looks whole here; whoever reads it will tell.
 ///
@@ -69,25 +68,15 @@ class HttpClient {
 public:
     explicit HttpClient(HttpOptions options);
 
-    enum ErrorCode {
-        invalidUrl = 1,
-        transport,
-        timedOut,
-        bodyTooLong,
-        cutShort,
-        badRedirect,
-        cancelled,
-        notHttp
-    };
+    enum ErrorCode { invalidUrl = 1, transport, timedOut, bodyTooLong, badRedirect, notHttp };
 
     /// Sends one request. The client may be dropped while it is under way; its connections close
     /// when the last request has ended.
-    Task<Result<HttpResponse>> send(HttpRequest request, Cancellation cancellation = {});
+    Task<Result<HttpResponse>> send(HttpRequest request);
 
 private:
     struct Session;
-    static Task<Result<HttpResponse>>
-    run(std::shared_ptr<Session> session, HttpRequest request, Cancellation cancellation);
+    static Task<Result<HttpResponse>> run(std::shared_ptr<Session> session, HttpRequest request);
 
     std::shared_ptr<Session> session_;
 };

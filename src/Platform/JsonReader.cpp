@@ -1,7 +1,7 @@
 #include "Platform/JsonReader.h"
 
+#include <functional>
 #include <limits>
-#include <vector>
 
 namespace tessaro {
 
@@ -27,76 +27,34 @@ const nlohmann::json nothing;
 /// Well beyond anything that the program reads. Each level costs dozens of times its one byte.
 constexpr std::size_t deepestNesting = 512;
 
-using ElementHandler = std::function<std::optional<Error>(const nlohmann::json&)>;
-
-/// Builds the tree that the parser's events tell of. With a handler the document must be an array,
-/// whose elements are handed over and dropped as soon as each is complete.
-class TreeBuilder : public nlohmann::json_sax<nlohmann::json> {
-public:
-    explicit TreeBuilder(const ElementHandler* handler = nullptr) : handler_(handler) {}
-
-    bool parse(std::string_view text) {
-        // The library would take a zero byte for the end and not look at what is behind it.
-        return text.find('\0') == std::string_view::npos &&
-               nlohmann::json::sax_parse(text.begin(), text.end(), this);
-    }
-    nlohmann::json& root() { return root_; }
-    const std::optional<Error>& handlerError() const { return handlerError_; }
-
-    bool null() override { return add(nullptr) && complete(); }
-    bool boolean(bool value) override { return add(value) && complete(); }
-    bool number_integer(std::int64_t value) override { return add(value) && complete(); }
-    bool number_unsigned(std::uint64_t value) override { return add(value) && complete(); }
-    bool number_float(double value, const std::string&) override {
-        return add(value) && complete();
-    }
-    bool string(std::string& value) override { return add(value) && complete(); }
-    bool binary(nlohmann::json::binary_t&) override { return false; } // JSON has none.
-    bool start_object(std::size_t) override { return open(nlohmann::json::value_t::object); }
-    bool start_array(std::size_t) override { return open(nlohmann::json::value_t::array); }
-    bool end_object() override { return close(); }
-    bool end_array() override { return close(); }
-    bool key(std::string& name) override {
-        key_ = name;
-        return true;
-    }
-    bool parse_error(std::size_t, const std::string&, const nlohmann::json::exception&) override {
-        return false;
-    }
-
-private:
-    /// Where the value now lies; it stays there while it is open.
-    nlohmann::json* add(nlohmann::json value) {
-        if (open_.empty())
-            return &(root_ = std::move(value));
-        if (open_.back()->is_array())
-            return &open_.back()->emplace_back(std::move(value));
-        return &((*open_.back())[key_] = std::move(value));
-    }
-    bool open(nlohmann::json::value_t type) {
-        if (open_.size() == deepestNesting)
+/// Whether the library can read the text with care for memory. A zero byte would be the end for it,
+/// whatever is behind. Up to the first fault, where the library stops, brackets are counted as it
+/// counts them.
+bool isReadable(std::string_view text) {
+    std::size_t depth = 0;
+    bool isQuoted = false;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (c == '\0')
             return false;
-        open_.push_back(add(type));
-        return !handler_ || root_.is_array();
+        if (c == '"')
+            isQuoted = !isQuoted;
+        else if (isQuoted)
+            i += c == '\\' ? 1 : 0;
+        else if ((c == '[' || c == '{') && ++depth > deepestNesting)
+            return false;
+        else if ((c == ']' || c == '}') && depth > 0)
+            --depth;
     }
-    bool close() {
-        open_.pop_back();
-        return complete();
-    }
-    bool complete() {
-        if (handler_ && open_.size() == 1) {
-            handlerError_ = (*handler_)(root_.back());
-            root_.clear();
-        }
-        return !handlerError_;
-    }
+    return true;
+}
 
-    nlohmann::json root_;
-    std::vector<nlohmann::json*> open_; ///< The arrays and objects around the next value.
-    std::string key_;                   ///< The name of the next value, if it is in an object.
-    const ElementHandler* handler_;
-    std::optional<Error> handlerError_;
-};
+/// The whole document, without what the filter refuses; a discarded value when it is malformed.
+nlohmann::json
+parse(std::string_view text, const nlohmann::json::parser_callback_t& filter = nullptr) {
+    return isReadable(text) ? nlohmann::json::parse(text.begin(), text.end(), filter, false)
+                            : nlohmann::json(nlohmann::json::value_t::discarded);
+}
 
 /// Whether the value is an integer of 64 bits with a sign.
 bool isInteger(const nlohmann::json& value) {
@@ -108,19 +66,32 @@ bool isInteger(const nlohmann::json& value) {
 } // namespace
 
 Result<nlohmann::json> parseJson(std::string_view text) {
-    TreeBuilder tree;
-    if (!tree.parse(text))
+    auto root = parse(text);
+    if (root.is_discarded())
         return tl::unexpected<Error>(malformedDocument());
-    return std::move(tree.root());
+    return root;
 }
 
 std::optional<Error> forEachInJsonArray(
     std::string_view text,
     const std::function<std::optional<Error>(const nlohmann::json& element)>& handle) {
-    TreeBuilder elements(&handle);
-    if (elements.parse(text) && elements.root().is_array())
-        return std::nullopt;
-    return elements.handlerError() ? elements.handlerError() : malformedDocument();
+    using Event = nlohmann::json::parse_event_t;
+    bool isArray = false;
+    std::optional<Error> failed;
+    const auto root = parse(text, [&](int depth, Event event, nlohmann::json& value) {
+        if (depth == 0)
+            isArray = isArray || event == Event::array_start;
+        const bool isWhole =
+            event == Event::value || event == Event::object_end || event == Event::array_end;
+        if (!isArray || depth != 1 || !isWhole)
+            return !failed;
+        if (!failed)
+            failed = handle(value);
+        return false;
+    });
+    if (!failed && !root.is_array())
+        failed = malformedDocument();
+    return failed;
 }
 
 JsonReader::JsonReader(const nlohmann::json& value) {
@@ -130,18 +101,20 @@ JsonReader::JsonReader(const nlohmann::json& value) {
         error_ = Error{"JSON", notAnObject, "Dữ liệu không phải là một đối tượng JSON."};
 }
 
-const nlohmann::json* JsonReader::find(const char* key) {
+template <typename Check>
+const nlohmann::json* JsonReader::find(const char* key, bool isRequired, Check hasType) {
     if (!object_)
         return nullptr;
     const auto member = object_->find(key);
-    return member == object_->end() || member->is_null() ? nullptr : &*member;
-}
-
-const nlohmann::json* JsonReader::require(const char* key) {
-    const auto* member = find(key);
-    if (!member)
-        adopt(missingMember(key));
-    return member;
+    if (member == object_->end() || member->is_null()) {
+        if (isRequired)
+            adopt(missingMember(key));
+        return nullptr;
+    }
+    if (std::invoke(hasType, *member))
+        return &*member;
+    reject(key);
+    return nullptr;
 }
 
 void JsonReader::reject(const char* key) {
@@ -154,69 +127,46 @@ void JsonReader::adopt(const std::optional<Error>& nested) {
 }
 
 std::string JsonReader::text(const char* key) {
-    const auto* member = require(key);
-    if (member && !member->is_string())
-        reject(key);
-    return member && member->is_string() ? member->get_ref<const std::string&>() : "";
+    const auto* member = find(key, true, &nlohmann::json::is_string);
+    return member ? member->get<std::string>() : "";
 }
 
 std::int64_t JsonReader::integer(const char* key) {
-    return require(key) ? optionalInteger(key).value_or(0) : 0;
+    const auto* member = find(key, true, isInteger);
+    return member ? member->get<std::int64_t>() : 0;
 }
 
 bool JsonReader::boolean(const char* key) {
-    const auto* member = require(key);
-    if (member && !member->is_boolean())
-        reject(key);
-    return member && member->is_boolean() && member->get<bool>();
+    const auto* member = find(key, true, &nlohmann::json::is_boolean);
+    return member && member->get<bool>();
 }
 
 const nlohmann::json& JsonReader::array(const char* key) {
-    const auto* member = require(key) ? optionalArray(key) : nullptr;
+    const auto* member = find(key, true, &nlohmann::json::is_array);
     return member ? *member : nothing;
 }
 
 const nlohmann::json& JsonReader::object(const char* key) {
-    const auto* member = require(key) ? optionalObject(key) : nullptr;
+    const auto* member = find(key, true, &nlohmann::json::is_object);
     return member ? *member : nothing;
 }
 
 std::optional<std::string> JsonReader::optionalText(const char* key) {
-    const auto* member = find(key);
-    if (!member)
-        return std::nullopt;
-    if (!member->is_string()) {
-        reject(key);
-        return std::nullopt;
-    }
-    return member->get_ref<const std::string&>();
+    const auto* member = find(key, false, &nlohmann::json::is_string);
+    return member ? std::optional(member->get<std::string>()) : std::nullopt;
 }
 
 std::optional<std::int64_t> JsonReader::optionalInteger(const char* key) {
-    const auto* member = find(key);
-    if (!member)
-        return std::nullopt;
-    if (!isInteger(*member)) {
-        reject(key);
-        return std::nullopt;
-    }
-    return member->get<std::int64_t>();
+    const auto* member = find(key, false, isInteger);
+    return member ? std::optional(member->get<std::int64_t>()) : std::nullopt;
 }
 
 const nlohmann::json* JsonReader::optionalObject(const char* key) {
-    const auto* member = find(key);
-    if (!member || member->is_object())
-        return member;
-    reject(key);
-    return nullptr;
+    return find(key, false, &nlohmann::json::is_object);
 }
 
 const nlohmann::json* JsonReader::optionalArray(const char* key) {
-    const auto* member = find(key);
-    if (!member || member->is_array())
-        return member;
-    reject(key);
-    return nullptr;
+    return find(key, false, &nlohmann::json::is_array);
 }
 
 } // namespace tessaro

@@ -63,8 +63,9 @@ public:
     }
 
 private:
-    const nlohmann::json* find(const char* key);
-    const nlohmann::json* require(const char* key);
+    /// Null when the member is absent, or is not of the type that `hasType` asks for.
+    template <typename Check>
+    const nlohmann::json* find(const char* key, bool isRequired, Check hasType);
 
     const nlohmann::json* object_ = nullptr;
     std::optional<Error> error_;

@@ -15,6 +15,13 @@ inline constexpr const char* informationFile = "/etc/machine-info";
 /// The name that the user gave this computer, as `file` has it; empty when there is none.
 std::string prettyName(const std::filesystem::path& file = informationFile);
 
+/// Whether the program runs in a confined package (flatpak-metadata(5)), which has the file
+/// `marker`.
+inline bool isConfined(const std::filesystem::path& marker = "/.flatpak-info") {
+    std::error_code ignored;
+    return std::filesystem::exists(marker, ignored);
+}
+
 /// The network host name.
 std::string hostName();
 

@@ -1,6 +1,6 @@
 #include "Platform/SecretStore.h"
 
-#include "Platform/GHandle.h"
+#include "Platform/Cancellation.h"
 
 #include <libsecret/secret.h>
 
@@ -64,72 +64,49 @@ GType promptlessServiceType() {
 class Deadline {
 public:
     explicit Deadline(std::chrono::milliseconds limit)
-        : cancellable_(GObjectPtr<GCancellable>::adopt(g_cancellable_new())),
-          watcher_([this, limit] {
-              std::unique_lock lock(mutex_);
-              if (!ended_.wait_for(lock, limit, [this] { return done_; }))
-                  g_cancellable_cancel(cancellable_.get());
+        : watcher_([this, limit](std::stop_token ended) {
+              std::mutex mutex;
+              std::unique_lock lock(mutex);
+              std::condition_variable_any().wait_for(
+                  lock, ended, limit, [&] { return ended.stop_requested(); });
+              if (!ended.stop_requested())
+                  cancellation_.cancel();
           }) {}
-    ~Deadline() {
-        {
-            const std::lock_guard lock(mutex_);
-            done_ = true;
-        }
-        ended_.notify_one();
-        watcher_.join();
-    }
-    Deadline(const Deadline&) = delete;
-    Deadline& operator=(const Deadline&) = delete;
 
-    GCancellable* cancellable() const { return cancellable_.get(); }
-    bool hasPassed() const { return g_cancellable_is_cancelled(cancellable_.get()); }
+    GCancellable* cancellable() const { return cancellation_.get(); }
+    bool hasPassed() const { return cancellation_.isCancelled(); }
 
 private:
-    const GObjectPtr<GCancellable> cancellable_;
-    std::mutex mutex_;
-    std::condition_variable ended_;
-    bool done_ = false;
-    std::thread watcher_;
+    const Cancellation cancellation_;
+    const std::jthread watcher_; ///< Stopped and joined before anything else goes.
 };
 
 tl::unexpected<Error> failed(const GErrorSlot& error) {
     return failure(domain, error->code, error.message());
 }
 
-tl::unexpected<Error> gaveUp() {
-    return failure(domain, G_IO_ERROR_TIMED_OUT, "The secret service does not answer");
-}
-
-} // namespace
-
-SecretStore::SecretStore(std::chrono::milliseconds deadline, std::chrono::milliseconds pause)
-    : deadline_(deadline), pause_(pause) {}
-
 /// Opens the service for one call, which a restarted or replaced service therefore survives.
 template <typename Call>
-auto SecretStore::run(Call call) {
-    std::invoke_result_t<Call, SecretService*, GCancellable*> result = gaveUp();
-    if (std::chrono::steady_clock::now() < pausedUntil_.load())
-        return result;
-    const Deadline deadline(deadline_);
+auto run(std::chrono::milliseconds limit, Call call) {
+    const Deadline deadline(limit);
     GErrorSlot error;
     const auto service = GObjectPtr<SecretService>::adopt(secret_service_open_sync(
         promptlessServiceType(), nullptr, SECRET_SERVICE_NONE, deadline.cancellable(),
         error.out()));
-    if (service)
-        result = call(service.get(), deadline.cancellable());
-    else
-        result = failed(error);
-    if (!result && deadline.hasPassed()) {
-        pausedUntil_ = std::chrono::steady_clock::now() + pause_;
-        result = gaveUp();
-    }
+    using Outcome = std::invoke_result_t<Call, SecretService*, GCancellable*>;
+    Outcome result = service ? call(service.get(), deadline.cancellable()) : Outcome(failed(error));
+    if (!result && deadline.hasPassed())
+        result = failure(domain, G_IO_ERROR_TIMED_OUT, "The secret service does not answer");
     return result;
 }
 
+} // namespace
+
+SecretStore::SecretStore(std::chrono::milliseconds deadline) : deadline_(deadline) {}
+
 Result<void> SecretStore::store(
     const std::string& service, const std::string& account, const SecretText& value) {
-    return run([&](SecretService* secrets, GCancellable* cancellable) -> Result<void> {
+    return run(deadline_, [&](SecretService* secrets, GCancellable* cancellable) -> Result<void> {
         const auto& bytes = value.reveal();
         const SecretValuePtr secret(
             secret_value_new(bytes.data(), static_cast<gssize>(bytes.size()), "text/plain"));
@@ -145,7 +122,7 @@ Result<void> SecretStore::store(
 Result<std::optional<SecretText>>
 SecretStore::lookup(const std::string& service, const std::string& account) {
     using Found = std::optional<SecretText>;
-    return run([&](SecretService* secrets, GCancellable* cancellable) -> Result<Found> {
+    return run(deadline_, [&](SecretService* secrets, GCancellable* cancellable) -> Result<Found> {
         GErrorSlot error;
         const SecretValuePtr secret(secret_service_lookup_sync(
             secrets, &schema, attributesOf(service, account).get(), cancellable, error.out()));
@@ -160,7 +137,7 @@ SecretStore::lookup(const std::string& service, const std::string& account) {
 }
 
 Result<bool> SecretStore::clear(const std::string& service, const std::string& account) {
-    return run([&](SecretService* secrets, GCancellable* cancellable) -> Result<bool> {
+    return run(deadline_, [&](SecretService* secrets, GCancellable* cancellable) -> Result<bool> {
         GErrorSlot error;
         GList* const list = secret_service_search_sync(
             secrets, &schema, attributesOf(service, account).get(), SECRET_SEARCH_ALL, cancellable,

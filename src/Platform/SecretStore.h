@@ -3,7 +3,6 @@
 #include "Platform/Result.h"
 #include "Platform/SecretText.h"
 
-#include <atomic>
 #include <chrono>
 #include <optional>
 #include <string>
@@ -18,11 +17,7 @@ namespace tessaro {
 class SecretStore {
 public:
     /// @param deadline  how long one call may take before it is given up
-    /// @param pause     how long calls fail at once after one was given up, so that a row of calls
-    ///                  to a service that hangs costs one deadline, not many
-    explicit SecretStore(
-        std::chrono::milliseconds deadline = std::chrono::seconds(3),
-        std::chrono::milliseconds pause = std::chrono::seconds(30));
+    explicit SecretStore(std::chrono::milliseconds deadline = std::chrono::seconds(3));
     virtual ~SecretStore() = default;
 
     /// Adds an entry to the default keyring, or replaces the one that is there; a locked keyring is
@@ -37,12 +32,7 @@ public:
     virtual Result<bool> clear(const std::string& service, const std::string& account);
 
 private:
-    template <typename Call>
-    auto run(Call call);
-
     const std::chrono::milliseconds deadline_;
-    const std::chrono::milliseconds pause_;
-    std::atomic<std::chrono::steady_clock::time_point> pausedUntil_{};
 };
 
 } // namespace tessaro

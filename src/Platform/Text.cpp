@@ -75,15 +75,7 @@ std::string firstCharacterUpperCased(std::string_view text) {
 }
 
 std::size_t characterCount(std::string_view text) {
-    const auto* bytes = reinterpret_cast<const uint8_t*>(text.data());
-    std::size_t count = 0;
-    for (std::size_t next = 0; next < text.size();) {
-        const std::size_t begin = next;
-        UChar32 c;
-        U8_NEXT(bytes, next, text.size(), c);
-        count += c < 0 ? next - begin : 1;
-    }
-    return count;
+    return static_cast<std::size_t>(icu::UnicodeString::fromUTF8(piece(text)).countChar32());
 }
 
 std::optional<std::int64_t> wholeNumber(std::string_view text) {
@@ -97,14 +89,7 @@ std::optional<std::int64_t> wholeNumber(std::string_view text) {
 }
 
 bool isValidUtf8(std::string_view text) {
-    const auto* bytes = reinterpret_cast<const uint8_t*>(text.data());
-    for (std::size_t next = 0; next < text.size();) {
-        UChar32 c;
-        U8_NEXT(bytes, next, text.size(), c);
-        if (c < 0)
-            return false;
-    }
-    return true;
+    return toValidUtf8(text) == text;
 }
 
 std::string toValidUtf8(std::string_view text) {

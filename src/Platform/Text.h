@@ -19,7 +19,7 @@ std::string trimBlanks(std::string_view text);
 /// rules; empty for an empty text.
 std::string firstCharacterUpperCased(std::string_view text);
 
-/// The number of Unicode code points; a damaged byte counts as one.
+/// The number of Unicode code points; a damaged byte sequence counts as one.
 std::size_t characterCount(std::string_view text);
 
 /// The whole number that is all of the text: decimal digits of ASCII after one sign or none.

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <compare>
-#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -21,16 +20,16 @@ public:
     static std::optional<Uuid> parse(std::string_view text);
 
     /// The canonical form of 36 characters, with upper-case digits.
-    std::string text() const;
-    std::size_t hash() const noexcept;
+    std::string text() const { return std::string(view()); }
+    std::size_t hash() const noexcept { return std::hash<std::string_view>{}(view()); }
 
     auto operator<=>(const Uuid&) const = default;
 
 private:
-    using Bytes = std::array<std::uint8_t, 16>;
+    std::string_view view() const { return {text_.data(), text_.size() - 1}; }
 
-    explicit Uuid(const Bytes& bytes) : bytes_(bytes) {}
-    Bytes bytes_{};
+    /// The canonical form, behind which C's zero byte stands.
+    std::array<char, 37> text_ = std::to_array("00000000-0000-0000-0000-000000000000");
 };
 
 /// A UUID that names one kind of thing, so that one kind cannot be taken for another.

@@ -85,7 +85,7 @@ void AppLogger::writeNextBlock() {
 
 void AppLogger::append(const std::string& block) const {
     // A damaged message must not make the whole file unreadable.
-    const auto text = isValidUtf8(block) ? block : toValidUtf8(block);
+    const auto text = toValidUtf8(block);
     const auto file = currentLogURL();
     std::error_code ignored;
     if (std::filesystem::exists(file, ignored))

@@ -11,14 +11,6 @@ namespace tessaro {
 
 namespace {
 
-template <typename Record, typename Predicate>
-std::vector<Record> without(const std::vector<Record>& records, Predicate removed) {
-    std::vector<Record> kept;
-    kept.reserve(records.size());
-    std::remove_copy_if(records.begin(), records.end(), std::back_inserter(kept), removed);
-    return kept;
-}
-
 std::string tokenKey(const PageConfigId& page) {
     return "page_token_" + page.text();
 }
@@ -84,14 +76,17 @@ std::vector<PageConfig> DataStore::pages(const AccountId& account) {
 
 void DataStore::deleteAccount(const AccountId& id) {
     const std::lock_guard lock(queue_);
-    accounts_.save(
-        without(accounts_.load(), [&](const auto& account) { return account.id == id; }));
+    auto accounts = accounts_.load();
+    std::erase_if(accounts, [&](const auto& account) { return account.id == id; });
+    accounts_.save(std::move(accounts));
 
     const auto pages = pages_.load();
     const auto belongs = [&](const auto& page) { return page.accountId == id; };
+    auto kept = pages;
+    std::erase_if(kept, belongs);
     // A list that cannot be read now may be read later; there is nothing to take from it.
     if (!pages.empty())
-        pages_.save(without(pages, belongs));
+        pages_.save(std::move(kept));
     for (const auto& page : pages)
         if (belongs(page))
             removeSecret(tokenKey(page.id));
@@ -100,7 +95,9 @@ void DataStore::deleteAccount(const AccountId& id) {
 
 void DataStore::deletePage(const PageConfigId& id) {
     const std::lock_guard lock(queue_);
-    pages_.save(without(pages_.load(), [&](const auto& page) { return page.id == id; }));
+    auto pages = pages_.load();
+    std::erase_if(pages, [&](const auto& page) { return page.id == id; });
+    pages_.save(std::move(pages));
     removeSecret(tokenKey(id));
 }
 

@@ -17,8 +17,8 @@ Task<void> logOutcome(Task<Result<void>> request, AppLogger* logger) {
 
 } // namespace
 
-NotificationService::NotificationService(AppLogger& logger, std::filesystem::path marker)
-    : logger_(logger), marker_(std::move(marker)) {}
+NotificationService::NotificationService(AppLogger& logger, bool isConfined)
+    : logger_(logger), isConfined_(isConfined) {}
 
 NotificationService& NotificationService::shared() {
     static NotificationService service(AppLogger::shared());
@@ -26,7 +26,7 @@ NotificationService& NotificationService::shared() {
 }
 
 void NotificationService::requestPermission() {
-    logOutcome(askForNotifications(marker_), &logger_).detach();
+    logOutcome(askForNotifications(isConfined_), &logger_).detach();
 }
 
 } // namespace tessaro

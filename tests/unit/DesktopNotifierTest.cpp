@@ -2,13 +2,11 @@
 
 #include "support/MainLoop.h"
 #include "support/MockBusService.h"
-#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <atomic>
-#include <fstream>
 #include <functional>
 #include <mutex>
 
@@ -69,8 +67,7 @@ protected:
     std::mutex mutex_;
     std::vector<MockBusService::Reply> kept_;
     std::vector<std::string> clicks_;
-    test::TempFolder temp_;
-    std::optional<DesktopNotifier> notifier_{temp_ / "confined"};
+    std::optional<DesktopNotifier> notifier_{false};
 };
 
 } // namespace
@@ -139,8 +136,7 @@ TEST_F(DesktopNotifierTest, LeavesNothingBehindThatWasWithdrawnReplacedOrDismiss
 }
 
 TEST_F(DesktopNotifierTest, GoesThroughThePortalFromWithinAConfinedPackage) {
-    std::ofstream(temp_ / "confined") << "[Application]\n";
-    notifier_.emplace(temp_ / "confined");
+    notifier_.emplace(true);
     const auto portal = mock("org.freedesktop.portal.Desktop");
     const std::string interface = "org.freedesktop.portal.Notification.";
     show({"a", "Mai", "1 < 2"});
@@ -157,7 +153,7 @@ TEST_F(DesktopNotifierTest, GoesThroughThePortalFromWithinAConfinedPackage) {
 TEST_F(DesktopNotifierTest, OutlivesADesktopWithoutNotifications) {
     show({"a", "Mai", ""});
     notifier_.reset();
-    notifier_.emplace(temp_ / "confined");
+    notifier_.emplace(false);
     show({"b", "Lan", ""});
     test::runPending();
     notifier_->withdraw("b");

@@ -71,19 +71,6 @@ TEST_F(HttpClientTest, GivesUpAfterSilenceOfTheServer) {
     }
 }
 
-TEST_F(HttpClientTest, TellsItsCallersCancellationFromALimit) {
-    server.handle("*", [](ServerConnection& connection, const ReceivedRequest&) {
-        connection.waitForClose();
-    });
-    HttpClient client({});
-    const Cancellation cancellation;
-    auto task = client.send({.url = origin}, cancellation);
-    EXPECT_TRUE(runUntil([&] { return server.requests().size() == 1; }));
-    cancellation.cancel();
-    EXPECT_EQ(codeOf(await(std::move(task))), HttpClient::cancelled);
-    EXPECT_EQ(codeOf(await(client.send({.url = origin}, cancellation))), HttpClient::cancelled);
-}
-
 TEST_F(HttpClientTest, EndsItsRequestAndClosesItsConnectionsThoughItWasDropped) {
     server.answer("/", "whole");
     std::optional<HttpClient> client(std::in_place, HttpOptions{});

@@ -34,22 +34,14 @@ TEST(SecretStore, FailsWithoutASecretServiceAndWithoutABus) {
     EXPECT_EQ(failuresOf(store), std::vector<int>(3, G_IO_ERROR_NOT_FOUND));
 }
 
-TEST(SecretStore, GivesUpAServiceThatNeverAnswersAndLeavesItInPeaceForAWhile) {
+TEST(SecretStore, GivesUpACallThatTheServiceNeverAnswers) {
     const test::PrivateSessionBus bus;
     const MockBusService service(
         bus.address(), "org.freedesktop.secrets",
         [](const std::string&, GDBusMessage*) { return nullptr; });
-    SecretStore store(500ms, 1h);
-    EXPECT_EQ(failuresOf(store), std::vector<int>(3, G_IO_ERROR_TIMED_OUT));
-    ASSERT_TRUE(test::runUntil([&] { return !service.calls().empty(); }));
-    const auto calls = service.calls().size();
+    SecretStore store(300ms);
     const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < 50; ++i)
-        failuresOf(store);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 5s) << "or 75 without the pause";
-    EXPECT_EQ(service.calls().size(), calls);
-
-    SecretStore impatient(200ms, 0ms);
-    failuresOf(impatient);
-    EXPECT_TRUE(test::runUntil([&] { return service.calls().size() > calls; }));
+    EXPECT_EQ(failuresOf(store), std::vector<int>(3, G_IO_ERROR_TIMED_OUT));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 15s) << "or 75, the bus's own limit";
+    EXPECT_TRUE(test::runUntil([&] { return !service.calls().empty(); }));
 }

@@ -2,6 +2,8 @@
 
 #include "Engine/WebKit/WebKitSession.h"
 
+#include "Platform/Machine.h"
+
 #include <webkit/webkit.h>
 
 namespace tessaro {
@@ -14,7 +16,7 @@ std::string WebKitEngine::name() const {
 
 bool WebKitEngine::worksHere() const {
     // Inside a Flatpak the engine asks the portal for its sandbox.
-    if (std::filesystem::exists("/.flatpak-info"))
+    if (machine::isConfined())
         return true;
     // Every sandboxed process talks to the session bus through this filter.
     const GCharPtr busFilter(g_find_program_in_path("xdg-dbus-proxy"));
