@@ -24,7 +24,7 @@ namespace {
 constexpr auto flushLimit = std::chrono::seconds(1);
 constexpr auto keyringLimit = std::chrono::seconds(5);
 
-/// How long a program that is just ending may still have the data.
+/// How long to wait for a process that is about to end and still has the data.
 constexpr auto lockPatience = std::chrono::seconds(2);
 
 constexpr const char* refusal =
@@ -33,8 +33,8 @@ constexpr const char* refusal =
 
 } // namespace
 
-/// The toolkit's application. Only the one process that serves its desktop session starts up here;
-/// any other has handed its start over by then.
+/// The toolkit's application. on_startup() runs only in the process that serves the desktop
+/// session. Any other process has passed its start on to that one before.
 class TessaroApp::Instance final : public Gtk::Application {
 public:
     explicit Instance(TessaroApp& owner) : Gtk::Application(applicationId), owner_(owner) {}
@@ -57,7 +57,7 @@ private:
     TessaroApp& owner_;
 };
 
-/// The window, and what its screens are drawn and driven with.
+/// The window and everything that its screens use.
 struct TessaroApp::Scene {
     Scene(const Glib::RefPtr<Gtk::Application>& application, ThemeManager& theme)
         : themeStyle(theme),
@@ -109,7 +109,7 @@ struct TessaroApp::Scene {
 
 TessaroApp::TessaroApp() : application_(Glib::make_refptr_for_instance(new Instance(*this))) {
     Glib::set_application_name("Tessaro");
-    // What X11 and Wayland tell the task switcher, which finds the desktop entry by it.
+    // X11 and Wayland give this name to the task switcher, which finds the desktop entry by it.
     Glib::set_prgname(applicationId);
 }
 
@@ -122,7 +122,7 @@ int TessaroApp::run(int argc, char** argv) {
     if (scene_) {
         scene_.reset();
         AppLogger::shared().flush(flushLimit);
-        // The keyring is no part of the data, and the next start need not wait for it.
+        // The lock goes first, because the next start need not wait for the keyring.
         dataLock_.reset();
         DataStore::shared().finishDeletions(keyringLimit);
     }

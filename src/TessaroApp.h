@@ -7,9 +7,9 @@
 
 namespace tessaro {
 
-/// The application: makes every service, opens the one window and runs the main loop. One process
-/// serves a desktop session; a second start brings the first one's window to the front. One process
-/// uses a data folder; a second one, of another session, says so and touches nothing.
+/// The application: makes the services, opens the window and runs the main loop. One process serves
+/// a desktop session; a second start brings the first one's window to the front. One process uses a
+/// data folder; a second one, from another session, says so and does not touch the data.
 class TessaroApp {
 public:
     static constexpr const char* applicationId = "com.vandel.Tessaro";
@@ -17,7 +17,7 @@ public:
     TessaroApp();
     ~TessaroApp();
 
-    /// Returns the exit code once the window was closed; 1 when another session has the data.
+    /// Returns the exit code after the window was closed; 1 when another session has the data.
     int run(int argc, char** argv);
 
 private:

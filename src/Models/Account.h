@@ -25,13 +25,13 @@ struct Account {
     SecretText proxyPassword;
     bool proxyEnabled = false;
     std::string deviceId;   ///< Identifier of the computer that the account was made on.
-    std::string deviceName; ///< That computer's name for people.
+    std::string deviceName; ///< That computer's readable name.
     TimePoint createdAt;
 
     bool operator==(const Account& other) const { return id == other.id; }
 };
 
-/// What a person enters about an account; the rest of one comes from the computer.
+/// The fields of an account that the user enters. The computer provides the rest.
 struct AccountDraft {
     std::string name;
     std::string proxyHost;
@@ -40,13 +40,13 @@ struct AccountDraft {
     SecretText proxyPassword;
     bool proxyEnabled = false;
 
-    /// The account with these values in the place of its own.
+    /// The account with its own values replaced by these.
     Account appliedTo(Account account) const;
 
     bool operator==(const AccountDraft&) const = default;
 };
 
-/// Sets every member, so that one object can serve record after record.
+/// Sets every member, so that one object can be used for many records.
 void to_json(nlohmann::json& object, const Account& account);
 /// Every member is required and strictly typed; unknown members are ignored.
 Result<Account> decodeAccount(const nlohmann::json& value);

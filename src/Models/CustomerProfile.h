@@ -17,7 +17,7 @@ struct CustomerProfile {
     std::optional<std::string> name;
     std::optional<std::string> phone;
     std::optional<std::string> email;
-    std::optional<std::string> birthday; ///< As the customer writes it; no date form is asked for.
+    std::optional<std::string> birthday; ///< As the customer writes it, in any form.
     std::optional<std::string> address;
     std::optional<std::string> notes;
     std::optional<std::vector<std::string>> tags;

@@ -9,7 +9,7 @@ using PageConfigId = Identifier<struct PageConfigIdTag>;
 
 /// A Facebook Page connected under one account. Identified, compared and hashed by `id` alone.
 struct PageConfig {
-    PageConfigId id; ///< Names this connection; it is not Facebook's identifier of the Page.
+    PageConfigId id; ///< Of this connection, not Facebook's identifier of the Page.
     AccountId accountId;
     SecretText pageToken;
     PageId pageId;
@@ -21,7 +21,7 @@ struct PageConfig {
     bool operator==(const PageConfig& other) const { return id == other.id; }
 };
 
-/// Sets every member, so that one object can serve record after record.
+/// Sets every member, so that one object can be used for many records.
 void to_json(nlohmann::json& object, const PageConfig& page);
 /// Every member is required and strictly typed; unknown members are ignored.
 Result<PageConfig> decodePageConfig(const nlohmann::json& value);

@@ -5,8 +5,8 @@
 
 namespace tessaro {
 
-/// Facebook's identifier of a Page or another Graph object: a text of digits, though nothing that
-/// a server sends is certain to be one.
+/// Facebook's identifier of a Page or another Graph object. It should be digits, but a server can
+/// send any text.
 struct PageId {
     std::string text;
 

@@ -20,7 +20,7 @@ struct PagePicture {
     bool operator==(const PagePicture&) const = default;
 };
 
-/// The Graph API's description of a token's own object.
+/// The Graph API's description of the object that a token belongs to.
 struct PageInfo {
     PageId id;
     std::string name;

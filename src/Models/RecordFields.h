@@ -4,10 +4,10 @@
 #include "Platform/JsonReader.h"
 #include "Platform/Uuid.h"
 
-/// How records read the members that JSON has no type for.
+/// Reads members of types that JSON does not have.
 namespace tessaro {
 
-/// A UUID in a text, as an Identifier. After a failure the result is of no use.
+/// Reads a text that is a UUID. After a failure the result is meaningless.
 template <typename Id>
 Id readIdentifier(JsonReader& reader, const char* key) {
     if (const auto uuid = Uuid::parse(reader.text(key)))
@@ -16,7 +16,7 @@ Id readIdentifier(JsonReader& reader, const char* key) {
     return Id(Uuid());
 }
 
-/// A date-time in a text, in the form of formatDateTime().
+/// Reads a text in the form of formatDateTime().
 inline TimePoint readDateTime(JsonReader& reader, const char* key) {
     const auto time = parseDateTime(reader.text(key));
     if (!time)

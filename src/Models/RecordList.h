@@ -10,7 +10,7 @@
 namespace tessaro {
 
 namespace detail {
-/// Adds the one record of the list to a text that began with a bracket.
+/// Appends the only record of `list` to `text`, which starts with a bracket.
 void appendRecord(std::string& text, const nlohmann::json& list);
 } // namespace detail
 
@@ -19,8 +19,8 @@ void appendRecord(std::string& text, const nlohmann::json& list);
 template <typename Record>
 std::string encodeList(const std::vector<Record>& records) {
     std::string text = "[";
-    // A tree of the whole list would cost more than everything else in a save. The one record is
-    // within a list so that it is indented as in one.
+    // One record at a time, because a tree of the whole list would be the largest cost of a save.
+    // It stands in a list of its own, so that it is indented as in the whole one.
     auto list = nlohmann::json::array({nullptr});
     for (const auto& record : records) {
         to_json(list[0], record);

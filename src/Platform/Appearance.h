@@ -10,10 +10,10 @@ namespace tessaro {
 /// Light or dark, forced or left to the desktop.
 enum class ColorScheme { system, light, dark };
 
-/// The platform's side of light and dark. UI thread only.
+/// How the platform shows light and dark. UI thread only.
 class Appearance {
 public:
-    /// A window of the application; only Appearance knows what is behind it.
+    /// A window of the application, in a form that only the implementation understands.
     using Window = void*;
 
     virtual ~Appearance() = default;
@@ -26,10 +26,10 @@ public:
     virtual void setApplicationScheme(ColorScheme scheme) = 0;
     virtual void setWindowScheme(Window window, ColorScheme scheme) = 0;
     virtual std::vector<Window> openWindows() const = 0;
-    /// Whether what is on screen is dark at this moment.
+    /// Whether the screens are dark at this moment.
     virtual bool isEffectivelyDark() const = 0;
 
-    /// Calls `observer` whenever isEffectivelyDark() changed, also through the desktop.
+    /// Calls `observer` after every change of isEffectivelyDark(), including one by the desktop.
     [[nodiscard]] virtual ScopedConnection observeEffective(std::function<void()> observer) = 0;
 };
 

@@ -10,13 +10,13 @@
 namespace tessaro {
 
 namespace detail {
-/// GLib orders the hand-over from thread to thread, but the thread sanitizer sees only what is
-/// compiled with it; each side touches this one to show it.
+/// GLib synchronises the two threads, but the thread sanitizer does not see that, because GLib is
+/// not compiled with it. Both sides touch this counter so that the sanitizer sees the order.
 inline std::atomic<unsigned> handOvers = 0;
 } // namespace detail
 
-/// Runs `work` on a thread of GLib's pool and yields its result on the main loop. What the work
-/// touches must be its own: it outlives whoever awaits it.
+/// Runs `work` on a thread of GLib's pool and yields its result on the main loop. The work must own
+/// everything that it touches, because it can outlive the coroutine that awaits it.
 template <typename Work>
 Task<std::invoke_result_t<Work&>> inBackground(Work work) {
     struct Job {

@@ -8,8 +8,7 @@
 
 namespace tessaro {
 
-/// Time as the program sees it: what time it is, and work for later on the main loop. Tests put a
-/// clock of their own in its place.
+/// The time, and work to be done later on the main loop. Tests replace it by a clock of their own.
 class Clock {
 public:
     using TimePoint = tessaro::TimePoint;
@@ -24,7 +23,7 @@ public:
     /// of zero means the next turn. Any thread.
     virtual void post(Delay delay, std::function<void()> action) = 0;
 
-    /// Like post(), unless the result is dropped first. Main thread.
+    /// Like post(), but dropping the result before the time has come stops it. UI thread.
     [[nodiscard]] virtual ScopedConnection timer(Delay delay, std::function<void()> action) = 0;
 };
 

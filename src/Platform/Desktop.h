@@ -7,7 +7,7 @@
 
 namespace tessaro {
 
-/// What the program asks of the desktop around it. UI thread only.
+/// The services of the desktop that the program uses. UI thread only.
 class Desktop {
 public:
     virtual ~Desktop() = default;
@@ -19,7 +19,7 @@ public:
     /// Shows a folder in the desktop's file manager. Returns at once; a failure is not reported.
     virtual void openFolder(const std::filesystem::path& folder) = 0;
 
-    /// Shows a notification. Returns at once; a failure is not reported.
+    /// Shows a desktop notification. Returns at once; a failure is not reported.
     virtual void
     showNotification(DesktopNotification notification, DesktopNotifier::Clicked clicked) = 0;
     virtual void withdrawNotification(const std::string& id) = 0;

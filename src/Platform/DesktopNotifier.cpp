@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* applicationId = "com.vandel.Tessaro";
 
-/// Where on the session bus notifications are shown.
+/// One interface of a service on the session bus.
 struct Service {
     const char* name;
     const char* path;
@@ -113,7 +113,7 @@ DesktopNotifier::DesktopNotifier(bool isConfined) : isConfined_(isConfined) {}
 
 void DesktopNotifier::show(DesktopNotification notification, Clicked clicked) {
     auto& shown = shown_[notification.id];
-    // The identifier of one that is under way is not known yet, so that it cannot be replaced.
+    // Only the service's answer tells the identifier by which a notification can be replaced.
     const bool isReplaceable = shown && !shown->isUnderWay;
     if (shown)
         shown->isWithdrawn = true;
@@ -196,7 +196,7 @@ void DesktopNotifier::onServiceSignal(const std::string& name, GVariant* argumen
     const auto found = std::ranges::find_if(shown_, [&](const auto& entry) {
         return entry.second->serverId == g_variant_get_uint32(serverId.get());
     });
-    // The service tells everybody about everybody's notifications.
+    // The service sends its signals about every program's notifications to all programs.
     if (found == shown_.end())
         return;
     const GVariantPtr detail(g_variant_get_child_value(arguments, 1));
@@ -223,7 +223,7 @@ void DesktopNotifier::click(const std::string& id) {
     const auto shown = shown_.find(id);
     if (shown == shown_.end())
         return;
-    // A copy: whoever hears of the click may withdraw the notification.
+    // A copy, because the handler may withdraw the notification.
     const Shown clicked = *shown->second;
     clicked.clicked(clicked.activationToken);
 }

@@ -14,15 +14,15 @@
 
 namespace tessaro {
 
-/// Asks whether this desktop shows notifications: its notification service who it is and what it
-/// can do (Desktop Notifications Specification 1.2), or the desktop portal from within a confined
-/// package. An answer is a yes. Fails with the domain "Notifications", GIO's code and text, also
-/// when there is no session bus. UI thread.
+/// Succeeds when the desktop can show notifications: when its notification service answers (Desktop
+/// Notifications Specification 1.2), or the desktop portal for a confined package. Otherwise, or
+/// without a session bus, it fails with the domain "Notifications" and GIO's code and text. UI
+/// thread.
 Task<Result<void>> askForNotifications(bool isConfined);
 
 /// What a desktop notification says, in plain text.
 struct DesktopNotification {
-    std::string id; ///< One that is shown again under the same id takes the other's place.
+    std::string id; ///< A new one replaces one that is shown under the same id.
     std::string title;
     std::string body;
 };
@@ -32,14 +32,14 @@ struct DesktopNotification {
 /// thread.
 class DesktopNotifier {
 public:
-    /// `activationToken` is what lets a window come to the front (xdg-activation); it can be empty.
+    /// `activationToken` allows a window to come to the front (xdg-activation). It can be empty.
     using Clicked = std::function<void(const std::string& activationToken)>;
 
     explicit DesktopNotifier(bool isConfined = machine::isConfined());
     DesktopNotifier(const DesktopNotifier&) = delete;
     DesktopNotifier& operator=(const DesktopNotifier&) = delete;
 
-    /// @param clicked  called when the person chooses the notification
+    /// @param clicked  called when the user chooses the notification
     void show(DesktopNotification notification, Clicked clicked);
     void withdraw(const std::string& id);
 

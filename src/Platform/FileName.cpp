@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t longestName = 200;
 
-/// The percent sign is among them, so that no two texts share a name.
+/// The percent sign is encoded too, so that no two texts share a name.
 bool needsEncoding(char byte, bool first) {
     return byte == '/' || byte == '%' || g_ascii_iscntrl(byte) || (first && byte == '.');
 }
@@ -28,7 +28,7 @@ std::string fileNameFor(std::string_view text) {
     }
     if (name.size() <= longestName)
         return name;
-    // No encoded byte begins with this letter.
+    // The letter s is no hexadecimal digit, so that no encoded text begins like this.
     return "%s" +
            takeString(g_compute_checksum_for_data(
                G_CHECKSUM_SHA256, reinterpret_cast<const guchar*>(text.data()), text.size()));

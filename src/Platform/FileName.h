@@ -5,10 +5,10 @@
 
 namespace tessaro {
 
-/// A file name for a text that comes from elsewhere: always one name directly in its folder, never
-/// hidden, at most 200 bytes, and another one for every other text. Letters and digits stay as
-/// they are; a byte that would lead elsewhere becomes a percent sign and two hexadecimal digits,
-/// and a text that is too long becomes its digest.
+/// Makes a file name of any text. The name has at most 200 bytes, is not hidden and names a file
+/// directly in its folder. Different texts have different names. Slashes, percent signs, control
+/// characters and a dot at the beginning become a percent sign and two hexadecimal digits. A text
+/// that is too long becomes its digest.
 std::string fileNameFor(std::string_view text);
 
 } // namespace tessaro

@@ -21,8 +21,8 @@ namespace {
 
 constexpr mode_t ownerFile = 0600, ownerFolder = 0700;
 
-/// The beginning of a temporary file's name. It does not hold the name of the file that it will
-/// replace, which may already be as long as a name can be, and nobody calls a file of their own so.
+/// The beginning of a temporary file's name. It does not contain the name of the file that is
+/// replaced, because that name may already be as long as file systems allow.
 constexpr std::string_view temporaryPrefix = ".tessaro-";
 constexpr std::string_view temporaryMark = "XXXXXX";
 
@@ -152,7 +152,7 @@ replaceFile(const std::filesystem::path& file, std::string_view bytes, Durabilit
 
 Result<void> setAside(const std::filesystem::path& file, TimePoint time) {
     auto stamp = formatDateTime(time);
-    // Not every file system that a home folder may lie on allows colons.
+    // Some file systems do not allow colons.
     std::replace(stamp.begin(), stamp.end(), ':', '-');
     const auto wanted = file.string() + ".unreadable-" + stamp;
     auto name = wanted;

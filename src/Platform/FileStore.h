@@ -13,38 +13,38 @@
 /// Whole files of the user, readable by nobody else. Any thread.
 namespace tessaro {
 
-/// Creates the folder with its missing parents, mode 0700 whatever the umask. An existing folder
-/// is left alone. Fails with domain "File" and errno as code, like everything here.
+/// Creates the folder and its missing parents with the mode 0700, whatever the umask. An existing
+/// folder stays as it is. Every error here has the domain "File" and errno as its code.
 Result<void> ensureFolder(const std::filesystem::path& folder);
 
 /// The bytes of the whole file; nothing when it is missing or unreadable.
 std::optional<std::string> readFile(const std::filesystem::path& file);
 
-/// What a replaced file outlasts.
+/// Which failure a replaced file survives.
 enum class Durability {
     powerCut, ///< Waits until the disk has everything.
     crash,    ///< Waits for no disk; a power cut may leave an empty file.
 };
 
-/// Replaces the file as a whole, mode 0600 whatever the umask and its mode before: what it outlasts
-/// leaves the old bytes or the new ones, at whatever moment it comes. Its folder must exist.
+/// Replaces the whole file, whose mode becomes 0600. A failure that `durability` names leaves
+/// either the old bytes or the new ones, whenever it comes. The file's folder must exist.
 Result<void> replaceFile(
     const std::filesystem::path& file, std::string_view bytes,
     Durability durability = Durability::powerCut);
 
-/// Renames the file to its name, ".unreadable-" and the time in UTC, and never over another file.
-/// One that is not there counts as set aside.
+/// Renames the file to its name, ".unreadable-" and the time in UTC. It never replaces another
+/// file. Succeeds when there is no file.
 Result<void> setAside(const std::filesystem::path& file, TimePoint time);
 
-/// Keeps other processes away from the folder, which is made when needed, for as long as the result
-/// lives and this process does; a file ".lock" in it carries the lock. Null when another process
-/// has it and keeps it for as long as `patience`. Where nothing can be locked, as on a read-only
-/// file system, nothing is kept away.
+/// Locks the folder against other processes until the result is dropped or this process ends. A
+/// missing folder is made; the lock is on a file ".lock" in it. Returns null when another process
+/// holds the lock for as long as `patience`. Where locking is impossible, as on a read-only file
+/// system, it succeeds without a lock.
 std::shared_ptr<void>
 lockFolder(const std::filesystem::path& folder, std::chrono::milliseconds patience);
 
-/// Takes group and others out of the modes of the folder and of what lies directly in it, links
-/// left alone, and removes the temporary files that a crash during replaceFile() left there.
+/// Removes the rights of group and others from the folder and the files directly in it, but not
+/// from links. Deletes the temporary files that a crash during replaceFile() left there.
 void makePrivate(const std::filesystem::path& folder);
 
 } // namespace tessaro

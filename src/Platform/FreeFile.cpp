@@ -8,11 +8,11 @@ namespace tessaro {
 
 namespace {
 
-/// File systems take 255 bytes; the browser's engine needs some for the file that it writes first.
+/// File systems allow 255 bytes. The browser's engine adds some for its temporary file.
 constexpr std::size_t longestName = 220;
 constexpr std::size_t longestExtension = 16;
 
-/// Without the end that is too much, at the border of a character.
+/// The beginning of the text, at most `size` bytes, cut between two characters.
 std::string cut(const std::string& text, std::size_t size) {
     if (text.size() <= size)
         return text;
@@ -33,7 +33,7 @@ std::filesystem::path freeFile(
     const std::string stem =
         cut(name.substr(0, name.size() - extension.size()), longestName - extension.size());
     const auto isTaken = [&](const std::filesystem::path& file) {
-        // The link itself counts: to write to one that leads nowhere fails, too.
+        // A link that leads nowhere counts as well, because writing to it fails.
         std::error_code ignored;
         return std::filesystem::exists(std::filesystem::symlink_status(file, ignored)) ||
                reserved.contains(file);

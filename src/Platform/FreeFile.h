@@ -6,11 +6,11 @@
 
 namespace tessaro {
 
-/// A path in the folder at which nothing lies yet, for a file that came with a name from elsewhere:
-/// that name, or with a number behind it, "order (1).pdf". Slashes become underscores. A name that
-/// file systems find too long loses the end of what stands before its extension.
+/// A path in the folder at which no file exists yet. The file name is `name`, or `name` with a
+/// number, "order (1).pdf". Slashes become underscores. A name that is too long for file systems is
+/// cut before its extension.
 ///
-/// @param reserved  paths that are not free either
+/// @param reserved  paths that count as taken
 std::filesystem::path freeFile(
     const std::filesystem::path& folder, std::string name,
     const std::set<std::filesystem::path>& reserved = {});

@@ -6,8 +6,7 @@
 #include <string>
 #include <utility>
 
-/// Owners for what the C libraries hand out. This is the only header that calls their release
-/// functions.
+/// Owners for the handles of the C libraries. No other header calls their release functions.
 namespace tessaro {
 
 /// Calls one C release function; the type that makes std::unique_ptr own a C handle.

@@ -16,8 +16,8 @@ namespace tessaro {
 namespace {
 
 constexpr int redirectLimit = 10;
-/// Answers of the kind "100 Continue" that may come before the real one. They arrive in one turn
-/// of the main loop for as long as the server keeps sending.
+/// How many answers like "100 Continue" may precede the real one. Without a limit, a server that
+/// keeps sending them would keep one turn of the main loop, and so the window, busy.
 constexpr int informationalLimit = 20;
 constexpr auto uriFlags = static_cast<GUriFlags>(SOUP_HTTP_URI_FLAGS);
 
@@ -26,8 +26,8 @@ bool isHttp(GUri* uri) {
     return (scheme == "http" || scheme == "https") && g_uri_get_host(uri) && *g_uri_get_host(uri);
 }
 
-/// Nothing for what is no http or https address (RFC 3986); the library's parser would let blanks,
-/// line breaks and other characters through to the request line.
+/// Null unless the text is an http or https address (RFC 3986). The library's parser would let
+/// blanks and line breaks through to the request line.
 GUriPtr parseUrl(const std::string& url) {
     if (!std::all_of(url.begin(), url.end(), [](char c) { return g_ascii_isgraph(c); }))
         return nullptr;
@@ -50,7 +50,7 @@ GObjectPtr<SoupMessage> makeMessage(const HttpRequest& request, GUri* uri) {
     return message;
 }
 
-/// Where the answer sends the client, as the server put it; null for an ordinary answer.
+/// The address of a redirect, as the server wrote it; null for any other answer.
 const char* redirectLocation(SoupMessage* message) {
     const unsigned status = soup_message_get_status(message);
     const bool redirects = (status >= 301 && status <= 303) || status == 307 || status == 308;
@@ -64,12 +64,11 @@ bool leavesTls(GUri* from, GUri* to) {
            std::string_view(g_uri_get_scheme(to)) == "http";
 }
 
-/// Null for a proxy that no address can name. The library would answer such a one with a warning
-/// and direct connections.
+/// Null when host and port make no address. The library would warn and connect directly then.
 GObjectPtr<GProxyResolver> resolverFor(const HttpOptions::Proxy& proxy) {
     if (proxy.port < 1 || proxy.port > 65535)
         return nullptr;
-    // The form of a name with other letters than ASCII that is looked up (RFC 3490).
+    // Name servers know an international name by its ASCII form (RFC 3490).
     const auto host = g_hostname_is_non_ascii(proxy.host.c_str())
                           ? takeString(g_hostname_to_ascii(proxy.host.c_str()))
                           : proxy.host;

@@ -27,11 +27,12 @@ struct HttpOptions {
     std::optional<std::chrono::milliseconds> totalLimit = std::chrono::seconds(60);
     /// The longest body that is accepted, in bytes.
     std::size_t bodyLimit = 16 * 1024 * 1024;
-    /// The most connections open at a time; an idle one makes way for one to another host.
+    /// The most connections open at a time. An idle one is closed when another host needs its
+    /// place.
     unsigned connectionLimit = 8;
-    /// Plain and TLS requests alike go through this HTTP proxy, without credentials.
+    /// The HTTP proxy for plain and TLS requests. No credentials are sent.
     std::optional<Proxy> proxy;
-    /// Without `proxy`: go by the desktop's own proxy settings instead of directly.
+    /// Use the desktop's proxy settings when `proxy` is empty.
     bool useSystemProxy = false;
     /// Certificate authorities in PEM form that are trusted in place of the system's.
     std::optional<std::filesystem::path> authorityFile;
@@ -55,15 +56,15 @@ struct HttpResponse {
 /// An HTTP/1.1 and HTTP/2 client over libsoup. Copies share its connections, which stay open for a
 /// while. UI thread.
 ///
-/// Any answer with a status is a response, also a proxy's 407. Everything else is an error of the
+/// Any answer with a status is a response, even a proxy's 407. Everything else is an error of the
 /// domain "HTTP": no connection, an answer that is not HTTP, a refused certificate, silence, too
 /// long in all, a body that is longer than allowed or than its length says, a redirect from HTTPS
 /// to HTTP, more than ten redirects. A message never holds the address.
 ///
-/// A body that comes in chunks and is cut short looks whole here; whoever reads it will tell.
+/// A chunked body that is cut short is not noticed here. The code that parses the body must notice.
 ///
-/// No compressed answer is asked for and none is inflated. A redirect is followed to the address
-/// that the server names and to nothing else: no part of the first address's query travels on.
+/// No compressed answer is asked for and none is inflated. A redirect leads to exactly the address
+/// that the server names: nothing of the first address's query is added to it.
 class HttpClient {
 public:
     explicit HttpClient(HttpOptions options);

@@ -7,7 +7,7 @@ namespace tessaro {
 
 namespace {
 
-// The library's own error texts quote what they stumbled over, which may be a secret.
+// The library's own error texts quote the document, which may hold secrets.
 enum Code { malformed = 1, notAnObject, missing, wrongType };
 
 Error malformedDocument() {
@@ -24,12 +24,11 @@ Error wrongMember(const char* key) {
 
 const nlohmann::json nothing;
 
-/// Well beyond anything that the program reads. Each level costs dozens of times its one byte.
+/// Far more than any document has that the program reads.
 constexpr std::size_t deepestNesting = 512;
 
-/// Whether the library can read the text with care for memory. A zero byte would be the end for it,
-/// whatever is behind. Up to the first fault, where the library stops, brackets are counted as it
-/// counts them.
+/// Whether the text is not nested too deeply and holds no zero byte. The library would not look
+/// behind a zero byte. The count is right up to the first fault, where the library stops anyway.
 bool isReadable(std::string_view text) {
     std::size_t depth = 0;
     bool isQuoted = false;
@@ -49,7 +48,7 @@ bool isReadable(std::string_view text) {
     return true;
 }
 
-/// The whole document, without what the filter refuses; a discarded value when it is malformed.
+/// The document without the values that the filter refuses; a discarded value when malformed.
 nlohmann::json
 parse(std::string_view text, const nlohmann::json::parser_callback_t& filter = nullptr) {
     return isReadable(text) ? nlohmann::json::parse(text.begin(), text.end(), filter, false)

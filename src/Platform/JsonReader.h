@@ -10,19 +10,19 @@
 #include <string>
 #include <string_view>
 
-/// Strict reading of JSON (RFC 8259). Failures have the domain "JSON" and name the member, never
-/// its value: values may be secrets.
+/// Strict reading of JSON (RFC 8259). Failures have the domain "JSON" and name the member. They
+/// never show its value, which may be a secret.
 namespace tessaro {
 
-/// Parses one document. One that is nested more than 512 levels deep is refused: it would take many
-/// times its own size in memory.
+/// Parses one document. It refuses more than 512 levels of nesting, because each level takes dozens
+/// of times its one byte in memory.
 Result<nlohmann::json> parseJson(std::string_view text);
 
-/// Parses a document that must be an array and hands out its elements one by one, none of which
-/// outlives its call: a long array never lies in memory as a tree.
+/// Parses a document that must be an array. Each element is dropped after the call that hands it
+/// out, so that a long array never lies in memory as a tree.
 /// @param handle  called for each element until it fails once
-/// @return the failure of `handle` or else of the document, of which elements may have been handed
-///         out by then; nothing when all went well
+/// @return the failure of `handle`, else that of the document; nothing when all went well. Elements
+///         before a fault in the document have been handed out.
 std::optional<Error> forEachInJsonArray(
     std::string_view text,
     const std::function<std::optional<Error>(const nlohmann::json& element)>& handle);
@@ -48,7 +48,7 @@ public:
     const nlohmann::json* optionalObject(const char* key);
     const nlohmann::json* optionalArray(const char* key);
 
-    /// Marks the member as malformed, for types that are built from a text.
+    /// Marks the member as malformed. For a text that is no valid UUID, date or the like.
     void reject(const char* key);
     /// Takes over the failure of a nested reader, if it has one.
     void adopt(const std::optional<Error>& nested);

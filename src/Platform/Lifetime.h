@@ -4,8 +4,8 @@
 
 namespace tessaro {
 
-/// Tells a suspended coroutine whether its owner is still there. A member of the owner, declared
-/// last; every coroutine takes a watch before its first await and asks it after each one.
+/// Tells a suspended coroutine whether its owner still exists. The owner declares it as its last
+/// member. Every coroutine takes a watch before its first await and asks it after each one.
 class Lifetime {
 public:
     class Watch {

@@ -9,8 +9,8 @@
 
 namespace tessaro {
 
-/// A field of a model that tells its observers about every assignment, also one of an equal value.
-/// UI thread only.
+/// A field of a model that calls its observers after every assignment, even of an equal value. UI
+/// thread only.
 template <typename T>
 class Property {
 public:

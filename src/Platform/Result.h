@@ -7,8 +7,8 @@
 
 namespace tessaro {
 
-/// A failure that can be expected: who failed, a number, and a sentence for the person at the
-/// window. A message never holds an access token, a proxy password or an address with a query.
+/// An expected failure: the component that failed, a number, and a sentence for the user. The
+/// message never holds an access token, a proxy password or an address with a query.
 struct Error {
     std::string domain; ///< Which component failed: "MetaGraph", "SupportClient", "HTTP", "JSON" …
     int code = 0;       ///< The domain's own number, for example an HTTP status.

@@ -15,8 +15,8 @@ namespace tessaro {
 class ScopedConnection {
 public:
     ScopedConnection() = default;
-    /// Wraps whatever ends the subscription. `disconnect` runs at most once and may be called after
-    /// the emitter is gone.
+    /// @param disconnect  ends the subscription; called at most once, possibly after the emitter
+    ///                    is gone
     explicit ScopedConnection(std::function<void()> disconnect)
         : disconnect_(std::move(disconnect)) {}
     ScopedConnection(sigc::connection connection)

@@ -20,7 +20,7 @@ constexpr const char* domain = "SecretStore";
 using SecretValuePtr =
     std::unique_ptr<SecretValue, Releaser<static_cast<void (*)(gpointer)>(secret_value_unref)>>;
 
-/// Entries are found by the two attributes alone, whichever program's schema they were stored with.
+/// Only the two attributes identify an entry, not the schema that it was stored with.
 const SecretSchema schema = {
     "org.freedesktop.Secret.Generic",
     SECRET_SCHEMA_DONT_MATCH_NAME,
@@ -34,8 +34,8 @@ GHashTablePtr attributesOf(const std::string& service, const std::string& accoun
 
 constexpr const char* promptRefused = "The keyring is locked or asks for the user's consent";
 
-/// A SecretService that refuses to show prompts: whatever would need one fails. libsecret's own
-/// would wait for the user within a call that the window waits for.
+/// A SecretService that fails wherever a prompt would be needed. libsecret's own service would wait
+/// for the user, and a thread of this program with it.
 GType promptlessServiceType() {
     static const GType type = g_type_register_static_simple(
         SECRET_TYPE_SERVICE, "TessaroPromptlessSecretService", sizeof(SecretServiceClass),
@@ -85,7 +85,7 @@ tl::unexpected<Error> failed(const GErrorSlot& error) {
     return failure(domain, error->code, error.message());
 }
 
-/// Opens the service for one call, which a restarted or replaced service therefore survives.
+/// Opens the service anew for each call, so that the service may restart between two calls.
 template <typename Call>
 auto run(std::chrono::milliseconds limit, Call call) {
     const Deadline deadline(limit);

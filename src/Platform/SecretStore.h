@@ -11,9 +11,9 @@ namespace tessaro {
 
 /// The user's Secret Service (the freedesktop.org Secret Service API), through libsecret.
 ///
-/// Every call is synchronous and bounded: it never shows a prompt, and one that the service does
-/// not answer in time ends in an error. An error has the domain "SecretStore" and libsecret's or
-/// GIO's own code. Any thread.
+/// Every call is synchronous. It never shows a prompt, and it fails when the service does not
+/// answer in time. An error has the domain "SecretStore" and the code of libsecret or GIO. Any
+/// thread.
 class SecretStore {
 public:
     /// @param deadline  how long one call may take before it is given up

@@ -11,10 +11,10 @@ namespace tessaro {
 
 /// Small texts by key, kept in the group [settings] of one key file. Any thread.
 ///
-/// The file is read once, at construction, and replaced as a whole at each change; groups and keys
-/// that the program does not know survive. Nothing is reported: what cannot be read is absent, what
-/// cannot be written is kept in memory. A file that could not be read or is no key file is set
-/// aside before the first change replaces it.
+/// The file is read once, at construction, and replaced as a whole at each change. Groups and keys
+/// that the program does not know survive. No error is reported: a value that cannot be read is
+/// absent, and one that cannot be written stays in memory. A file that could not be read or parsed
+/// is set aside before the first change replaces it.
 class SettingsStore {
 public:
     explicit SettingsStore(std::filesystem::path file);

@@ -17,9 +17,8 @@
 ///    is alive (Lifetime), and only then touch the owner;
 ///  - a call that is out is cancelled (Cancellation), never abandoned: dropping a Task lets its
 ///    coroutine run to its end unobserved;
-///  - no braced temporary of an aggregate stands within an await, `co_await send({.url = …})`: GCC
-///  12
-///    copies it bitwise and destroys it twice. It goes into a variable first.
+///  - an await contains no braced temporary of an aggregate, such as `co_await send({.url = …})`.
+///    GCC 12 copies it bitwise and destroys it twice. Put it into a variable first.
 namespace tessaro {
 
 namespace detail {
@@ -63,7 +62,7 @@ struct TaskPromise<void> : TaskPromiseBase {
 } // namespace detail
 
 /// A running coroutine that ends in a T. It starts at once; awaiting it yields its result.
-/// Main thread only.
+/// UI thread only.
 template <typename T>
 class [[nodiscard]] Task {
 public:

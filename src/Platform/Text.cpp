@@ -57,7 +57,7 @@ std::string trimBlanks(std::string_view text) {
 }
 
 std::string firstCharacterUpperCased(std::string_view text) {
-    // No character that anybody can read is longer; a name may be as long as a server likes.
+    // A server can send a name of any length, but a readable character is never longer than this.
     constexpr std::size_t longestCharacter = 256;
     const auto start = icu::UnicodeString::fromUTF8(piece(text.substr(0, longestCharacter)));
 

@@ -8,11 +8,11 @@
 /// Text operations by the rules of Unicode. Every text is UTF-8.
 namespace tessaro {
 
-/// Without the white space (every Unicode blank) and line breaks at both ends.
+/// The text without the blanks (as for trimBlanks) and line breaks at both ends.
 std::string trimWhitespaceAndNewlines(std::string_view text);
 
-/// Without the blanks (spaces, tabs and the other Unicode space separators, not line breaks) at
-/// both ends.
+/// The text without the blanks at both ends: tabs and the Unicode space separators, but not line
+/// breaks.
 std::string trimBlanks(std::string_view text);
 
 /// The first user-perceived character (grapheme cluster, UAX #29) in upper case by the full Unicode
@@ -22,11 +22,11 @@ std::string firstCharacterUpperCased(std::string_view text);
 /// The number of Unicode code points; a damaged byte sequence counts as one.
 std::size_t characterCount(std::string_view text);
 
-/// The whole number that is all of the text: decimal digits of ASCII after one sign or none.
-/// Nothing for any other text, or beyond 64 bits.
+/// Reads a text that is one whole number: ASCII digits, with or without a sign before them.
+/// Returns nothing for any other text and for a number beyond 64 bits.
 std::optional<std::int64_t> wholeNumber(std::string_view text);
 
-/// Whether no byte sequence of the text is damaged.
+/// Whether the whole text is well-formed UTF-8.
 bool isValidUtf8(std::string_view text);
 
 /// The text with every damaged byte sequence replaced by U+FFFD.

@@ -28,11 +28,11 @@ public:
 private:
     std::string_view view() const { return {text_.data(), text_.size() - 1}; }
 
-    /// The canonical form, behind which C's zero byte stands.
+    /// The canonical form and a zero byte.
     std::array<char, 37> text_ = std::to_array("00000000-0000-0000-0000-000000000000");
 };
 
-/// A UUID that names one kind of thing, so that one kind cannot be taken for another.
+/// A UUID of one kind of thing. The compiler keeps the identifiers of different kinds apart.
 template <typename Tag>
 class Identifier {
 public:

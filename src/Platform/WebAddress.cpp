@@ -16,11 +16,11 @@ struct Site {
     int port;
 };
 
-/// Nothing for what is not http or https with a host. What follows the host is the server's own
-/// affair, and may be written in any way.
+/// Nothing unless the address is http or https and has a host. The part behind the host is not
+/// checked, because servers accept more there than the standard allows.
 std::optional<Site> siteOf(const std::string& address) {
     const auto authority = address.find("://");
-    // GLib lets blanks through, and would stop reading at a zero byte.
+    // GLib accepts blanks, and stops reading at a zero byte.
     if (authority == std::string::npos ||
         std::ranges::any_of(address, [](unsigned char byte) { return byte <= ' '; }))
         return std::nullopt;

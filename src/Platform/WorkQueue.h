@@ -10,7 +10,7 @@
 namespace tessaro {
 
 /// Runs pieces of work one after the other, in the order in which they were posted, on a thread of
-/// its own, which begins with the first one. Any thread.
+/// its own. The thread starts with the first piece. Any thread.
 class WorkQueue {
 public:
     WorkQueue() = default;

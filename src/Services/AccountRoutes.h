@@ -8,8 +8,8 @@
 
 namespace tessaro {
 
-/// The ways that the accounts' requests take: one for each proxy, and the direct one. Accounts with
-/// the same proxy share its connections, which stay open from one request to the next. UI thread.
+/// The HTTP clients of the accounts: one for each proxy, and one without. Accounts with the same
+/// proxy share its connections, which stay open from one request to the next. UI thread.
 class AccountRoutes {
 public:
     struct Route {
@@ -17,14 +17,14 @@ public:
         PictureQueue pictures{http};
     };
 
-    /// @param options  limits and certificate authorities; the accounts say which proxy
+    /// @param options  limits and certificate authorities; the proxy comes from the account
     explicit AccountRoutes(HttpOptions options = {});
 
-    /// The way of that account's requests. By a proxy that cannot be used they fail, and never go
-    /// another way.
+    /// The route of that account's requests. When its proxy cannot be used, requests fail; they
+    /// never go directly instead.
     Route of(const std::optional<Account>& account);
 
-    /// The account's proxy where it is switched on and complete.
+    /// The account's proxy if it is switched on and complete.
     static std::optional<HttpOptions::Proxy> proxyOf(const std::optional<Account>& account);
 
 private:

@@ -12,11 +12,12 @@ namespace tessaro {
 
 namespace {
 
-/// The bytes from which on a new block is begun. Blocks are small, so that no caller ever waits for
-/// a long queue to be moved to where it can grow.
+/// A block that is longer is closed, and a new one begins. Blocks are small, so that appending
+/// never moves a long text in memory while the caller waits.
 constexpr std::size_t blockSize = 64 * 1024;
 
-/// Lines are dropped while so many blocks wait: a disk that hangs must not take the memory with it.
+/// Lines are dropped while more blocks than this wait, so that a disk that hangs does not fill the
+/// memory.
 constexpr std::size_t queueLimit = 4096;
 
 std::string formatLocalTime(Clock::TimePoint time, const char* pattern) {

@@ -12,10 +12,10 @@
 
 namespace tessaro {
 
-/// Writes diagnostic lines to one text file a day. A caller on any thread only formats its line and
-/// puts it in the queue "com.vandel.AppLogger", which one thread writes out; a line that cannot be
-/// written is lost without a word, and so are lines that are still queued when this object goes:
-/// flush() first. Messages never hold a token or a password.
+/// Writes diagnostic lines to one text file a day. log() only formats and queues the line; a thread
+/// of this object writes it. A line that cannot be written is lost without an error. Lines that are
+/// still queued are lost with the object, so call flush() first. Messages never hold a token or a
+/// password. Any thread.
 class AppLogger {
 public:
     /// @param folder     where the daily files lie; made when needed
@@ -31,8 +31,8 @@ public:
     /// Today's file, which may not exist.
     std::filesystem::path currentLogURL() const;
 
-    /// The text of today's file, or a sentence that says why there is none. Lines still queued are
-    /// not in it.
+    /// The text of today's file without the lines that are still queued, or a sentence that says
+    /// why there is none.
     std::string readCurrentLog() const;
 
     /// Waits until every line queued so far is written or lost, at most for `limit`.

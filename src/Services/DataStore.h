@@ -17,20 +17,20 @@
 
 namespace tessaro {
 
-/// The one place where records touch the disk. List operations run one at a time while their
-/// caller waits; any thread. Nothing is reported: what cannot be read is an empty list, what cannot
-/// be written is kept in memory. The keyring may take its time: its entries are deleted in the
-/// background, in order, once the lists are saved.
+/// The only class that reads and writes the record files. List operations run one at a time while
+/// their caller waits; any thread. No error is reported: a list that cannot be read is empty, and
+/// one that cannot be written stays in memory. Keyring entries are deleted in the background after
+/// the lists are saved, because the keyring can be slow.
 class DataStore {
 public:
-    /// Posted on the UI thread after a picture was written; its user info holds the avatar id
-    /// under "id".
+    /// The announcement on the UI thread after a picture was written. Its user info holds the
+    /// avatar id under "id".
     static constexpr const char* avatarDownloaded = "AvatarDownloaded";
 
     /// @param folder         holds the record files and the folder "avatars"; made when needed
-    /// @param keychain       loses the entries of what is deleted
+    /// @param keychain       loses the entries of deleted accounts and Pages
     /// @param notifications  carries avatarDownloaded
-    /// @param clock          brings that post to the UI thread; stamps files that did not decode
+    /// @param clock          posts that on the UI thread; stamps files that did not decode
     DataStore(
         std::filesystem::path folder, KeychainService& keychain, NotificationCenter& notifications,
         Clock& clock);
@@ -51,7 +51,7 @@ public:
     void deleteAccount(const AccountId& id);
     /// Removes one Page and its keyring entry.
     void deletePage(const PageConfigId& id);
-    /// Waits for the keyring to have deleted what it was asked to, at most for `limit`.
+    /// Waits for the keyring to finish its deletions, at most for `limit`.
     void finishDeletions(std::chrono::milliseconds limit) { deletions_.finish(limit); }
 
     /// Where the picture of that id lies or would lie: always a file directly in "avatars".

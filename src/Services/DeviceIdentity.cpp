@@ -12,8 +12,8 @@ namespace {
 
 constexpr const char* fallbackKey = "SkarnDeviceUUID";
 
-/// The identifier in the file; empty when there is none. A system on its first boot may not have
-/// made one yet, and then says so in the file (machine-id(5)).
+/// The identifier in the file; empty when there is none. During the first boot of a system the file
+/// can say "uninitialized" (machine-id(5)).
 std::string readIdentifier(const std::filesystem::path& file) {
     const auto text = readFile(file).value_or("");
     const auto identifier = trimWhitespaceAndNewlines(text);

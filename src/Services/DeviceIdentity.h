@@ -9,7 +9,7 @@
 
 namespace tessaro {
 
-/// Names this computer, for machines and for people. Computed afresh at each call; any thread.
+/// The identifier and the readable name of this computer, read at each call. Any thread.
 class DeviceIdentity {
 public:
     /// @param settings        keeps the fallback identifier under "SkarnDeviceUUID"
@@ -23,7 +23,7 @@ public:
 
     /// The machine identifier, or a random one that is remembered from its first use on.
     std::string getDeviceUUID() const;
-    /// The computer's name for people, or its network host name.
+    /// The name that the user gave the computer, or else its network host name.
     std::string deviceName() const;
 
 private:

@@ -7,7 +7,7 @@
 
 namespace tessaro {
 
-/// The addresses that the program talks to or opens. Plain data, read once at start.
+/// The addresses that the program connects to or opens. Read once at start.
 struct Endpoints {
     std::string graphApiOrigin; ///< Scheme and host of the Graph API, without a slash at the end.
     std::string inboxOrigin;    ///< Scheme and host of the inbox site, likewise.
@@ -18,10 +18,10 @@ struct Endpoints {
     std::string linkWebsite;
     std::string linkDonate;
 
-    /// What the settings say, else the built-in values.
+    /// The values in the settings, and the built-in ones where those have none.
     static Endpoints fromSettings(const SettingsStore& settings);
 
-    /// The address before every Graph request path, version segment included.
+    /// The beginning of every Graph address, up to and including the version.
     std::string graphBaseUrl() const { return graphApiOrigin + "/v25.0"; }
     /// The host of the inbox site as hostOf(); empty when its origin is no web address.
     std::string inboxHost() const { return hostOf(inboxOrigin); }

@@ -4,10 +4,10 @@
 
 #include <nlohmann/json_fwd.hpp>
 
-/// What the Graph API answers, read strictly. Any thread.
+/// Reads the answers of the Graph API strictly. Any thread.
 namespace tessaro {
 
-/// What an answer other than success says about itself.
+/// The details of an answer that reports a failure.
 struct GraphError {
     std::optional<std::string> message;
     std::optional<std::int64_t> code;
@@ -15,7 +15,7 @@ struct GraphError {
 
 Result<GraphError> decodeGraphError(const nlohmann::json& value);
 
-/// The Pages that a user token manages. One that is malformed fails the whole list.
+/// The Pages that a user token manages. One malformed Page makes the whole list fail.
 Result<std::vector<MetaGraphClient::ResolvedPage>> decodeManagedPages(const nlohmann::json& value);
 
 } // namespace tessaro

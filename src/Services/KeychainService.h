@@ -9,7 +9,7 @@
 namespace tessaro {
 
 /// Short secret texts by key in the user's keyring, all under one service name. Synchronous; any
-/// thread. No operation raises an error: a failed save is logged, the rest is told by the result.
+/// thread. Only a failed save is logged.
 class KeychainService {
 public:
     static constexpr const char* sharedServiceName = "com.vandel.Tessaro";
@@ -21,9 +21,9 @@ public:
 
     /// Replaces the value under the key; true when it was stored.
     bool save(const std::string& key, const SecretText& value);
-    /// The value; nothing when there is none, when it cannot be had or is not UTF-8.
+    /// The value; nothing when there is none, it cannot be read or it is not UTF-8.
     std::optional<SecretText> load(const std::string& key);
-    /// True when the entry is gone: deleted now, or there was none.
+    /// True when the entry was deleted or did not exist.
     virtual bool remove(const std::string& key);
 
 private:

@@ -28,8 +28,8 @@ Result<void> checkHTTPResponse(const HttpResponse& response) {
         error->message.value_or("Lỗi Graph API" + inBrackets));
 }
 
-/// Why there is no success. No message leaves here that holds the token, even when the server
-/// echoes it.
+/// The error of an answer that is no success. Its message never holds the token, even when the
+/// server echoes it.
 Error errorOf(const Result<HttpResponse>& response, const SecretText& token) {
     Error error = response.and_then(checkHTTPResponse).error();
     if (error.domain == "HTTP" && error.code == HttpClient::invalidUrl)

@@ -38,17 +38,18 @@ public:
         AccountRoutes& routes);
     virtual ~MetaGraphClient() = default;
 
-    /// The description of the token's own object, "/me". Asked once: the first answer is kept.
+    /// The description of the token's own object, "/me". Only the first successful call asks the
+    /// server.
     virtual Task<Result<PageInfo>> fetchPageInfo();
     /// The Pages that a user token manages, "/me/accounts", in the order received.
     virtual Task<Result<std::vector<ResolvedPage>>> fetchManagedPages();
-    /// The picture bytes of any Graph object. Waits in the route's queue of pictures.
+    /// The bytes of the picture of any Graph object, fetched through the route's picture queue.
     virtual Task<Result<std::string>> fetchCustomerAvatarData(PageId customerId);
 
 private:
-    /// The address of that path, which ends in the name of the token's parameter.
+    /// The address of that path with the token at its end. The path ends in "access_token=".
     std::string addressOf(const std::string& path) const;
-    /// Asks for it and yields the body of an answer that reports success.
+    /// The body of the answer at that path, if it reports success.
     Task<Result<std::string>> get(const std::string& path);
 
     std::string graphBaseURL_;
@@ -58,7 +59,7 @@ private:
     Lifetime lifetime_;
 };
 
-/// Makes the client for a token and its account; screens and models get it from outside.
+/// Makes the client for a token and its account.
 using GraphClientFactory = std::function<std::shared_ptr<MetaGraphClient>(
     SecretText token, std::optional<Account> account)>;
 

@@ -7,18 +7,18 @@
 
 namespace tessaro {
 
-/// Whether the person lets the inbox site show notifications on the desktop, kept in the settings
-/// under "site_notifications" as "granted" or "refused", a blank and the site's origin. An answer
-/// for another site counts for nothing. UI thread only.
+/// Whether the user allows the inbox site to show site notifications on the desktop. The settings
+/// keep the answer under "site_notifications" as "granted" or "refused", a blank and the site's
+/// origin. An answer for another origin is ignored. UI thread only.
 class NotificationConsent {
 public:
     /// @param settings  outlives this
     /// @param origin    of the inbox site, as by originOf()
     NotificationConsent(SettingsStore& settings, std::string origin);
 
-    /// The site's origin when it may, else empty.
+    /// The site's origin if it is allowed, else empty.
     std::string permittedOrigin() const;
-    /// Nothing as long as nobody has been asked.
+    /// Nothing until the user has answered.
     std::optional<bool> answer() const;
     void keep(bool isGranted);
 

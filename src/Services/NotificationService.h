@@ -5,8 +5,7 @@
 
 namespace tessaro {
 
-/// Asks whether the desktop shows notifications, and writes the outcome to the log. Nothing
-/// depends on the answer.
+/// Asks whether the desktop shows notifications, and logs the answer. Nothing depends on it.
 class NotificationService {
 public:
     /// @param logger  outlives every request

@@ -15,10 +15,10 @@ using Time = std::chrono::steady_clock;
 constexpr int places = 6;
 constexpr auto failuresAreKept = std::chrono::minutes(1);
 
-/// What is known of an address that was asked for.
+/// An answer that may be given again for its address.
 struct Known {
     std::weak_ptr<const Result<HttpResponse>> answer;
-    PictureQueue::Answer failure; ///< Keeps the answer alive when it is one.
+    PictureQueue::Answer failure; ///< Keeps a failure alive.
     Time::time_point since;
 
     bool isOutdated() const {
@@ -28,7 +28,7 @@ struct Known {
 
 } // namespace
 
-/// A picture that is waited for, by everybody who wants it.
+/// A download, and the coroutines that wait for it.
 struct PictureQueue::Download {
     Answer answer;
     std::vector<std::coroutine_handle<>> waiting;

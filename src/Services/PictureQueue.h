@@ -7,22 +7,22 @@
 
 namespace tessaro {
 
-/// The pictures that are asked for by one route. Six at a time, so that a person's own request
-/// always finds a connection. What was asked for last comes first: it is what is on screen now.
+/// Downloads the pictures of one route, six at a time, so that other requests always find a
+/// connection. The latest request comes first, because its picture is on screen now.
 ///
-/// No address is asked for twice at a time: whoever asks for a picture that is under way waits for
-/// the same answer. Copies are the same queue. UI thread.
+/// Requests for the same address at the same time share one download. All copies are the same
+/// queue. UI thread.
 class PictureQueue {
 public:
-    /// An answer that several may hold.
+    /// An answer that several callers can hold.
     using Answer = std::shared_ptr<const Result<HttpResponse>>;
 
     explicit PictureQueue(HttpClient http);
 
-    /// Asks for the picture at that address.
+    /// Downloads the picture at that address.
     Task<Result<HttpResponse>> fetch(std::string url);
-    /// The same for who only wants to show it, and is content with an answer that somebody still
-    /// holds, or with a failure of the last minute.
+    /// Like fetch(), but returns without a download an answer that a caller still holds, or a
+    /// failure of the last minute.
     Task<Answer> fetchOnce(std::string url);
 
 private:

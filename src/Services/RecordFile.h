@@ -11,11 +11,11 @@
 
 namespace tessaro {
 
-/// A file that holds one list of records, and the copy of that list in memory. Not safe for several
-/// threads at once. The folder of the file is made when it is needed.
+/// A file with one list of records, and the copy of that list in memory. One thread at a time. The
+/// folder of the file is made when it is needed.
 ///
-/// Nothing is reported. What could not be read or decoded is set aside before a save would replace
-/// it, because it may be all that the user has.
+/// No error is reported. A file that could not be read or decoded is set aside before a save would
+/// replace it, because it may be the only copy of the user's data.
 template <typename Record>
 class RecordFile {
 public:
@@ -25,8 +25,9 @@ public:
     /// @param clock   stamps a file that is set aside; must outlive this
     RecordFile(std::filesystem::path file, Decode decode, Clock& clock);
 
-    /// The list in memory or else in the file; empty when the file is missing, cannot be read, in
-    /// which case the next call tries again, or does not decode. Valid until the next call.
+    /// The list in memory, else in the file. Empty when the file is missing, cannot be read or does
+    /// not decode. A file that could not be read is tried again at the next call. The result is
+    /// valid until the next call.
     const std::vector<Record>& load();
 
     /// Keeps the list in memory and then replaces the file.

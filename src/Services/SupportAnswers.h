@@ -4,10 +4,10 @@
 
 #include <nlohmann/json_fwd.hpp>
 
-/// What the support server answers, read strictly. Any thread.
+/// Reads the answers of the support server strictly. Any thread.
 namespace tessaro {
 
-/// The answer to an upload. It must have this form, but nobody acts on what it says.
+/// The answer to an upload. It must have this form, but its values are not used.
 struct SimpleResponse {
     bool success;
     std::optional<std::string> message;

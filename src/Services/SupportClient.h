@@ -21,13 +21,13 @@ struct UpdateInfo {
     bool operator==(const UpdateInfo&) const = default;
 };
 
-/// Talks to the maker's support server in JSON over HTTPS. Every failure is logged and returned;
-/// its domain is "SupportClient", "HTTP" or "JSON". UI thread.
+/// A client of the maker's support server. Every failure is logged and returned; its domain is
+/// "SupportClient", "HTTP" or "JSON". UI thread.
 class SupportClient {
 public:
     static constexpr const char* serverURLKey = "skarn_server_url";
 
-    /// @param settings          asked once, for serverURLKey
+    /// @param settings          read once, for serverURLKey
     /// @param defaultServerURL  used when the settings hold none
     /// @param device            names this computer in an upload
     /// @param logger            outlives every request

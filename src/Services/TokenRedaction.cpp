@@ -8,12 +8,12 @@ namespace tessaro {
 
 namespace {
 
-/// In bytes. What is shorter than this protects nothing, but stands in many an ordinary word; real
-/// tokens have more than a hundred.
+/// In bytes. A shorter token protects nothing and may be a part of ordinary words. Real tokens have
+/// more than a hundred.
 constexpr std::size_t shortestSecret = 8;
 
-/// The length of the token at the beginning of the text, where each byte may also stand there as a
-/// percent sign and two digits; 0 when it is not there.
+/// How many bytes of the text the token takes at its beginning, where each of its bytes may be
+/// percent-encoded; 0 when the text does not begin with the token.
 std::size_t lengthOfToken(std::string_view text, std::string_view token) {
     if (text.starts_with(token))
         return token.size();
@@ -35,7 +35,8 @@ std::string encodedForQuery(const SecretText& token) {
     const std::string& text = token.reveal();
     std::string result;
     for (std::size_t begin = 0; begin <= text.size();) {
-        // GLib takes a zero byte, the end of its list, for one that is allowed.
+        // GLib does not encode a zero byte, because it finds it at the end of the allowed
+        // characters.
         const auto end = std::min(text.find('\0', begin), text.size());
         result += begin > 0 ? "%00" : "";
         result += takeString(g_uri_escape_bytes(

@@ -51,7 +51,7 @@ void AccountsViewModel::save(std::vector<Account> list) {
 }
 
 void AccountsViewModel::deleteAccount(const Account& account) {
-    // The argument may be one of the entries that go.
+    // A copy, because the argument may be an entry of the list that is replaced.
     const Account deleted = account;
     store_.deleteAccount(deleted.id);
     accounts.set(store_.loadAccounts());

@@ -12,8 +12,8 @@
 namespace tessaro {
 
 /// The accounts behind the account column: the list, the selection, and which dialog is open.
-/// Every change is made to what the store holds at that moment, which can be more than what could
-/// be read before, and is saved at once. UI thread only.
+/// Every change is applied to the list that the store has at that moment, and saved at once. The
+/// store can have accounts that could not be read before. UI thread only.
 class AccountsViewModel {
 public:
     /// Loads the stored accounts; none is selected.
@@ -24,13 +24,14 @@ public:
     Property<bool> showAddSheet;                      ///< Set and cleared by the screens only.
     Property<std::optional<Account>> editingAccount;  ///< Set and cleared by the screens only.
 
-    /// Reads the list again; the selection follows its account or becomes empty.
+    /// Reads the list again. The selection follows its account, or becomes empty if that is gone.
     void loadAccounts();
     /// Appends, saves and selects a new account. An empty name becomes "Tài khoản " and a number.
     void addAccount(AccountDraft draft);
     /// Replaces the account of the same id and saves; does nothing when there is none.
     void updateAccount(const Account& account);
-    /// Removes the account with its Pages; a selection that is lost goes to the first account left.
+    /// Removes the account with its Pages. If it was selected, the first remaining account becomes
+    /// so.
     void deleteAccount(const Account& account);
     void selectAccount(const Account& account);
 

@@ -95,7 +95,7 @@ Task<void> AddPageFlow::add(SecretText pageToken) {
         errorMessage.set(added.error().message);
         co_return;
     }
-    // The dialog that it closes may drop this flow, and the action with it.
+    // A copy, because closing the dialog may drop this flow and its members.
     const auto dismiss = dismiss_;
     dismiss();
 }

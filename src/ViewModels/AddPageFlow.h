@@ -11,12 +11,12 @@
 
 namespace tessaro {
 
-/// What a pasted token turned out to be.
+/// The kind of a pasted token.
 enum class TokenType { unknown, userToken, pageToken };
 
-/// The logic of one open add-Page dialog: finds out what the pasted token is, offers the Pages of a
-/// user token, and hands one Page token to the Pages model. UI thread only. Dropping it while a
-/// request runs is safe: the result is dropped too.
+/// The logic of one open add-Page dialog. It finds out what the pasted token is, offers the Pages
+/// of a user token, and passes one Page token to the Pages model. Dropping it while a request runs
+/// is safe; the result is dropped too. UI thread only.
 class AddPageFlow {
 public:
     using ResolvedPage = MetaGraphClient::ResolvedPage;
@@ -36,12 +36,12 @@ public:
     Property<std::optional<PageInfo>> directPageInfo;
 
     const Account& account() const { return account_; }
-    /// Whether there is anything to verify once blanks and line breaks are trimmed.
+    /// Whether the token field has more than blanks and line breaks.
     bool hasToken() const;
     void verifyToken();
     bool canAdd() const;
-    /// Adds the chosen Page and then closes the dialog, or shows why not. Does nothing while one is
-    /// being added.
+    /// Adds the chosen Page. Then closes the dialog, or shows the error. Does nothing while a Page
+    /// is being added.
     void addSelectedPage();
 
 private:

@@ -133,7 +133,7 @@ void PagesViewModel::savePagesGlobal(const PageConfig& added) {
 }
 
 void PagesViewModel::deletePage(const PageConfig& page) {
-    // The argument may be one of the entries that go.
+    // A copy, because the argument may be an entry of the list that is replaced.
     const PageConfig deleted = page;
     store_.deletePage(deleted.id);
     auto list = *pages;

@@ -22,10 +22,11 @@ namespace tessaro {
 /// only.
 class PagesViewModel {
 public:
-    /// Tells a whole picture from what is none. Called in the background.
+    /// Whether the bytes are a whole picture. Called in the background.
     using PictureCheck = std::function<bool(std::string_view)>;
 
-    /// @param isPicture  what it refuses does not get into the cache; without it everything does
+    /// @param isPicture  only what it accepts is stored in the cache; everything is, when it is
+    /// empty
     PagesViewModel(
         DataStore& store, AppLogger& logger, const Clock& clock, GraphClientFactory makeClient,
         PictureCheck isPicture = {});
@@ -35,27 +36,27 @@ public:
     Property<bool> showAddSheet;                      ///< Set and cleared by the screens only.
     Property<bool> isVerifying;                       ///< An addPage() is running.
     Property<std::optional<std::string>> verifyError; ///< Why the last addPage() failed.
-    /// Emitted when a picture has arrived, though no field changed.
+    /// Emitted when a picture has arrived. No field has changed then.
     sigc::signal<void()> changed;
 
-    /// Shows that account's Pages and fetches the pictures that the cache lacks.
+    /// Shows that account's Pages and fetches the pictures that are missing in the cache.
     void loadPages(const AccountId& account);
     void clearPages();
-    /// Verifies the token once more and stores its Page under the account, unless the account is
-    /// gone by then or has that Page. The Page is shown and selected if its account is shown.
-    /// Fails with the Graph client's error, or with the domain "Pages" and code 0. `verifyError`
-    /// tells the last one's message.
+    /// Verifies the token once more and stores its Page under the account. The Page is shown and
+    /// selected if its account is shown. Fails with the Graph client's error, or with the domain
+    /// "Pages" and code 0 when the account is gone by then or already has the Page. `verifyError`
+    /// then has the message.
     Task<Result<void>> addPage(SecretText token, Account account);
     void deletePage(const PageConfig& page);
     void selectPage(const PageConfig& page);
 
 private:
-    /// Refuses a Page that its account has already.
+    /// Stores the Page, unless its account already has it.
     Result<void> append(PageConfig page);
-    /// Writes what is stored, with the Pages of the account that is shown moved to the end, and
-    /// the new Page behind them.
+    /// Stores the new Page at the end of the whole list. The Pages of the account that is shown
+    /// move to the end before it.
     void savePagesGlobal(const PageConfig& added);
-    /// A picture that is on its way, and by which token and which way it was asked for.
+    /// A picture that is being fetched, with the token and the proxy of the request.
     struct Download {
         PageId id;
         SecretText token;
@@ -65,8 +66,8 @@ private:
     };
 
     void fetchMissingPictures();
-    /// Puts the picture into the cache, unless it is on its way already; a failure is logged behind
-    /// the complaint.
+    /// Fetches the picture into the cache, unless that is under way already. A failure is logged
+    /// after the text of `complaint`.
     void fetchPicture(
         const std::shared_ptr<MetaGraphClient>& client, Download download, std::string complaint);
     Task<void>

@@ -5,9 +5,9 @@
 
 namespace tessaro {
 
-/// The count that a site puts at the head of a page's title, "3" of "(3) Inbox" and "20+" of
-/// "(20+) Inbox": one to six digits that begin with no zero, and a plus sign or none. Empty
-/// for a title without one.
+/// The count at the beginning of a web page's title: "3" of "(3) Inbox", "20+" of "(20+) Inbox". It
+/// has one to six digits, does not begin with a zero and may end in a plus sign. Empty for a title
+/// without a count.
 std::string countAtHead(std::string_view title);
 
 } // namespace tessaro

@@ -27,8 +27,8 @@ bool AdwAppearance::isReady() const {
 }
 
 void AdwAppearance::whenReady(std::function<void()> action) {
-    // The application's start-up, which initialises the toolkit, precedes the first turn of the
-    // main loop.
+    // The application initialises the toolkit at its start-up, before the first turn of the main
+    // loop.
     SystemClock::shared().post(Clock::Delay::zero(), std::move(action));
 }
 

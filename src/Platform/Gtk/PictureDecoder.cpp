@@ -16,8 +16,8 @@ int scaled(int side, double factor) {
     return std::max(1, static_cast<int>(std::lround(side * factor)));
 }
 
-/// Whether the bytes begin a picture and lack its end, which the platform's decoders fill up in
-/// grey: a JPEG without its last marker, a PNG without its last chunk.
+/// Whether the bytes are a JPEG without its last marker or a PNG without its last chunk. The
+/// platform's decoders would fill up the missing part in grey.
 bool isCut(std::string_view bytes) {
     if (bytes.starts_with("\xFF\xD8"))
         return bytes.rfind("\xFF\xD9") + 1 <= bytes.rfind("\xFF\xDA") + 1;

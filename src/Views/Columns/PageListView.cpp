@@ -24,12 +24,12 @@ PageListView::PageListView(const ScreenContext& context, PagesViewModel& pagesVM
     connections_.push_back(pagesVM_.pages.observe([this] { column_.setRecords(*pagesVM_.pages); }));
     connections_.push_back(pagesVM_.selectedPage.observe([this] { showSelection(); }));
     connections_.push_back(
-        context_.notifications.observe(unreadCountChanged, [this](const Notification& posted) {
+        context_.notifications.observe(unreadCountChanged, [this](const Announcement& posted) {
             unread_.set(posted.userInfo.at("count"));
         }));
     connections_.push_back(
-        context_.notifications.observe(choosePage, [this](const Notification& posted) {
-            // Position 0 wraps round to an index beyond the last Page, which selects nothing.
+        context_.notifications.observe(choosePage, [this](const Announcement& posted) {
+            // Unsigned: what would be before the first one is beyond the last one.
             selectAt(std::stoul(posted.userInfo.at("position")) - 1);
         }));
     showSelection();

@@ -57,7 +57,7 @@ void Coordinator::attach(const std::shared_ptr<WebView>& webView) {
 void Coordinator::setupNotifications() {
     const auto observe = [this](const char* name, void (Coordinator::*handler)()) {
         commands_.push_back(parent_.context.notifications.observe(
-            name, [this, handler](const Notification&) { (this->*handler)(); }));
+            name, [this, handler](const Announcement&) { (this->*handler)(); }));
     };
     observe(webViewZoomIn, &Coordinator::handleZoomIn);
     observe(webViewZoomOut, &Coordinator::handleZoomOut);

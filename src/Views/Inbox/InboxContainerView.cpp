@@ -43,7 +43,7 @@ InboxContainerView::InboxContainerView(
     add_overlay(veil_);
     loadingChanged_ = isLoading_->observe([this] { showLoading(); });
     findCommand_ =
-        context_.notifications.observe(webViewFind, [this](const Notification&) { find(); });
+        context_.notifications.observe(webViewFind, [this](const Announcement&) { find(); });
     showBrowser();
 }
 

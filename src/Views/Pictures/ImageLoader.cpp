@@ -54,7 +54,7 @@ ImageLoader::loadCached(std::string id, int pixels, Cancellation cancellation, F
 
 ScopedConnection ImageLoader::observeCache(std::function<void(const std::string& id)> written) {
     return notifications_.observe(
-        DataStore::avatarDownloaded, [written = std::move(written)](const Notification& posted) {
+        DataStore::avatarDownloaded, [written = std::move(written)](const Announcement& posted) {
             if (const auto id = posted.userInfo.find("id"); id != posted.userInfo.end())
                 written(id->second);
         });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Cancellation.h"
 #include "Platform/GHandle.h"
 #include "Platform/NotificationCenter.h"
 #include "Services/AccountRoutes.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Cancellation.h"
 #include "Platform/Lifetime.h"
 #include "Views/Pictures/AvatarShape.h"
 #include "Views/Pictures/ImageLoader.h"

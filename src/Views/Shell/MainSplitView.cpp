@@ -41,7 +41,7 @@ MainSplitView::MainSplitView(
     pageChanged_ = pagesVM_.selectedPage.observe([this] { followPage(); });
     pagesChanged_ = pagesVM_.pages.observe([this] { prepareBrowser(); });
     inboxRequested_ =
-        context.notifications.observe(inboxRequested, [this](const Notification& posted) {
+        context.notifications.observe(inboxRequested, [this](const Announcement& posted) {
             selectPage(posted.userInfo.at("pageId"));
             followPage();
         });

@@ -30,10 +30,10 @@ MainWindow::MainWindow(
     EngineLoader& engine)
     : Gtk::ApplicationWindow(application), notifications_(notifications), engine_(engine) {
     showUnread("");
-    unreadChanged_ = notifications_.observe(unreadCountChanged, [this](const Notification& posted) {
+    unreadChanged_ = notifications_.observe(unreadCountChanged, [this](const Announcement& posted) {
         showUnread(posted.userInfo.at("count"));
     });
-    inboxRequested_ = notifications_.observe(inboxRequested, [this](const Notification& posted) {
+    inboxRequested_ = notifications_.observe(inboxRequested, [this](const Announcement& posted) {
         if (const auto& token = posted.userInfo.at("activationToken"); !token.empty())
             set_startup_id(token);
         present();

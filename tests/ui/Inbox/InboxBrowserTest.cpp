@@ -81,7 +81,7 @@ TEST(InboxBrowser, GoesOnWithThePageWhereNoOtherOneComesOfALoad) {
         {.body = "x", .headers = {{"Content-Disposition", "attachment; filename=\"a.bin\""}}});
     std::string count;
     const auto observed =
-        world.notifications.observe(unreadCountChanged, [&](const Notification& posted) {
+        world.notifications.observe(unreadCountChanged, [&](const Announcement& posted) {
             count = posted.userInfo.at("count");
         });
     InboxBrowser browser(world);

@@ -69,7 +69,7 @@ TEST_F(InboxContainer, OffersToLoadThePageAgainAfterItsProcessCrashed) {
     NotificationConsent(world.settings, originOf(world.endpoints.inboxOrigin)).keep(true);
     std::string count;
     const auto observed =
-        world.notifications.observe(unreadCountChanged, [&](const Notification& posted) {
+        world.notifications.observe(unreadCountChanged, [&](const Announcement& posted) {
             count = posted.userInfo.at("count");
         });
     show();

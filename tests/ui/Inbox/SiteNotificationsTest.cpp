@@ -33,7 +33,7 @@ protected:
     DemoWorld world;
     std::map<std::string, std::string> requested;
     ScopedConnection observed = world.notifications.observe(
-        inboxRequested, [this](const Notification& posted) { requested = posted.userInfo; });
+        inboxRequested, [this](const Announcement& posted) { requested = posted.userInfo; });
 };
 
 TEST_F(TheSitesNotifications, AreShownByTheDesktopAndLeadBackToTheirPage) {

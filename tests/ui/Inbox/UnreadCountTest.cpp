@@ -12,7 +12,7 @@ TEST(UnreadCount, FollowsTheTitleOfTheInboxThatIsShownAndOfNoOtherSite) {
     world.otherServer.answer("/other", InboxWorld::page("<title>(9) Giỏ hàng</title>"));
     std::string count;
     const auto observed =
-        world.notifications.observe(unreadCountChanged, [&](const Notification& posted) {
+        world.notifications.observe(unreadCountChanged, [&](const Announcement& posted) {
             count = posted.userInfo.at("count");
         });
     const auto waitForCount = [&](const std::string& wanted) {

@@ -65,7 +65,7 @@ TEST_F(ThemeManagerTest, TogglesToTheOppositeOfWhatIsOnScreenAndTellsTheInboxATe
     auto theme = make();
     int announced = 0;
     const auto observing =
-        notifications_.observe(webViewThemeChanged, [&](const Notification&) { ++announced; });
+        notifications_.observe(webViewThemeChanged, [&](const Announcement&) { ++announced; });
     appearance_.desktopIsDark = true;
     for (const char* mode : {"light", "dark", "light"}) {
         theme.toggleTheme();
