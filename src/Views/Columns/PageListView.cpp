@@ -29,7 +29,7 @@ PageListView::PageListView(const ScreenContext& context, PagesViewModel& pagesVM
         }));
     connections_.push_back(
         context_.notifications.observe(choosePage, [this](const Announcement& posted) {
-            // Unsigned: what would be before the first one is beyond the last one.
+            // Position 0 wraps round to an index beyond the last Page, which selects nothing.
             selectAt(std::stoul(posted.userInfo.at("position")) - 1);
         }));
     showSelection();
