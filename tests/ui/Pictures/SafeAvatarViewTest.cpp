@@ -143,8 +143,8 @@ TEST_F(SafeAvatarViewTest, IsNotAskedForWithoutItsAccount) {
 
 TEST_F(SafeAvatarViewTest, ReadsTheFileAgainEachTimeItAppears) {
     avatar_.setAvatar("1", "Trang", {});
-    window_.set_visible(false);
+    window_.unset_child();
     saveRed("1");
-    window_.set_visible(true);
+    window_.set_child(avatar_);
     EXPECT_TRUE(shows(red));
 }
