@@ -58,14 +58,18 @@ void MainWindow::showUnread(const std::string& count) {
 }
 
 bool MainWindow::on_close_request() {
-    if (closing_ == Closing::allowed || !askBeforeClosing)
-        return Gtk::ApplicationWindow::on_close_request();
-    if (std::exchange(closing_, Closing::asked) == Closing::notYet)
+    if (closing_ == Closing::notYet && askBeforeClosing) {
+        closing_ = Closing::asked;
         askBeforeClosing([this](bool mayClose) {
             closing_ = mayClose ? Closing::allowed : Closing::notYet;
             if (mayClose)
                 close();
         });
+    }
+    // Where the answer has come at once, the toolkit ignored that close(): it was within this
+    // signal.
+    if (closing_ == Closing::allowed || !askBeforeClosing)
+        return Gtk::ApplicationWindow::on_close_request();
     return true;
 }
 
