@@ -54,6 +54,21 @@ void LoopbackServer::handle(const std::string& path, Handler handler) {
     handlers_[path] = std::move(handler);
 }
 
+void LoopbackServer::hold(const std::string& path) {
+    const std::lock_guard lock(mutex_);
+    auto& handler = handlers_.at(path);
+    handler = [this, answer = handler](auto& connection, const auto& request) {
+        while (!takePermit() && connection.pause(std::chrono::milliseconds(1))) {
+        }
+        answer(connection, request);
+    };
+}
+
+bool LoopbackServer::takePermit() {
+    int left = permits_;
+    return left > 0 && permits_.compare_exchange_strong(left, left - 1);
+}
+
 std::vector<ReceivedRequest> LoopbackServer::requests() const {
     const std::lock_guard lock(mutex_);
     return requests_;

@@ -43,6 +43,11 @@ public:
     /// Hands every request for that path to the handler; "*" stands for all other paths.
     void handle(const std::string& path, Handler handler);
 
+    /// Holds back the answers for that path as it is answered now, until release() lets them go.
+    void hold(const std::string& path = "*");
+    /// Lets that many of the answers go, of those that wait and those to come.
+    void release(int answers = 1'000'000) { permits_ += answers; }
+
     /// From now on a connection stays open after an answer, for further requests.
     void keepConnections() { keepsConnections_ = true; }
 
@@ -57,6 +62,7 @@ private:
     void acceptConnections();
     void serve(GObjectPtr<GSocketConnection> socket);
     void respond(ServerConnection& connection, const ReceivedRequest& request);
+    bool takePermit();
 
     const std::string identity_;
     const std::string address_;
@@ -64,6 +70,7 @@ private:
     GObjectPtr<GSocketListener> listener_;
     GObjectPtr<GCancellable> stop_;
     std::atomic<bool> keepsConnections_ = false;
+    std::atomic<int> permits_ = 0; ///< How many answers may go that were held back.
 
     mutable std::mutex mutex_; ///< Guards everything below.
     std::map<std::string, Handler> handlers_;

@@ -7,17 +7,15 @@ bool runUntil(const std::function<bool()>& condition, std::chrono::milliseconds 
     // The timer wakes the loop for conditions that change outside it. When the condition itself
     // takes long, the timer is always due. At an ordinary priority it would then prevent all
     // drawing.
-    const GSourcePtr tick(g_timeout_source_new(5));
-    g_source_set_priority(tick.get(), G_PRIORITY_LOW);
-    g_source_set_callback(
-        tick.get(), [](gpointer) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr, nullptr);
-    g_source_attach(tick.get(), nullptr);
+    const auto tick = g_timeout_add_full(
+        G_PRIORITY_LOW, 5, [](gpointer) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr,
+        nullptr);
     bool met = condition();
     while (!met && std::chrono::steady_clock::now() < end) {
         g_main_context_iteration(nullptr, TRUE);
         met = condition();
     }
-    g_source_destroy(tick.get());
+    g_source_remove(tick);
     return met;
 }
 

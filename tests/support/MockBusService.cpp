@@ -65,11 +65,6 @@ MockBusService::Reply MockBusService::answer(GDBusMessage* call, const char* bod
     return answer(call, g_variant_new_parsed(body));
 }
 
-MockBusService::Reply
-MockBusService::refuse(GDBusMessage* call, const char* errorName, const char* text) {
-    return Reply::adopt(g_dbus_message_new_method_error_literal(call, errorName, text));
-}
-
 void MockBusService::reply(const Reply& answer) const {
     g_dbus_connection_send_message(
         connection_.get(), answer.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);

@@ -27,7 +27,6 @@ public:
     static Reply answer(GDBusMessage* call, GVariant* body = nullptr);
     /// A reply with a tuple in GVariant's text form.
     static Reply answer(GDBusMessage* call, const char* body);
-    static Reply refuse(GDBusMessage* call, const char* errorName, const char* text);
 
     /// Sends an answer that the handler left out.
     void reply(const Reply& answer) const;

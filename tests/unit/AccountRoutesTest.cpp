@@ -4,9 +4,6 @@
 #include "support/MainLoop.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <atomic>
 
 using namespace tessaro;
 using namespace tessaro::test;
@@ -22,18 +19,6 @@ protected:
         proxied.proxyPort = proxy.port();
     }
 
-    /// Holds back each answer of the server until there is a permit for it.
-    void hold(LoopbackServer& server) {
-        server.handle("*", [this](ServerConnection& connection, const ReceivedRequest&) {
-            while (!takePermit() && connection.pause(std::chrono::milliseconds(1))) {
-            }
-            connection.write("HTTP/1.1 200 OK\r\nContent-Length: 1\r\n\r\nx");
-        });
-    }
-    bool takePermit() {
-        int left = permits;
-        return left > 0 && permits.compare_exchange_strong(left, left - 1);
-    }
     Task<Result<HttpResponse>> picture(const std::optional<Account>& owner, int number) {
         return world.routes.of(owner).pictures.fetch(addressOf(number));
     }
@@ -47,11 +32,15 @@ protected:
         EXPECT_TRUE(runUntil([&] { return by.requests().size() == 6; }));
         return asked;
     }
+    static bool waitForEnd(const std::vector<Task<Result<HttpResponse>>>& tasks) {
+        return runUntil([&] {
+            return std::ranges::all_of(tasks, [](const auto& task) { return task.isDone(); });
+        });
+    }
 
     GraphWorld world;
     LoopbackServer proxy;
     Account proxied = makeAccount();
-    std::atomic<int> permits = 0;
 };
 
 } // namespace
@@ -75,34 +64,32 @@ TEST_F(AccountRoutesTest, KeepAConnectionOpenFromOneClientToTheNext) {
 }
 
 TEST_F(AccountRoutesTest, AProxyThatHangsHoldsUpNeitherOtherRoutesNorWhatAPersonAsksFor) {
-    hold(proxy);
+    proxy.hold();
     proxy.answer(world.baseUrl + "/me", R"({"id":"7","name":"Trang"})");
     world.server.answer("*", "x");
     const auto hanging = askFor(20, proxied, proxy);
     EXPECT_TRUE(await(picture(std::nullopt, 1)));
     EXPECT_TRUE(await(world.makeClient(SecretText("a token"), proxied)->fetchPageInfo()));
     EXPECT_THAT(proxy.requests(), SizeIs(7));
-    permits = 20;
-    EXPECT_TRUE(runUntil(
-        [&] { return std::ranges::all_of(hanging, [](auto& task) { return task.isDone(); }); }));
+    proxy.release();
+    EXPECT_TRUE(waitForEnd(hanging));
     EXPECT_THAT(proxy.requests(), SizeIs(21));
 }
 
 TEST_F(AccountRoutesTest, WhatWasAskedForLastComesFirstAndNothingTwice) {
-    hold(world.server);
+    world.server.hold();
     auto asked = askFor(9, std::nullopt, world.server); // 6, 7 and 8 wait.
     for (const int again : {6, 0})                      // 0 is under way already.
         asked.push_back(picture(std::nullopt, again));
     std::vector<std::string> later;
     for (std::size_t place = 7; place <= 9; ++place) {
-        ++permits;
+        world.server.release(1);
         ASSERT_TRUE(runUntil([&] { return world.server.requests().size() == place; }));
         later.push_back(world.server.requests().back().target);
     }
     EXPECT_THAT(later, ElementsAre("/v25.0/6", "/v25.0/8", "/v25.0/7"));
-    permits = 20;
-    EXPECT_TRUE(runUntil(
-        [&] { return std::ranges::all_of(asked, [](auto& task) { return task.isDone(); }); }));
+    world.server.release();
+    EXPECT_TRUE(waitForEnd(asked));
     EXPECT_THAT(world.server.requests(), SizeIs(9));
 }
 

@@ -3,7 +3,6 @@
 #include "support/StoreWorld.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace tessaro;
 using test::makeAccount;

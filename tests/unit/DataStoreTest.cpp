@@ -5,7 +5,6 @@
 #include "support/StoreWorld.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <fstream>
 
@@ -40,20 +39,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(DataStoreTest, ReadsNothingAtTheFirstStartAndLaterWhatWasSavedInItsOrder) {
-    EXPECT_THAT(store.loadAccounts(), IsEmpty());
-    EXPECT_THAT(store.loadPages(), IsEmpty());
-    EXPECT_THAT(names(), IsEmpty());
-    store.saveAccounts({first});
-    store.savePages({a, b, c});
-    EXPECT_THAT(names(), ElementsAre("accounts.json", "pages.json"));
-    auto later = world.newStore();
-    EXPECT_THAT(later.loadAccounts(), ElementsAre(first));
-    EXPECT_THAT(later.loadPages(), ElementsAre(a, b, c));
-    EXPECT_THAT(later.pages(first.id), ElementsAre(a, c));
-    EXPECT_THAT(later.pages(AccountId::random()), IsEmpty());
-}
 
 TEST_F(DataStoreTest, DeletesAPageOrAnAccountWithItsPagesAndTheirKeyringEntries) {
     store.saveAccounts({first, second});
@@ -94,14 +79,6 @@ TEST_F(DataStoreTest, LeavesPagesAloneThatCannotBeReadWhenAnAccountIsDeleted) {
     std::filesystem::remove(world.records / "pages.json");
     put("pages.json", encodeList(std::vector{b}));
     EXPECT_THAT(store.loadPages(), ElementsAre(b));
-}
-
-TEST_F(DataStoreTest, ReadsAMissingFileAgainButAReadOneNever) {
-    EXPECT_THAT(store.loadAccounts(), IsEmpty());
-    put("accounts.json", encodeList(std::vector{first}));
-    EXPECT_THAT(store.loadAccounts(), ElementsAre(first));
-    put("accounts.json", "[]");
-    EXPECT_THAT(store.loadAccounts(), ElementsAre(first));
 }
 
 TEST_F(DataStoreTest, SetsAFileAsideThatDidNotDecodeBeforeItIsReplaced) {

@@ -1,6 +1,7 @@
 #include "Platform/FreeFile.h"
 
 #include "Platform/Text.h"
+#include "support/Repeated.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -21,9 +22,7 @@ TEST(FreeFile, NumbersANameThatIsTakenAndStaysInItsFolderUnderOneThatCanBeWritte
     EXPECT_EQ(freeFile(folder.path(), "README"), folder / "README (1)");
     EXPECT_EQ(freeFile(folder.path(), "../a/b.txt"), folder / ".._a_b.txt");
     EXPECT_EQ(freeFile(folder.path(), ".."), folder / ".. (1)");
-    std::string name;
-    for (int i = 0; i < 200; ++i)
-        name += "ế";
+    const auto name = tessaro::test::repeated("ế", 200);
     for (const std::string ascii : {"", "a", "aa"}) {
         const auto file = freeFile(folder.path(), ascii + name + ".pdf");
         EXPECT_EQ(file.extension(), ".pdf");

@@ -5,7 +5,6 @@
 #include "support/StoreWorld.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <stdexcept>
 
@@ -19,22 +18,13 @@ class GnomeKeyring {
 public:
     explicit GnomeKeyring(const test::PrivateSessionBus& bus)
         : connection_(test::connectToBus(bus.address())) {
-        const auto launcher = GObjectPtr<GSubprocessLauncher>::adopt(
-            g_subprocess_launcher_new(static_cast<GSubprocessFlags>(
-                G_SUBPROCESS_FLAGS_STDIN_PIPE | G_SUBPROCESS_FLAGS_STDOUT_SILENCE |
-                G_SUBPROCESS_FLAGS_STDERR_SILENCE)));
-        for (const char* variable :
-             {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
-            g_subprocess_launcher_setenv(launcher.get(), variable, files_.path().c_str(), TRUE);
-        daemon_ = GObjectPtr<GSubprocess>::adopt(g_subprocess_launcher_spawn(
-            launcher.get(), nullptr, "gnome-keyring-daemon", "--foreground", "--unlock",
-            "--components=secrets", ("--control-directory=" + files_.path().string()).c_str(),
+        const std::string command =
+            "export HOME=$0 XDG_{DATA,CONFIG,CACHE}_HOME=$0 XDG_RUNTIME_DIR=$0;"
+            "exec gnome-keyring-daemon --foreground --unlock --components=secrets"
+            " --control-directory=$0 <<<password >/dev/null 2>&1";
+        daemon_ = GObjectPtr<GSubprocess>::adopt(g_subprocess_new(
+            G_SUBPROCESS_FLAGS_NONE, nullptr, "bash", "-c", command.c_str(), files_.path().c_str(),
             nullptr));
-        if (!daemon_)
-            throw std::runtime_error("cannot start gnome-keyring-daemon");
-        auto* const input = g_subprocess_get_stdin_pipe(daemon_.get());
-        g_output_stream_write_all(input, "password", 8, nullptr, nullptr, nullptr);
-        g_output_stream_close(input, nullptr, nullptr);
         if (!test::runUntil([this] { return !defaultCollection().empty(); }))
             throw std::runtime_error("gnome-keyring-daemon does not come up");
     }

@@ -4,7 +4,6 @@
 #include "support/MainLoop.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace tessaro;
 using namespace tessaro::test;
@@ -85,13 +84,6 @@ TEST_F(MetaGraphClientTest, TellsFailuresAsTheGraphApiPutsThem) {
     };
     for (const auto& [status, body, code, message] : failures)
         EXPECT_EQ(errorOfPageInfo(status, body), (Error{"MetaGraph", code, message})) << body;
-
-    server.handle("/v25.0/me", [](ServerConnection& connection, const ReceivedRequest&) {
-        connection.write("SSH-2.0-Server\r\n\r\n");
-    });
-    EXPECT_EQ(
-        errorOf(await(clientFor()->fetchPageInfo())),
-        (Error{"MetaGraph", 500, "Phản hồi không hợp lệ."}));
 }
 
 TEST_F(MetaGraphClientTest, FailsInDecodingWhenASuccessHoldsSomethingElse) {

@@ -7,7 +7,6 @@
 #include "support/MainLoop.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <chrono>
 
@@ -43,6 +42,9 @@ protected:
         EXPECT_EQ(added ? std::nullopt : std::optional(added.error().message), *model->verifyError);
     }
     std::vector<PageConfig> stored() { return world.newStore().loadPages(); }
+    bool waitForLogged(int lines) {
+        return runUntil([&] { return std::ranges::count(world.loggedLines(), '\n') == lines; });
+    }
     std::optional<std::string> cached(const std::string& id) {
         return readFile(world.store.localAvatarURL(id));
     }
@@ -88,42 +90,28 @@ TEST_F(PagesViewModelTest, LogsAPictureThatCannotBeHadAndTriesAgainAtTheNextLoad
     world.answerPicture("3", {404, "", {}});
     world.answerPicture("9", {500, "{}", {}});
     const auto waitForLines = [&](int lines, const std::string& last) {
-        EXPECT_TRUE(
-            runUntil([&] { return std::ranges::count(world.loggedLines(), '\n') == lines; }));
+        EXPECT_TRUE(waitForLogged(lines));
         EXPECT_THAT(
             world.loggedLines(),
             testing::EndsWith("[ERROR] PagesVM: Lỗi tải avatar " + last + "\n"));
+        EXPECT_EQ(cached("3"), std::nullopt);
     };
-    for (const int load : {1, 2}) {
-        show({c});
-        waitForLines(load, "trang Trang: Lỗi kết nối (404).");
-    }
+    show({c});
+    waitForLines(1, "trang Trang: Lỗi kết nối (404).");
+    world.answerPicture("3", {200, "no picture", {}});
+    show({c});
+    waitForLines(2, "trang Trang: Dữ liệu nhận được không phải là ảnh.");
     add();
     waitForLines(3, "khi thêm trang Trang Chín: Lỗi Graph API (500)");
     EXPECT_THAT(stored(), ElementsAre(c, model->pages->back()));
-    EXPECT_EQ(cached("3"), std::nullopt);
-}
-
-TEST_F(PagesViewModelTest, KeepsNothingThatIsNoPicture) {
-    world.answerPicture("3", {200, "no picture", {}});
-    show({c});
-    EXPECT_TRUE(runUntil([&] { return world.loggedLines().ends_with('\n'); }));
-    EXPECT_THAT(
-        world.loggedLines(),
-        HasSubstr("PagesVM: Lỗi tải avatar trang Trang: Dữ liệu nhận được không "
-                  "phải là ảnh.\n"));
-    EXPECT_EQ(cached("3"), std::nullopt);
 }
 
 TEST_F(PagesViewModelTest, AsksForAPictureThatIsOnItsWayAgainOnlyByAnotherWayOrToken) {
     LoopbackServer proxy;
-    std::atomic<bool> released = false;
-    for (LoopbackServer* server : {&proxy, &world.server})
-        server->handle("*", [&](ServerConnection& connection, const ReceivedRequest&) {
-            while (!released && connection.pause(1ms)) {
-            }
-            connection.write("HTTP/1.1 404 None\r\nContent-Length: 0\r\n\r\n");
-        });
+    for (LoopbackServer* server : {&proxy, &world.server}) {
+        server->answer("*", {404, "", {}});
+        server->hold();
+    }
     auto moved = account;
     moved.proxyEnabled = true;
     moved.proxyHost = "127.0.0.1";
@@ -139,8 +127,9 @@ TEST_F(PagesViewModelTest, AsksForAPictureThatIsOnItsWayAgainOnlyByAnotherWayOrT
     renewed.pageToken = SecretText("another token");
     show({renewed});
     EXPECT_TRUE(runUntil([&] { return world.server.requests().size() == 2; }));
-    released = true;
-    EXPECT_TRUE(runUntil([&] { return std::ranges::count(world.loggedLines(), '\n') == 3; }));
+    for (LoopbackServer* server : {&proxy, &world.server})
+        server->release();
+    EXPECT_TRUE(waitForLogged(3));
     EXPECT_THAT(proxy.requests(), SizeIs(1));
 }
 
@@ -181,14 +170,7 @@ TEST_F(PagesViewModelTest, ReportsAndLogsWhyATokenIsRefused) {
     world.answerMe({200, R"({"id":"9","name":"Trang Chín"})", {}});
     add();
     EXPECT_EQ(*model->verifyError, std::nullopt);
-    EXPECT_EQ(stored().at(0).pageAvatarUrl, "");
-    show({a, b});
-    model->selectPage(a);
-    model->clearPages();
-    EXPECT_THAT(*model->pages, IsEmpty());
-    EXPECT_EQ(*model->selectedPage, std::nullopt);
-    add();
-    EXPECT_THAT(stored(), ElementsAre(a, b, Field(&PageConfig::pageId, PageId{"9"})));
+    EXPECT_EQ(stored().at(0).pageAvatarUrl, "") << "A Page may have no picture.";
 }
 
 TEST_F(PagesViewModelTest, StoresALatePageUnderItsAccountAndShowsItUnderNoOther) {
@@ -248,24 +230,15 @@ TEST_F(PagesViewModelTest, MovesALostSelectionToTheFirstPageLeft) {
     EXPECT_THAT(stored(), ElementsAre(b));
 }
 
-TEST_F(PagesViewModelTest, LoadsFiveHundredPicturesSixAtATimeAndMayBeDroppedMeanwhile) {
+TEST_F(PagesViewModelTest, LoadsFiveHundredPicturesWithoutAStallAndMayBeDroppedMeanwhile) {
     std::vector<PageConfig> many;
     for (int i = 0; i < 500; ++i)
         many.push_back(makePage(account, std::to_string(1000 + i)));
-    std::atomic<int> running = 0, most = 0;
-    world.server.handle("*", [&](ServerConnection& connection, const ReceivedRequest&) {
-        most = std::max<int>(most, ++running);
-        connection.pause(1ms);
-        --running;
-        connection.write("HTTP/1.1 200 OK\r\nContent-Length: 1\r\n\r\nx");
-    });
     show(many);
     std::size_t arrived = 0;
     const ScopedConnection watching(model->changed.connect([&] { ++arrived; }));
     EXPECT_LT(longestTurnUntil([&] { return arrived == 500; }), 500ms);
     EXPECT_EQ(world.server.connectionCount(), 500u);
-    EXPECT_LE(most, 6);
-    EXPECT_GE(most, 2);
 
     std::filesystem::remove_all(world.records / "avatars");
     model->loadPages(account.id);

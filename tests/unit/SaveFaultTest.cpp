@@ -4,7 +4,6 @@
 #include "support/StoreWorld.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 
 #include <csignal>
@@ -120,13 +119,6 @@ TEST_F(SaveFault, HasTheNewFileWholeWhenOnlyItsNameMayBeLost) {
         EXPECT_TRUE(fault.happened());
         EXPECT_EQ(saved.onDisk(), "new");
     });
-}
-
-TEST_F(SaveFault, WaitsForNoDiskWithAPictureWhichCanBeFetchedAgain) {
-    const FileFault fault("fsync", EIO);
-    world.store.saveAvatarData("1", "picture");
-    EXPECT_FALSE(fault.happened());
-    EXPECT_EQ(readFile(world.store.localAvatarURL("1")), "picture");
 }
 
 TEST_F(SaveFault, KeepsInMemoryWhatHasNoFolderAndSavesItLater) {

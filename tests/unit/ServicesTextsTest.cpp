@@ -3,10 +3,12 @@
 #include "Services/TokenRedaction.h"
 #include "Services/VersionComparison.h"
 #include "ViewModels/TitleCount.h"
+#include "support/Repeated.h"
 
 #include <gtest/gtest.h>
 
 using namespace tessaro;
+using test::repeated;
 
 TEST(Endpoints, TheInboxSitesHostIsFoundInAddressesAsABrowserWritesThem) {
     const std::tuple<const char*, const char*, bool> cases[] = {
@@ -58,18 +60,7 @@ TEST(TitleCount, IsANumberInBracketsAtTheHeadAndNothingElse) {
         EXPECT_EQ(countAtHead(title), "") << title;
 }
 
-namespace {
-
-constexpr const char* marker = "[...truncated...]\n";
-
-std::string repeated(const std::string& text, int times) {
-    std::string result;
-    for (int i = 0; i < times; ++i)
-        result += text;
-    return result;
-}
-
-} // namespace
+static constexpr const char* marker = "[...truncated...]\n";
 
 TEST(LogExcerpt, CutsOnlyAboveFiftyThousandCharacters) {
     // Characters count, not bytes: each of these has three.

@@ -5,7 +5,6 @@
 #include "support/TempFolder.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <fstream>
 

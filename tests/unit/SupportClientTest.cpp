@@ -5,7 +5,6 @@
 #include "support/StoreWorld.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 using namespace tessaro;
@@ -42,18 +41,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(SupportClientTest, AsksForTheNewestVersion) {
-    server_.answer(
-        checkPath, R"({"version":"1.3.0","url":"https://a.example/","notes":"Sửa lỗi","more":1})");
-    EXPECT_EQ(
-        await(client_.checkUpdate()).value(),
-        (UpdateInfo{"1.3.0", "https://a.example/", "Sửa lỗi"}));
-    const auto request = server_.requests().at(0);
-    EXPECT_EQ(request.method, "GET");
-    EXPECT_EQ(request.headers.at("content-type"), "application/json");
-    EXPECT_EQ(request.body, "");
-}
 
 TEST_F(SupportClientTest, UploadsALogInThreeMembersWhateverTheAnswerSays) {
     server_.answer(uploadPath, R"({"success":false,"message":null})");
@@ -108,8 +95,4 @@ TEST_F(SupportClientTest, ReturnsAndLogsWhyARequestFailed) {
     const auto error = errorOfCheck(origin_);
     EXPECT_EQ(error.domain, "JSON");
     expectLogged("Lỗi giải mã phản hồi JSON từ " + origin_ + checkPath + ": " + error.message);
-    server_.handle(checkPath, [](auto& connection, auto&) { connection.write("SSH-2.0\r\n\r\n"); });
-    EXPECT_EQ(
-        errorOfCheck(origin_), (Error{"SupportClient", 500, "Phản hồi từ máy chủ không hợp lệ."}));
-    expectLogged("Phản hồi từ máy chủ không hợp lệ cho " + origin_ + checkPath);
 }

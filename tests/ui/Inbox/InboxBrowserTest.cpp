@@ -111,12 +111,9 @@ TEST(InboxBrowser, ShowsADarkPageOnlyOnceItIsDark) {
                          "requestAnimationFrame(() => fetch('/painted')));"
                          "onload = () => setTimeout(() => {"
                          " for (const end = Date.now() + 500; Date.now() < end;); })</script>"));
-    world.server.handle("/late", [&](ServerConnection& connection, const auto&) {
-        while (!world.server.requestCount("/painted") &&
-               connection.pause(std::chrono::milliseconds(5))) {
-        }
-        connection.write("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
-    });
+    world.server.answer("/late", "");
+    world.server.hold("/late");
+    world.server.handle("/painted", [&](auto&, const auto&) { world.server.release(); });
     InboxBrowser browser(world);
     TestScreen::settle(browser.window);
     const Gdk::RGBA shown = WidgetPicture(*browser.container).at(400, 400);

@@ -5,7 +5,6 @@
 #include "Views/Widgets/InboxCommands.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <webkit/webkit.h>
 
 #include <filesystem>

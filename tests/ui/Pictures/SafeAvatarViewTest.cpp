@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 #include <gtkmm/window.h>
 
-#include <atomic>
 #include <fstream>
 
 // This include comes last, because its macros would change other headers.
@@ -101,20 +100,13 @@ TEST_F(SafeAvatarViewTest, PrefersItsOwnCachedPictureToTheOneFromTheWeb) {
 }
 
 TEST_F(SafeAvatarViewTest, NeverShowsThePictureOfTheRowBefore) {
-    std::atomic<bool> released = false;
-    server_.handle("/slow", [&](ServerConnection& connection, const auto&) {
-        while (!released && connection.pause(std::chrono::milliseconds(1))) {
-        }
-        const std::string body = pngPicture(80, 80, 0xFF0000FF);
-        connection.write(
-            "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" +
-            body);
-    });
+    server_.answer("/slow", pngPicture(80, 80, 0xFF0000FF));
+    server_.hold("/slow");
     avatar_.setAvatar("1", "Trang", WebPicture{server_.origin() + "/slow", account_.id});
     ASSERT_TRUE(runUntil([&] { return server_.requestCount("/slow") == 1; }));
     avatar_.setAvatar("2", "Khác", blue_);
     EXPECT_TRUE(shows(blue));
-    released = true;
+    server_.release();
     ASSERT_TRUE(runUntil([&] { return server_.openConnections() == 0; }));
     EXPECT_TRUE(shows(blue));
     avatar_.setAvatar("3", "Không ảnh", {});

@@ -4,6 +4,7 @@
 #include "support/Gtk/Keyboard.h"
 #include "support/Gtk/Pointer.h"
 #include "support/Gtk/TestScreen.h"
+#include "support/Repeated.h"
 
 #include <gmock/gmock.h>
 #include <gtkmm/adjustment.h>
@@ -94,22 +95,16 @@ TEST_F(AlertsInFrontOfTheWindow, StandInFrontOfASheetEndWithItAndLeaveWithTheirO
 }
 
 TEST_F(AlertsInFrontOfTheWindow, KeepTitleAndButtonsOnTheDisplayWhateverTheirText) {
-    const auto repeat = [](int times, const std::string& text) {
-        std::string all;
-        for (int i = 0; i < times; ++i)
-            all += text;
-        return all;
-    };
     const struct {
         std::string title, message;
         bool scrolls;
     } alerts[] = {
         {"Bản Cập Nhật Mới", "Một dòng.", false},
-        {"", repeat(8, "Vài chữ nữa trong cùng một đoạn dài. "), false},
-        {"Bản Cập Nhật Mới", repeat(150, "• Một dòng trong danh sách\n"), true},
-        {repeat(60, "Một tiêu đề dài. "), repeat(3000, "chữ "), true},
-        {repeat(400, "tiêuđề"), repeat(2000, "x"), true},
-        {"تحديث جديد", repeat(200, "سطر من النص الطويل\n"), true},
+        {"", repeated("Vài chữ nữa trong cùng một đoạn dài. ", 8), false},
+        {"Bản Cập Nhật Mới", repeated("• Một dòng trong danh sách\n", 150), true},
+        {repeated("Một tiêu đề dài. ", 60), repeated("chữ ", 3000), true},
+        {repeated("tiêuđề", 400), repeated("x", 2000), true},
+        {"تحديث جديد", repeated("سطر من النص الطويل\n", 200), true},
     };
     for (const auto& [title, message, scrolls] : alerts) {
         SCOPED_TRACE(title.substr(0, 40));

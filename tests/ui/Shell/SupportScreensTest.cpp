@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <future>
 #include <optional>
 
 using namespace tessaro;
@@ -62,13 +61,8 @@ TEST_F(SupportScreens, OnlyOkLeadsFromASentLogToTheSupportStaff) {
 }
 
 TEST_F(SupportScreens, FooterBarIsBusyWhileTheServerTakesItsTimeAndMayGoMeanwhile) {
-    std::promise<void> release;
-    server_.handle(
-        path, [released = release.get_future().share()](
-                  ServerConnection& connection, const ReceivedRequest&) {
-            released.wait();
-            connection.write("HTTP/1.1 200 OK\r\nContent-Length: 16\r\n\r\n{\"success\":true}");
-        });
+    server_.answer(path, R"({"success":true})");
+    server_.hold(path);
     showBar();
     press(*bar_, buttonName);
     ASSERT_TRUE(runUntil([&] { return server_.requestCount(path) == 1; }));
@@ -77,7 +71,7 @@ TEST_F(SupportScreens, FooterBarIsBusyWhileTheServerTakesItsTimeAndMayGoMeanwhil
 
     screen_.window.unset_child();
     bar_.reset();
-    release.set_value();
+    server_.release();
     ASSERT_TRUE(runUntil([&] { return server_.openConnections() == 0; }));
     await(support_.checkUpdate()); // When this check has ended, the first one has too.
     EXPECT_TRUE(screen_.modals.alerts.empty());

@@ -1,8 +1,8 @@
-#include "Services/GraphAnswers.h"
-
 #include "FuzzTarget.h"
 
 #include "Platform/JsonReader.h"
+#include "Services/GraphAnswers.h"
+#include "Services/SupportAnswers.h"
 
 using namespace tessaro;
 
@@ -13,5 +13,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     decodePageInfo(*value);
     decodeManagedPages(*value);
     decodeGraphError(*value);
+    decodeSupportAnswer<UpdateInfo>(*value);
+    decodeSupportAnswer<SimpleResponse>(*value);
+    decodeSupportAnswer<APIErrorResponse>(*value);
     return 0;
 }
