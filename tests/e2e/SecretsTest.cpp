@@ -88,7 +88,7 @@ protected:
     std::set<std::string> markedFiles() {
         std::set<std::string> marked;
         for (const auto& entry : fs::recursive_directory_iterator(home_.path()))
-            if (entry.is_regular_file() && holdsMark(readFile(entry.path())))
+            if (entry.is_regular_file() && holdsMark(demo::readFile(entry.path())))
                 marked.insert(entry.path().filename());
         return marked;
     }

@@ -2,6 +2,7 @@
 
 #include "Services/MetaGraphClient.h"
 #include "support/LoopbackServer.h"
+#include "support/MainLoop.h"
 #include "support/StoreWorld.h"
 
 namespace tessaro::test {

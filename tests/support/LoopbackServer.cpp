@@ -56,6 +56,7 @@ void LoopbackServer::handle(const std::string& path, Handler handler) {
 
 void LoopbackServer::hold(const std::string& path) {
     const std::lock_guard lock(mutex_);
+    permits_ = 0;
     auto& handler = handlers_.at(path);
     handler = [this, answer = handler](auto& connection, const auto& request) {
         while (!takePermit() && connection.pause(std::chrono::milliseconds(1))) {

@@ -2,6 +2,7 @@
 
 #include "Platform/Task.h"
 
+#include <algorithm>
 #include <chrono>
 #include <functional>
 #include <optional>
@@ -9,12 +10,44 @@
 namespace tessaro::test {
 
 /// Turns the main loop until `condition` holds; false when it does not hold within `limit`.
-bool runUntil(
+inline bool runUntil(
     const std::function<bool()>& condition,
-    std::chrono::milliseconds limit = std::chrono::seconds(30));
+    std::chrono::milliseconds limit = std::chrono::seconds(30)) {
+    const auto end = std::chrono::steady_clock::now() + limit;
+    // The timer wakes the loop for conditions that change outside it. When the condition itself
+    // takes long, the timer is always due. At an ordinary priority it would then prevent all
+    // drawing.
+    const auto tick = g_timeout_add_full(
+        G_PRIORITY_LOW, 5, [](gpointer) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr,
+        nullptr);
+    bool met = condition();
+    while (!met && std::chrono::steady_clock::now() < end) {
+        g_main_context_iteration(nullptr, TRUE);
+        met = condition();
+    }
+    g_source_remove(tick);
+    return met;
+}
+
+/// Turns the main loop until `condition` holds, and returns the time of the longest turn.
+inline std::chrono::steady_clock::duration
+longestTurnUntil(const std::function<bool()>& condition) {
+    auto before = std::chrono::steady_clock::now();
+    std::chrono::steady_clock::duration longest{};
+    const auto measured = [&] {
+        const auto now = std::chrono::steady_clock::now();
+        longest = std::max(longest, now - before);
+        before = now;
+        return condition();
+    };
+    return runUntil(measured, std::chrono::minutes(1)) ? longest : longest.max();
+}
 
 /// Runs everything that is due on the main loop now.
-void runPending();
+inline void runPending() {
+    while (g_main_context_iteration(nullptr, FALSE)) {
+    }
+}
 
 namespace detail {
 template <typename T>

@@ -1,20 +1,51 @@
 #include "support/MockBusService.h"
 
 #include <mutex>
+#include <optional>
 #include <stdexcept>
+#include <utility>
 
 namespace tessaro::test {
 
+namespace {
+
+using Message = GObjectPtr<GDBusMessage>;
+
+std::string methodOf(const Message& call) {
+    return std::string(g_dbus_message_get_interface(call.get())) + "." +
+           g_dbus_message_get_member(call.get());
+}
+
+} // namespace
+
 struct MockBusService::State {
-    Handler handler;
-    std::mutex mutex;
-    std::vector<std::string> calls;
+    const Handler handler;
+    std::mutex mutex{}; ///< Guards everything below.
+    std::vector<std::string> calls{};
+    std::optional<std::string> heldMethod{};
+    std::vector<Message> held{};
+
+    void receive(GDBusConnection* connection, const Message& call) {
+        const std::lock_guard lock(mutex);
+        const auto method = methodOf(call);
+        GVariant* const body = g_dbus_message_get_body(call.get());
+        calls.push_back(method + (body ? takeString(g_variant_print(body, FALSE)) : "()"));
+        if (heldMethod && method.ends_with(*heldMethod))
+            held.push_back(call);
+        else
+            answer(connection, call);
+    }
+    void answer(GDBusConnection* connection, const Message& call) {
+        const auto reply = Message::adopt(g_dbus_message_new_method_reply(call.get()));
+        g_dbus_message_set_body(reply.get(), g_variant_new_parsed(handler(methodOf(call)).c_str()));
+        g_dbus_connection_send_message(
+            connection, reply.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
+    }
 };
 
 MockBusService::MockBusService(
     const std::string& busAddress, const std::string& name, Handler handler)
-    : connection_(connectToBus(busAddress)), state_(std::make_shared<State>()) {
-    state_->handler = std::move(handler);
+    : connection_(connectToBus(busAddress)), state_(new State{std::move(handler)}) {
     // The filter may still run for a moment after this object is gone.
     using Shared = std::shared_ptr<State>;
     g_dbus_connection_add_filter(
@@ -24,19 +55,7 @@ MockBusService::MockBusService(
             if (!incoming ||
                 g_dbus_message_get_message_type(message) != G_DBUS_MESSAGE_TYPE_METHOD_CALL)
                 return message;
-            const auto call = GObjectPtr<GDBusMessage>::adopt(message);
-            auto& state = **static_cast<Shared*>(data);
-            const auto method = std::string(g_dbus_message_get_interface(message)) + "." +
-                                g_dbus_message_get_member(message);
-            {
-                const std::lock_guard lock(state.mutex);
-                GVariant* const body = g_dbus_message_get_body(message);
-                state.calls.push_back(
-                    method + (body ? takeString(g_variant_print(body, FALSE)) : "()"));
-            }
-            if (const auto reply = state.handler(method, message))
-                g_dbus_connection_send_message(
-                    connection, reply.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
+            (*static_cast<Shared*>(data))->receive(connection, Message::adopt(message));
             return nullptr;
         },
         new Shared(state_), [](gpointer data) { delete static_cast<Shared*>(data); });
@@ -54,28 +73,23 @@ MockBusService::~MockBusService() {
     g_dbus_connection_close_sync(connection_.get(), nullptr, nullptr);
 }
 
-MockBusService::Reply MockBusService::answer(GDBusMessage* call, GVariant* body) {
-    auto reply = Reply::adopt(g_dbus_message_new_method_reply(call));
-    if (body)
-        g_dbus_message_set_body(reply.get(), body);
-    return reply;
+void MockBusService::hold(const std::string& method) {
+    const std::lock_guard lock(state_->mutex);
+    state_->heldMethod = method;
 }
 
-MockBusService::Reply MockBusService::answer(GDBusMessage* call, const char* body) {
-    return answer(call, g_variant_new_parsed(body));
-}
-
-void MockBusService::reply(const Reply& answer) const {
-    g_dbus_connection_send_message(
-        connection_.get(), answer.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
+void MockBusService::answerHeld() {
+    const std::lock_guard lock(state_->mutex);
+    for (const auto& call : std::exchange(state_->held, {}))
+        state_->answer(connection_.get(), call);
 }
 
 void MockBusService::emit(
-    const char* path, const std::string& signal, const char* arguments) const {
+    const char* path, const std::string& signal, const std::string& arguments) const {
     const auto dot = signal.rfind('.');
     g_dbus_connection_emit_signal(
         connection_.get(), nullptr, path, signal.substr(0, dot).c_str(),
-        signal.substr(dot + 1).c_str(), g_variant_new_parsed(arguments), nullptr);
+        signal.substr(dot + 1).c_str(), g_variant_new_parsed(arguments.c_str()), nullptr);
 }
 
 std::vector<std::string> MockBusService::calls() const {

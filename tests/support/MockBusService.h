@@ -13,26 +13,22 @@ namespace tessaro::test {
 /// also works while the main loop is blocked.
 class MockBusService {
 public:
-    using Reply = GObjectPtr<GDBusMessage>;
-    /// Answers one call, given as "interface.Method". A null reply leaves the call unanswered. Runs
-    /// on another thread.
-    using Handler = std::function<Reply(const std::string& method, GDBusMessage* call)>;
+    /// The answer to a call, given as "interface.Method": a tuple in GVariant's text form. Runs on
+    /// another thread.
+    using Handler = std::function<std::string(const std::string& method)>;
 
     MockBusService(const std::string& busAddress, const std::string& name, Handler handler);
     ~MockBusService();
     MockBusService(const MockBusService&) = delete;
     MockBusService& operator=(const MockBusService&) = delete;
 
-    /// A reply with this body: null, or a tuple. A floating tuple is taken over.
-    static Reply answer(GDBusMessage* call, GVariant* body = nullptr);
-    /// A reply with a tuple in GVariant's text form.
-    static Reply answer(GDBusMessage* call, const char* body);
-
-    /// Sends an answer that the handler left out.
-    void reply(const Reply& answer) const;
+    /// From now on leaves calls unanswered whose "interface.Method" ends so.
+    void hold(const std::string& method);
+    /// Answers the calls that were left, and holds back further ones.
+    void answerHeld();
 
     /// Emits a signal to everybody on the bus. The arguments are a tuple in GVariant's text form.
-    void emit(const char* path, const std::string& signal, const char* arguments) const;
+    void emit(const char* path, const std::string& signal, const std::string& arguments) const;
 
     /// The calls so far, in order: each as "interface.Method" with its arguments in GVariant's text
     /// form.

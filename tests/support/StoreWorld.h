@@ -50,8 +50,26 @@ struct StoreWorld {
     }
 };
 
-Account makeAccount(const std::string& name = "Tài khoản");
-PageConfig
-makePage(const Account& account, const std::string& pageId, const std::string& name = "Trang");
+inline Account makeAccount(const std::string& name = "Tài khoản") {
+    return {
+        .id = AccountId::random(),
+        .name = name,
+        .deviceId = "device",
+        .deviceName = "computer",
+        .createdAt = TimePoint(std::chrono::seconds(1'740'821'405)),
+    };
+}
+
+inline PageConfig
+makePage(const Account& account, const std::string& pageId, const std::string& name = "Trang") {
+    return {
+        .id = PageConfigId::random(),
+        .accountId = account.id,
+        .pageToken = SecretText("token-of-" + pageId),
+        .pageId = PageId{pageId},
+        .pageName = name,
+        .createdAt = TimePoint(std::chrono::seconds(1'740'821'405)),
+    };
+}
 
 } // namespace tessaro::test

@@ -1,7 +1,6 @@
 #include "Services/AccountRoutes.h"
 
 #include "support/GraphWorld.h"
-#include "support/MainLoop.h"
 
 #include <gmock/gmock.h>
 

@@ -1,12 +1,14 @@
 #include "ViewModels/AccountsViewModel.h"
 
+#include "FileFault.h"
+
 #include "support/StoreWorld.h"
 
 #include <gmock/gmock.h>
 
 using namespace tessaro;
 using test::makeAccount;
-using testing::ElementsAre, testing::IsEmpty, testing::Optional;
+using testing::ElementsAre, testing::IsEmpty, testing::Optional, testing::SizeIs;
 
 namespace {
 
@@ -35,25 +37,19 @@ Account renamed(Account account, const std::string& name) {
 TEST_F(AccountsViewModelTest, AppendsSavesAndSelectsANewAccountAsGiven) {
     EXPECT_THAT(*model.accounts, ElementsAre(first, second));
     EXPECT_EQ(*model.selectedAccount, std::nullopt);
-    model.addAccount(
-        {.name = " ",
-         .proxyHost = " host ",
-         .proxyPort = 70000,
-         .proxyUsername = "user",
-         .proxyPassword = SecretText("password"),
-         .proxyEnabled = true});
+    const AccountDraft draft{" ", " host ", 70000, "user", SecretText("password"), true};
+    model.addAccount(draft);
     const Account added = model.accounts->back();
     EXPECT_THAT(*model.selectedAccount, Optional(added));
     ASSERT_THAT(stored(), ElementsAre(first, second, added));
     const Account written = stored().back();
-    EXPECT_EQ(written.name, " ");
+    EXPECT_EQ(
+        (AccountDraft{
+            written.name, written.proxyHost, written.proxyPort, written.proxyUsername,
+            written.proxyPassword, written.proxyEnabled}),
+        draft);
     EXPECT_EQ(written.deviceId, world.device.getDeviceUUID());
     EXPECT_EQ(written.deviceName, world.device.deviceName());
-    EXPECT_EQ(written.proxyHost, " host ");
-    EXPECT_EQ(written.proxyPort, 70000);
-    EXPECT_EQ(written.proxyUsername, "user");
-    EXPECT_EQ(written.proxyPassword, SecretText("password"));
-    EXPECT_TRUE(written.proxyEnabled);
     EXPECT_EQ(written.createdAt, world.clock.now());
 
     addNameless();
@@ -72,6 +68,18 @@ TEST_F(AccountsViewModelTest, UpdatesAnAccountAndTheSelectionThatIsACopyOfIt) {
     EXPECT_EQ(stored().at(1).name, "khác");
     model.updateAccount(makeAccount("lạ"));
     EXPECT_THAT(stored(), ElementsAre(first, second));
+}
+
+TEST_F(AccountsViewModelTest, ShowsWhatAFullDiskDidNotTakeAndSavesItWithTheNextChange) {
+    {
+        const test::FileFault full("write", ENOSPC);
+        addNameless();
+        EXPECT_TRUE(full.happened());
+    }
+    EXPECT_THAT(stored(), ElementsAre(first, second));
+    EXPECT_THAT(*model.accounts, SizeIs(3));
+    addNameless();
+    EXPECT_THAT(stored(), SizeIs(4));
 }
 
 TEST_F(AccountsViewModelTest, MovesALostSelectionToTheFirstAccountLeft) {

@@ -6,9 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <atomic>
-#include <functional>
-#include <mutex>
 
 using namespace tessaro;
 using test::MockBusService;
@@ -22,20 +19,13 @@ const std::string name = "org.freedesktop.Notifications";
 class DesktopNotifierTest : public testing::Test {
 protected:
     /// Answers like a notification service that supports markup.
-    MockBusService::Reply answer(const std::string& method, GDBusMessage* call) {
-        if (method.ends_with("GetCapabilities"))
-            return MockBusService::answer(call, "(['body-markup'],)");
-        if (method.ends_with("Notify") && keepsBack_) {
-            const std::lock_guard lock(mutex_);
-            kept_.push_back(MockBusService::Reply::share(call));
-            return {};
-        }
-        if (method.ends_with("Notify"))
-            return MockBusService::answer(call, g_variant_new("(u)", nextId_++));
-        return MockBusService::answer(call);
-    }
     MockBusService mock(const std::string& busName) {
-        return {bus_.address(), busName, std::bind_front(&DesktopNotifierTest::answer, this)};
+        return {bus_.address(), busName, [id = 7](const std::string& method) mutable {
+                    if (method.ends_with("Notify"))
+                        return "(uint32 " + std::to_string(id++) + ",)";
+                    return std::string(
+                        method.ends_with("GetCapabilities") ? "(['body-markup'],)" : "()");
+                }};
     }
     static void waitForCall(const MockBusService& mock, const std::string& wanted) {
         EXPECT_TRUE(runUntil([&] { return std::ranges::count(mock.calls(), wanted) == 1; }))
@@ -46,26 +36,18 @@ protected:
             clicks_.push_back(notification.id + token);
         });
     }
-    void waitForKept(std::size_t count) {
+    static void waitForShown(const MockBusService& mock, std::ptrdiff_t count) {
         EXPECT_TRUE(runUntil([&] {
-            const std::lock_guard lock(mutex_);
-            return kept_.size() == count;
+            return std::ranges::count_if(mock.calls(), [](const std::string& call) {
+                       return call.starts_with(name + ".Notify(");
+                   }) == count;
         }));
-    }
-    void answerKept(const MockBusService& mock) {
-        const std::lock_guard lock(mutex_);
-        for (const auto& call : std::exchange(kept_, {}))
-            mock.reply(MockBusService::answer(call.get(), g_variant_new("(u)", nextId_++)));
     }
     bool waitForClicks(const std::vector<std::string>& wanted) {
         return runUntil([&] { return clicks_ == wanted; });
     }
 
     const test::PrivateSessionBus bus_;
-    std::uint32_t nextId_ = 7;
-    std::atomic<bool> keepsBack_ = false; ///< While true, the service does not answer Notify.
-    std::mutex mutex_;
-    std::vector<MockBusService::Reply> kept_;
     std::vector<std::string> clicks_;
     std::optional<DesktopNotifier> notifier_{false};
 };
@@ -103,31 +85,31 @@ TEST_F(DesktopNotifierTest, ShowsPlainTextAndHearsOfItsOwnClicksAlone) {
 }
 
 TEST_F(DesktopNotifierTest, LeavesNothingBehindThatWasWithdrawnReplacedOrDismissedWhileBeingShown) {
-    keepsBack_ = true;
-    const auto service = mock(name);
+    auto service = mock(name);
+    service.hold("Notify");
     const std::string close = name + ".CloseNotification";
-    const auto emit = [&](const char* signal, const std::string& arguments) {
-        service.emit(path, name + "." + signal, arguments.c_str());
+    const auto emit = [&](const char* signal, const char* arguments) {
+        service.emit(path, name + "." + signal, arguments);
     };
     show({"a", "Mai", ""});
-    waitForKept(1);
+    waitForShown(service, 1);
     notifier_->withdraw("a");
-    answerKept(service);
+    service.answerHeld();
     waitForCall(service, close + "(7,)");
 
     show({"b", "Lan", "một"});
-    waitForKept(1);
+    waitForShown(service, 2);
     show({"b", "Lan", "hai"});
-    waitForKept(2);
-    answerKept(service);
+    waitForShown(service, 3);
+    service.answerHeld();
     waitForCall(service, close + "(8,)");
     emit("ActionInvoked", "(uint32 9, 'default')");
     EXPECT_TRUE(waitForClicks({"b"}));
 
     show({"b", "Lan", "ba"});
-    waitForKept(1);
+    waitForShown(service, 4);
     emit("NotificationClosed", "(uint32 9, uint32 2)");
-    answerKept(service);
+    service.answerHeld();
     // The answer has arrived when this call has, because a bus keeps the order.
     emit("ActionInvoked", "(uint32 10, 'default')");
     EXPECT_TRUE(waitForClicks({"b", "b"}));

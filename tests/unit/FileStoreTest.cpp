@@ -3,7 +3,7 @@
 #include "Platform/FileName.h"
 #include "support/StoreWorld.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <fstream>

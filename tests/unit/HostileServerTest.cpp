@@ -1,7 +1,6 @@
 #include "Services/SupportClient.h"
 #include "ViewModels/PagesViewModel.h"
 #include "support/GraphWorld.h"
-#include "support/LongestTurn.h"
 #include "support/Repeated.h"
 
 #include <gmock/gmock.h>

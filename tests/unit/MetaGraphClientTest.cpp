@@ -1,7 +1,6 @@
 #include "Services/MetaGraphClient.h"
 
 #include "support/GraphWorld.h"
-#include "support/MainLoop.h"
 
 #include <gmock/gmock.h>
 
@@ -139,7 +138,4 @@ TEST_F(MetaGraphClientTest, GoesThroughTheAccountsProxyOnlyWhenItIsOnAndComplete
     portless.proxyPort = 0;
     for (const auto& owner : {off, hostless, portless})
         EXPECT_EQ(ask(owner).value().name, "Directly");
-
-    proxy.answer(world.baseUrl + "/me", {407, "no!", {}});
-    EXPECT_EQ(errorOf(ask(account)), (Error{"MetaGraph", 407, "Lỗi kết nối (407)."}));
 }

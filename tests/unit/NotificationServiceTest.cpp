@@ -30,17 +30,11 @@ TEST(NotificationService, LogsWhatTheDesktopOrThePortalSaysOrThatThereIsNone) {
     const test::PrivateSessionBus bus;
     const std::string desktop = "org.freedesktop.Notifications";
     EXPECT_THAT(logAfterRequest(false), HasSubstr(refused + "The name " + desktop));
-    const MockBusService service(
-        bus.address(), desktop, [](const std::string& method, GDBusMessage* call) {
-            return MockBusService::answer(
-                call,
-                method.ends_with("GetCapabilities") ? "(['body'],)" : "('mock', 'us', '1', '1.2')");
-        });
+    const MockBusService service(bus.address(), desktop, [](const std::string& method) {
+        return method.ends_with("GetCapabilities") ? "(['body'],)" : "('mock', 'us', '1', '1.2')";
+    });
     const MockBusService portal(
-        bus.address(), "org.freedesktop.portal.Desktop",
-        [](const std::string&, GDBusMessage* call) {
-            return MockBusService::answer(call, "(<uint32 1>,)");
-        });
+        bus.address(), "org.freedesktop.portal.Desktop", [](auto&) { return "(<uint32 1>,)"; });
     EXPECT_THAT(logAfterRequest(false), EndsWith(granted));
     EXPECT_THAT(logAfterRequest(true), EndsWith(granted));
 }

@@ -1,10 +1,7 @@
 #include "ViewModels/PagesViewModel.h"
 
 #include "Platform/FileStore.h"
-#include "support/FakeGraph.h"
 #include "support/GraphWorld.h"
-#include "support/LongestTurn.h"
-#include "support/MainLoop.h"
 
 #include <gmock/gmock.h>
 
@@ -106,33 +103,6 @@ TEST_F(PagesViewModelTest, LogsAPictureThatCannotBeHadAndTriesAgainAtTheNextLoad
     EXPECT_THAT(stored(), ElementsAre(c, model->pages->back()));
 }
 
-TEST_F(PagesViewModelTest, AsksForAPictureThatIsOnItsWayAgainOnlyByAnotherWayOrToken) {
-    LoopbackServer proxy;
-    for (LoopbackServer* server : {&proxy, &world.server}) {
-        server->answer("*", {404, "", {}});
-        server->hold();
-    }
-    auto moved = account;
-    moved.proxyEnabled = true;
-    moved.proxyHost = "127.0.0.1";
-    moved.proxyPort = proxy.port();
-    world.store.saveAccounts({moved, other});
-    for (int load = 0; load < 3; ++load)
-        show({c});
-    EXPECT_TRUE(runUntil([&] { return proxy.requests().size() == 1; }));
-    world.store.saveAccounts({account, other});
-    for (int load = 0; load < 3; ++load)
-        show({c});
-    auto renewed = c;
-    renewed.pageToken = SecretText("another token");
-    show({renewed});
-    EXPECT_TRUE(runUntil([&] { return world.server.requests().size() == 2; }));
-    for (LoopbackServer* server : {&proxy, &world.server})
-        server->release();
-    EXPECT_TRUE(waitForLogged(3));
-    EXPECT_THAT(proxy.requests(), SizeIs(1));
-}
-
 TEST_F(PagesViewModelTest, AddsThePageThatTheTokenDescribesAndRefusesItTheSecondTime) {
     show({a, b});
     std::vector<bool> verifying;
@@ -174,16 +144,13 @@ TEST_F(PagesViewModelTest, ReportsAndLogsWhyATokenIsRefused) {
 }
 
 TEST_F(PagesViewModelTest, StoresALatePageUnderItsAccountAndShowsItUnderNoOther) {
-    FakeGraph graph;
-    graph.objects["page-token"] = {PageId{"9"}, "Trang Chín", std::nullopt};
-    model.emplace(world.store, world.logger, world.clock, graph.factory());
     const auto same = makePage(other, "9");
     show({same, a});
     const auto addDuring = [&](std::function<void()> work) {
-        graph.gate.shut();
+        world.server.hold("/v25.0/me");
         auto adding = model->addPage(SecretText("page-token"), account);
         work();
-        graph.gate.open();
+        world.server.release();
         return await(std::move(adding));
     };
     const auto showOther = [&] { model->loadPages(other.id); };

@@ -3,7 +3,7 @@
 #include "Platform/FileStore.h"
 #include "support/StoreWorld.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <sys/resource.h>
 
 #include <csignal>

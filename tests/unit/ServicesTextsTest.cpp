@@ -21,6 +21,7 @@ TEST(Endpoints, TheInboxSitesHostIsFoundInAddressesAsABrowserWritesThem) {
         {"inbox.example", "https://inbox.example/", false},
         {"", "https://inbox.example/", false},
     };
+    EXPECT_EQ(Endpoints{.inboxOrigin = "http://LocalHost:8080"}.inboxHost(), "localhost:8080");
     for (const auto& [origin, address, isNamed] : cases)
         EXPECT_EQ(Endpoints{.inboxOrigin = origin}.namesInboxHost(address), isNamed)
             << origin << " in " << address;

@@ -1,7 +1,6 @@
 #include "Platform/SettingsStore.h"
 
 #include "Platform/FileStore.h"
-#include "Services/Endpoints.h"
 #include "support/TempFolder.h"
 
 #include <gmock/gmock.h>
@@ -56,18 +55,4 @@ TEST_F(SettingsStoreTest, SetsAFileAsideThatItCannotReadAndSavesWhenThereIsNothi
     EXPECT_EQ(change([&] { std::filesystem::create_directory(file); }, [] {}), 2);
     EXPECT_EQ(change([] {}, [&] { put("[settings]\nkey=late\n"); }), 3);
     EXPECT_EQ(change([&] { put(damaged); }, [&] { std::filesystem::remove(file); }), 3);
-}
-
-TEST_F(SettingsStoreTest, GivesTheAddressesOrTheBuiltInOnes) {
-    SettingsStore settings(file);
-    EXPECT_EQ(Endpoints::fromSettings(settings).inboxHost(), "business.facebook.com");
-    settings.setText("graph_api_origin", "http://127.0.0.1:8080/");
-    settings.setText("inbox_origin", "http://LocalHost:8080");
-    settings.setText("skarn_server_url", "host/");
-    const auto own = Endpoints::fromSettings(settings);
-    EXPECT_EQ(own.graphBaseUrl(), "http://127.0.0.1:8080/v25.0");
-    EXPECT_EQ(own.inboxHost(), "localhost:8080");
-    EXPECT_EQ(own.supportServer, "host/");
-    settings.setText("inbox_origin", "nonsense");
-    EXPECT_EQ(Endpoints::fromSettings(settings).inboxHost(), "");
 }

@@ -14,10 +14,8 @@ class FakeAppearance final : public Appearance {
 public:
     bool ready = true;
     bool desktopIsDark = false;
-    std::vector<Window> windows;
 
     std::optional<ColorScheme> applicationScheme; ///< Empty until one is set.
-    std::vector<ColorScheme> windowSchemes;       ///< In the order of the calls.
 
     void becomeReady() {
         ready = true;
@@ -32,8 +30,8 @@ public:
     bool isReady() const override { return ready; }
     void whenReady(std::function<void()> action) override { waiting_.push_back(std::move(action)); }
     void setApplicationScheme(ColorScheme scheme) override { applicationScheme = scheme; }
-    void setWindowScheme(Window, ColorScheme scheme) override { windowSchemes.push_back(scheme); }
-    std::vector<Window> openWindows() const override { return windows; }
+    void setWindowScheme(Window, ColorScheme) override {}
+    std::vector<Window> openWindows() const override { return {}; }
     bool isEffectivelyDark() const override {
         const bool isForced = applicationScheme && applicationScheme != ColorScheme::system;
         return isForced ? applicationScheme == ColorScheme::dark : desktopIsDark;

@@ -46,11 +46,14 @@ public:
     std::vector<std::string> copied;
 };
 
-/// Everything that a screen is made with, in private folders.
+/// Everything that a screen is made with, in private folders. Nobody listens at the addresses of
+/// the Graph API and of the inbox site until a test puts a server there.
 struct ScreenWorld : StoreWorld {
     /// @param itsEngine  null for `fakeEngine`
     explicit ScreenWorld(EngineLoader* itsEngine = nullptr)
-        : engine(itsEngine ? *itsEngine : fakeLoader) {}
+        : engine(itsEngine ? *itsEngine : fakeLoader) {
+        endpoints.graphApiOrigin = endpoints.inboxOrigin = "http://127.0.0.1:9";
+    }
 
     FakeEngine fakeEngine;
     EngineLoader fakeLoader{fakeEngine};
@@ -62,12 +65,16 @@ struct ScreenWorld : StoreWorld {
     AccountRoutes routes;
     ImageLoader images{store, notifications, routes};
     Endpoints endpoints = Endpoints::fromSettings(settings);
+    GraphClientFactory makeGraphClient = [this](SecretText token, std::optional<Account> account) {
+        return std::make_shared<MetaGraphClient>(
+            endpoints.graphBaseUrl(), std::move(token), account, routes);
+    };
     ScreenContext context = contextOn(clock);
 
     /// The context with another clock.
     ScreenContext contextOn(Clock& itsClock) {
         return {theme,  notifications, settings, itsClock, desktop,   engine,
-                modals, store,         device,   images,   endpoints, {}};
+                modals, store,         device,   images,   endpoints, makeGraphClient};
     }
 };
 

@@ -2,14 +2,13 @@
 
 #include "Platform/GHandle.h"
 
-#include <cairomm/surface.h>
 #include <gdkmm/rgba.h>
 #include <gtkmm/widget.h>
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace tessaro::test {
 
@@ -17,33 +16,29 @@ namespace tessaro::test {
 class WidgetPicture {
 public:
     explicit WidgetPicture(Gtk::Widget& widget)
-        : surface_(Cairo::ImageSurface::create(
-              Cairo::Surface::Format::ARGB32, std::max(1, widget.get_width()),
-              std::max(1, widget.get_height()))) {
+        : width_(widget.get_width()),
+          height_(widget.get_height()),
+          pixels_(std::size_t(width_) * std::size_t(height_)) {
         const auto paintable =
             GObjectPtr<GdkPaintable>::adopt(gtk_widget_paintable_new(widget.gobj()));
         GtkSnapshot* snapshot = gtk_snapshot_new();
-        gdk_paintable_snapshot(paintable.get(), snapshot, widget.get_width(), widget.get_height());
+        gdk_paintable_snapshot(paintable.get(), snapshot, width_, height_);
         const std::unique_ptr<GskRenderNode, Releaser<gsk_render_node_unref>> node(
             gtk_snapshot_free_to_node(snapshot));
         if (!node)
             return; // Nothing was drawn yet.
-        const graphene_rect_t bounds = GRAPHENE_RECT_INIT(
-            0, 0, static_cast<float>(surface_->get_width()),
-            static_cast<float>(surface_->get_height()));
+        const graphene_rect_t bounds = GRAPHENE_RECT_INIT(0, 0, float(width_), float(height_));
         const auto texture = GObjectPtr<GdkTexture>::adopt(gsk_renderer_render_texture(
             gtk_native_get_renderer(gtk_widget_get_native(widget.gobj())), node.get(), &bounds));
         gdk_texture_download(
-            texture.get(), surface_->get_data(), static_cast<gsize>(surface_->get_stride()));
-        surface_->mark_dirty();
+            texture.get(), reinterpret_cast<guchar*>(pixels_.data()), std::size_t(width_) * 4);
     }
 
     /// The pixel at that point of the widget; transparent outside of it.
     Gdk::RGBA at(double x, double y) const {
-        if (x < 0 || y < 0 || x >= surface_->get_width() || y >= surface_->get_height())
+        if (x < 0 || y < 0 || x >= width_ || y >= height_)
             return {0, 0, 0, 0};
-        const auto* row = surface_->get_data() + static_cast<int>(y) * surface_->get_stride();
-        const auto pixel = reinterpret_cast<const std::uint32_t*>(row)[static_cast<int>(x)];
+        const auto pixel = pixels_[std::size_t(y) * std::size_t(width_) + std::size_t(x)];
         const float alpha = float(pixel >> 24) / 255;
         const auto component = [&](int shift) {
             return alpha > 0 ? float((pixel >> shift) & 0xFF) / 255 / alpha : 0;
@@ -52,7 +47,8 @@ public:
     }
 
 private:
-    Cairo::RefPtr<Cairo::ImageSurface> surface_;
+    const int width_, height_;
+    std::vector<std::uint32_t> pixels_; ///< Alpha, red, green, blue, from the highest byte on.
 };
 
 /// Whether two colours are the same to the eye: no component, weighted by opacity,

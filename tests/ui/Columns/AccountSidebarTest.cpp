@@ -56,21 +56,6 @@ TEST_F(AccountSidebarTest, DrawsInitialsTheProxysDotAndTheSelectionInTheAccent) 
     }
 }
 
-TEST_F(AccountSidebarTest, HasATooltipOnlyForANameThatShows) {
-    show({makeAccount("Mai"), makeAccount(""), makeAccount(" ")});
-    const auto hasTooltip = [&](const std::string& name) {
-        const auto tooltip =
-            GObjectPtr<GObject>::adopt(G_OBJECT(g_object_new(GTK_TYPE_TOOLTIP, nullptr)));
-        gboolean shown = FALSE;
-        g_signal_emit_by_name(
-            button(name).gobj(), "query-tooltip", 1, 1, FALSE, tooltip.get(), &shown);
-        return shown == TRUE;
-    };
-    EXPECT_TRUE(hasTooltip("Mai"));
-    EXPECT_FALSE(hasTooltip("?"));
-    EXPECT_FALSE(hasTooltip(" "));
-}
-
 TEST_F(AccountSidebarTest, TheMenuLeadsToEditingAndDeleting) {
     const Account first = makeAccount("Một"), second = makeAccount("Hai");
     show({first, second});

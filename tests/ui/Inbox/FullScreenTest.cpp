@@ -6,7 +6,6 @@
 #include "Views/Shell/FooterBar.h"
 #include "support/Gtk/Keyboard.h"
 
-#include <gtest/gtest.h>
 #include <gtkmm/separator.h>
 
 #include <csignal>

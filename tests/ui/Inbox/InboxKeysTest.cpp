@@ -1,11 +1,8 @@
 #include "ui/Inbox/InboxScreen.h"
 
-#include "Views/Inbox/FindBar.h"
 #include "Views/Shell/InfoWindow.h"
 #include "support/Gtk/Keyboard.h"
 #include "support/Gtk/TestScreen.h"
-
-#include <gtest/gtest.h>
 
 namespace tessaro::test {
 namespace {

@@ -27,7 +27,6 @@ InboxScreen::~InboxScreen() {
 }
 
 void InboxScreen::SetUp() {
-    world.browserContext.makeGraphClient = graph.factory();
     world.store.saveAccounts({account});
     world.store.savePages(
         {makePage(account, DemoWorld::flowers), makePage(account, DemoWorld::coffee),

@@ -6,10 +6,7 @@
 #include "Views/Inbox/FindBar.h"
 #include "Views/Shell/MainSplitView.h"
 #include "Views/Shell/MainWindow.h"
-#include "support/FakeGraph.h"
 #include "support/Gtk/Widgets.h"
-
-#include <gtest/gtest.h>
 
 namespace tessaro::test {
 
@@ -34,7 +31,6 @@ protected:
     std::string selectedPage();
 
     DemoWorld world;
-    FakeGraph graph;
     SupportClient support{world.settings, "http://127.0.0.1:9", world.device, world.logger, {}};
     const Account account = makeAccount();
     MainWindow window;

@@ -1,8 +1,8 @@
 #include "ui/Inbox/InboxWorld.h"
 
+#include "Views/Widgets/InboxCommands.h"
 #include "support/Gtk/Pointer.h"
 
-#include <gtest/gtest.h>
 #include <webkit/webkit.h>
 
 #include <optional>
@@ -14,6 +14,9 @@ InboxWorld::InboxWorld(Time time)
     : ScreenWorld(&realEngine()),
       browserContext(
           contextOn(time == Time::passes ? static_cast<Clock&>(SystemClock::shared()) : clock)) {
+    counted_ = notifications.observe(unreadCountChanged, [this](const Announcement& posted) {
+        unreadCount = posted.userInfo.at("count");
+    });
     endpoints.inboxOrigin = server.origin();
     server.answer(inboxPath, page("<title>inbox</title><p>inbox"));
     for (LoopbackServer* each : {&server, &otherServer})

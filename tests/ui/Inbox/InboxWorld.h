@@ -10,6 +10,7 @@
 #include "support/LoopbackServer.h"
 #include "support/MainLoop.h"
 
+#include <gtest/gtest.h>
 #include <gtkmm/window.h>
 
 #include <memory>
@@ -26,6 +27,7 @@ struct InboxWorld : ScreenWorld {
     LoopbackServer server;
     LoopbackServer otherServer; ///< For the browser this is another site.
     ScreenContext browserContext;
+    std::string unreadCount; ///< As it was announced last.
     WebSession* session = &newSession();
 
     /// Another world over the same files, as after a new start of the program.
@@ -33,6 +35,9 @@ struct InboxWorld : ScreenWorld {
     static LoopbackServer::Answer page(const std::string& body);
 
     static constexpr const char* inboxPath = "/latest/inbox/all";
+
+private:
+    ScopedConnection counted_;
 };
 
 /// The same with the demo server as the inbox site.

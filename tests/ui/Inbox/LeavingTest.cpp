@@ -2,8 +2,6 @@
 
 #include "support/Gtk/Keyboard.h"
 
-#include <gtest/gtest.h>
-
 namespace tessaro::test {
 namespace {
 

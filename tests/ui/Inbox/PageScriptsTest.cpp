@@ -2,8 +2,6 @@
 
 #include "Views/Widgets/InboxCommands.h"
 
-#include <gtest/gtest.h>
-
 namespace tessaro::test {
 namespace {
 
@@ -88,20 +86,14 @@ TEST(PageScripts, DarkStyleFollowsTheThemeWithoutAReload) {
     EXPECT_EQ(styleOf(browser, "html", "filter"), "none");
 }
 
-TEST(PageScripts, HiderRunsAgainAtFiveMomentsAndReplacesWhatItLeft) {
+TEST(PageScripts, HiderRunsAgainForTenSecondsAndReplacesWhatItLeft) {
     InboxWorld world(InboxWorld::Time::standsStill);
     InboxBrowser browser(world);
-    ASSERT_EQ(browser.ask(hiderCount), "1");
-    auto passed = 0ms;
-    for (const auto moment : {500ms, 1500ms, 3000ms, 6000ms, 10000ms}) {
-        SCOPED_TRACE(moment.count());
+    for (const auto passed : {500ms, 9500ms}) {
         browser.ask("document.querySelector('#__tsr_topbar_hide').className = 'old'");
-        world.clock.advance(moment - passed - 1ms);
-        EXPECT_EQ(browser.ask("document.querySelectorAll('.old').length"), "1");
-        world.clock.advance(1ms);
+        world.clock.advance(passed);
         EXPECT_EQ(browser.ask("document.querySelectorAll('.old').length"), "0");
         EXPECT_EQ(browser.ask(hiderCount), "1");
-        passed = moment;
     }
     EXPECT_EQ(world.clock.pending(), 0U);
 }

@@ -2,8 +2,6 @@
 
 #include "Views/Widgets/InboxCommands.h"
 
-#include <gtest/gtest.h>
-
 namespace tessaro::test {
 namespace {
 

@@ -1,7 +1,5 @@
 #include "ui/Inbox/InboxWorld.h"
 
-#include <gtest/gtest.h>
-
 namespace tessaro::test {
 namespace {
 

@@ -11,17 +11,19 @@
 #include <gtest/gtest.h>
 #include <gtkmm/spinner.h>
 #include <gtkmm/viewport.h>
+#include <nlohmann/json.hpp>
 
 using namespace tessaro;
 using namespace tessaro::test;
 
 namespace {
 
-/// The sheet for one account. The test decides when the Graph API answers.
+/// The sheet for one account. The test decides what the Graph API answers, and when.
 class AddPageSheetTest : public testing::Test {
 protected:
     AddPageSheetTest() {
-        screen_.graph.objects["page"] = PageInfo{PageId{"4"}, "Cúc", std::nullopt};
+        screen_.endpoints.graphApiOrigin = graph_.origin();
+        describe("4", "Cúc");
         screen_.store.saveAccounts({account_});
         pagesVM_.loadPages(account_.id);
         open();
@@ -50,24 +52,33 @@ protected:
             return label && isWithin(*label, *widgetsOf<Gtk::Viewport>(*sheet_).at(0));
         });
     }
-    /// Makes it the token of a user who manages that many Pages. Their names are their numbers.
-    void manage(const std::string& token, int count) {
+    /// Every token is that Page's, except where manage() says otherwise.
+    void describe(const std::string& id, const std::string& name) {
+        graph_.answer("/v25.0/me", R"({"id":")" + id + R"(","name":")" + name + R"("})");
+    }
+    /// Every token is that of a user who manages that many Pages. Their names are their numbers.
+    void manage(int count) {
+        auto pages = nlohmann::json::array();
         for (int i = 1; i <= count; ++i) {
             const auto name = std::to_string(i);
-            screen_.graph.objects["of " + name] = PageInfo{PageId{name}, name, std::nullopt};
-            screen_.graph.managed[token].push_back(
-                {PageId{name}, name, SecretText("of " + name), std::nullopt});
+            pages.push_back({{"id", name}, {"name", name}, {"access_token", "of " + name}});
         }
+        graph_.answer("/v25.0/me/accounts", nlohmann::json{{"data", pages}}.dump());
     }
-    void verifyToken(const std::string& token) {
-        paste(token);
+    void verifyToken() {
+        paste("a token");
         press(*sheet_, "Xác minh Token");
+        EXPECT_TRUE(waitForEnd(verify()));
         TestScreen::settle(*sheet_);
     }
+    static bool waitForEnd(Gtk::Button& of) {
+        return runUntil([&] { return !isSpinning(of); });
+    }
 
+    LoopbackServer graph_;
     TestScreen screen_;
     Account account_ = makeAccount();
-    PagesViewModel pagesVM_{screen_.store, screen_.logger, screen_.clock, screen_.graph.factory()};
+    PagesViewModel pagesVM_{screen_.store, screen_.logger, screen_.clock, screen_.makeGraphClient};
     std::unique_ptr<AddPageSheet> sheet_;
     int dismissed_ = 0;
 };
@@ -78,17 +89,17 @@ TEST_F(AddPageSheetTest, VerifiesATokenThatIsMoreThanBlanksAndWaitsForTheAnswer)
     EXPECT_FALSE(verify().is_sensitive());
     paste(" \n\t ");
     EXPECT_FALSE(verify().is_sensitive());
-    verifyToken("page");
+    verifyToken();
     EXPECT_TRUE(showsText(*sheet_, "ID: 4"));
     EXPECT_TRUE(canAdd());
-    screen_.graph.gate.shut();
-    verifyToken("page");
+    graph_.hold();
+    press(*sheet_, "Xác minh Token");
     EXPECT_TRUE(isSpinning(verify()));
     EXPECT_FALSE(verify().is_sensitive());
     EXPECT_FALSE(canAdd()) << "The earlier result is gone.";
     EXPECT_TRUE(runUntil([this] { return !showsText(*sheet_, "ID: 4"); }));
-    screen_.graph.gate.open();
-    EXPECT_FALSE(isSpinning(verify()));
+    graph_.release();
+    EXPECT_TRUE(waitForEnd(verify()));
     EXPECT_TRUE(verify().is_sensitive());
     EXPECT_TRUE(canAdd());
 }
@@ -103,14 +114,9 @@ TEST_F(AddPageSheetTest, ShowsThePicturesOfPagesByTheAccountsProxyEachOnce) {
     account_.proxyHost = "127.0.0.1";
     account_.proxyPort = proxy.port();
     screen_.store.saveAccounts({account_});
-    screen_.context.makeGraphClient = [this](SecretText token, std::optional<Account> account) {
-        return std::make_shared<MetaGraphClient>(
-            "http://graph.example/v25.0", std::move(token), account, screen_.routes);
-    };
+    screen_.endpoints.graphApiOrigin = "http://graph.example";
     open();
-    verifyToken("a user token");
-    ASSERT_TRUE(runUntil([this] { return find(*sheet_, "Mai") != nullptr; }));
-    TestScreen::settle(*sheet_);
+    verifyToken();
     const auto pictures = [this] { return widgetsOf<SafeAvatarView>(*sheet_); };
     const auto isBlue = [&](std::size_t index) {
         return runUntil([&] {
@@ -126,7 +132,7 @@ TEST_F(AddPageSheetTest, ShowsThePicturesOfPagesByTheAccountsProxyEachOnce) {
 }
 
 TEST_F(AddPageSheetTest, TabLeavesTheTokenAndEscapeTheSheet) {
-    paste("page");
+    paste("a token");
     editor().grab_focus();
     Keyboard::press(GDK_KEY_Escape);
     EXPECT_TRUE(runUntil([this] { return dismissed_ == 1; }));
@@ -135,8 +141,9 @@ TEST_F(AddPageSheetTest, TabLeavesTheTokenAndEscapeTheSheet) {
 }
 
 TEST_F(AddPageSheetTest, ReturnVerifiesThenPicksAndThenAddsWhatIsPicked) {
-    manage("user", 3);
-    paste("user");
+    manage(3);
+    describe("2", "2");
+    paste("a token");
     editor().grab_focus();
     Keyboard::press(GDK_KEY_Return);
     ASSERT_TRUE(runUntil([this] { return find<Gtk::Button>(*sheet_, "1"); }));
@@ -162,47 +169,49 @@ TEST_F(AddPageSheetTest, ReturnVerifiesThenPicksAndThenAddsWhatIsPicked) {
 }
 
 TEST_F(AddPageSheetTest, TheFocusGoesToWhatComesNextUnlessThePersonHasMovedIt) {
-    manage("one", 1);
-    const std::pair<const char*, std::function<Gtk::Widget&()>> next[] = {
-        {"page", [this]() -> Gtk::Widget& { return add(); }},
-        {"one", [this]() -> Gtk::Widget& { return add(); }},
-        {"refused", [this]() -> Gtk::Widget& { return editor(); }},
-    };
-    const auto startVerifying = [this](const std::string& token) {
-        paste(token);
-        screen_.graph.gate.shut();
+    const auto startVerifying = [this] {
+        paste("a token");
+        graph_.hold("/v25.0/me/accounts");
         Pointer::click(verify());
         EXPECT_TRUE(runUntil([this] { return isSpinning(verify()); }));
     };
-    for (const auto& [token, widget] : next) {
-        startVerifying(token);
-        screen_.graph.gate.open();
-        EXPECT_TRUE(getsFocus(widget())) << token;
+    const std::pair<std::function<void()>, std::function<Gtk::Widget&()>> next[] = {
+        {[this] { manage(0); }, [this]() -> Gtk::Widget& { return add(); }},
+        {[this] { manage(1); }, [this]() -> Gtk::Widget& { return add(); }},
+        {[this] { graph_.answer("/v25.0/me/accounts", ""), graph_.answer("/v25.0/me", ""); },
+         [this]() -> Gtk::Widget& { return editor(); }},
+    };
+    for (const auto& [answer, widget] : next) {
+        answer();
+        startVerifying();
+        graph_.release();
+        EXPECT_TRUE(getsFocus(widget()));
     }
-    startVerifying("page");
+    manage(1);
+    startVerifying();
     button("Hủy").grab_focus();
-    screen_.graph.gate.open();
+    graph_.release();
+    EXPECT_TRUE(waitForEnd(verify()));
     TestScreen::settle(*sheet_);
     EXPECT_TRUE(button("Hủy").has_focus());
 }
 
 TEST_F(AddPageSheetTest, ShowsThePickedPageTheWorkOfAddingAndWhatWentWrong) {
-    manage("user", 30);
-    verifyToken("user");
+    manage(30);
+    verifyToken();
     Pointer::click(button("2"));
     EXPECT_TRUE(isInView("Page đã chọn — sẽ dùng Page Access Token"));
     TestScreen::settle(*sheet_);
-    screen_.graph.gate.shut();
-    const auto asked = screen_.graph.asked.size();
+    graph_.answer("/v25.0/me", {400, R"({"error":{"message":"Token không hợp lệ."}})", {}});
+    graph_.hold("/v25.0/me");
     for (int time = 1; time <= 2; ++time) {
         Pointer::click(add());
         EXPECT_TRUE(runUntil([this] { return isSpinning(add()); }));
         EXPECT_FALSE(canAdd());
     }
-    screen_.graph.objects.clear();
-    screen_.graph.gate.open();
+    graph_.release();
     EXPECT_TRUE(isInView("Token không hợp lệ."));
     EXPECT_TRUE(getsFocus(add()));
     EXPECT_FALSE(isSpinning(add()));
-    EXPECT_EQ(screen_.graph.asked.size(), asked + 1);
+    EXPECT_EQ(graph_.requestCount("/v25.0/me"), 1u);
 }

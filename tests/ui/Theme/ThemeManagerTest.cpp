@@ -5,11 +5,10 @@
 #include "support/ManualClock.h"
 #include "support/TempFolder.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 using namespace tessaro;
 using namespace std::chrono_literals;
-using testing::ElementsAre;
 
 namespace {
 
@@ -42,23 +41,6 @@ TEST_F(ThemeManagerTest, StartsAutomaticInEmeraldAndKeepsBothChoicesAcrossRuns) 
     EXPECT_EQ(next.appearanceMode(), "dark");
     EXPECT_EQ(next.activePreset().id, "gold");
     EXPECT_EQ(appearance_.applicationScheme, ColorScheme::dark);
-}
-
-TEST_F(ThemeManagerTest, RunsEveryStepAlsoForTheModeItHas) {
-    auto theme = make();
-    appearance_.windows = {nullptr, nullptr};
-    int heard = 0;
-    const auto observing = theme.observe([&] { ++heard; });
-    for (int time = 1; time <= 2; ++time) {
-        const Uuid trigger = theme.themeUpdateTrigger();
-        appearance_.applicationScheme = {};
-        appearance_.windowSchemes.clear();
-        theme.setAppearanceMode("dark");
-        EXPECT_EQ(appearance_.applicationScheme, ColorScheme::dark);
-        EXPECT_THAT(appearance_.windowSchemes, ElementsAre(ColorScheme::dark, ColorScheme::dark));
-        EXPECT_NE(theme.themeUpdateTrigger(), trigger);
-        EXPECT_EQ(heard, time);
-    }
 }
 
 TEST_F(ThemeManagerTest, TogglesToTheOppositeOfWhatIsOnScreenAndTellsTheInboxATenthLater) {
