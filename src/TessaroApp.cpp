@@ -5,12 +5,10 @@
 #include "Platform/FileStore.h"
 #include "Platform/Gtk/GtkDesktop.h"
 #include "Platform/Paths.h"
-#include "Services/NotificationService.h"
 #include "Views/Shell/ContentView.h"
 #include "Views/Shell/GtkModals.h"
 #include "Views/Shell/MainWindow.h"
 #include "Views/Shell/Resources.h"
-#include "Views/Shell/UpdateCheck.h"
 #include "Views/Theme/ThemeStyle.h"
 #include "Views/Widgets/Accessible.h"
 
@@ -61,12 +59,13 @@ private:
 struct TessaroApp::Scene {
     Scene(const Glib::RefPtr<Gtk::Application>& application, ThemeManager& theme)
         : themeStyle(theme),
-          window(application, NotificationCenter::shared(), engine),
+          window(application, NotificationCenter::shared(), inbox, engine),
           modals(window),
           endpoints(Endpoints::fromSettings(SettingsStore::shared())),
           context{
               .theme = theme,
               .notifications = NotificationCenter::shared(),
+              .inbox = inbox,
               .settings = SettingsStore::shared(),
               .clock = SystemClock::shared(),
               .desktop = desktop,
@@ -82,19 +81,17 @@ struct TessaroApp::Scene {
                           endpoints.graphBaseUrl(), std::move(token), account, routes);
                   },
           },
-          updateCheck(SupportClient::shared(), AppLogger::shared(), modals, desktop),
-          content(context, AppLogger::shared(), SupportClient::shared()) {
-        content.signal_map().connect([this] {
-            updateCheck.checkForUpdates();
-            NotificationService::shared().requestPermission();
-        });
+          content(
+              context, AppLogger::shared(), SupportClient::shared(),
+              NotificationService::shared()) {
         window.set_child(content);
         window.askBeforeClosing = [this](std::function<void(bool)> answered) {
-            content.requestLeave(std::move(answered));
+            content.inbox().requestLeave(std::move(answered));
         };
     }
 
     ThemeStyle themeStyle;
+    InboxSignals inbox;
     GtkDesktop desktop;
     EngineLoader engine{[] { return loadEngine(engineModule()); }};
     MainWindow window;
@@ -103,7 +100,6 @@ struct TessaroApp::Scene {
     ImageLoader images{DataStore::shared(), NotificationCenter::shared(), routes};
     const Endpoints endpoints;
     const ScreenContext context;
-    UpdateCheck updateCheck;
     ContentView content;
 };
 

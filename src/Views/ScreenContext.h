@@ -12,6 +12,7 @@
 #include "Views/Modals.h"
 #include "Views/Pictures/ImageLoader.h"
 #include "Views/Theme/ThemeManager.h"
+#include "Views/Widgets/InboxCommands.h"
 
 namespace tessaro {
 
@@ -20,6 +21,7 @@ namespace tessaro {
 struct ScreenContext {
     ThemeManager& theme;
     NotificationCenter& notifications;
+    InboxSignals& inbox;
     SettingsStore& settings;
     Clock& clock;
     Desktop& desktop;

@@ -2,7 +2,7 @@
 #include "Services/LogExcerpt.h"
 #include "Services/TokenRedaction.h"
 #include "Services/VersionComparison.h"
-#include "ViewModels/TitleCount.h"
+#include "ViewModels/UnreadCount.h"
 #include "support/Repeated.h"
 
 #include <gtest/gtest.h>
@@ -49,16 +49,16 @@ TEST(VersionComparison, ComparesNumberByNumber) {
         EXPECT_EQ(isNewerVersion(latest, current), newer) << latest << " after " << current;
 }
 
-TEST(TitleCount, IsANumberInBracketsAtTheHeadAndNothingElse) {
-    EXPECT_EQ(countAtHead("(3) Hộp thư"), "3");
-    EXPECT_EQ(countAtHead("\u00A0(12)"), "12");
-    EXPECT_EQ(countAtHead("(20+) Hộp thư"), "20+");
-    EXPECT_EQ(countAtHead("(3) " + std::string(100'000, ')')), "3");
+TEST(UnreadCount, IsANumberInBracketsAtTheHeadAndNothingElse) {
+    EXPECT_EQ(UnreadCount::atHead("(3) Hộp thư").text(), "3");
+    EXPECT_EQ(UnreadCount::atHead("\u00A0(12)").text(), "12");
+    EXPECT_EQ(UnreadCount::atHead("(20+) Hộp thư").text(), "20+");
+    EXPECT_EQ(UnreadCount::atHead("(3) " + std::string(100'000, ')')).text(), "3");
     for (const char* title :
          {"", "(", "()", "(+)", "(0) Hộp thư", "(03)", "(-1) Nợ", "(3", "3) Hộp thư", "(3 4)",
           "(ba) Hộp thư", "Hộp thư (3)", "(1234567) Mã đơn", "(84)912345678", "(3+1) Khuyến mãi",
           "\xff(3)"})
-        EXPECT_EQ(countAtHead(title), "") << title;
+        EXPECT_EQ(UnreadCount::atHead(title).text(), "") << title;
 }
 
 static constexpr const char* marker = "[...truncated...]\n";

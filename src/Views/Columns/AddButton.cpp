@@ -19,8 +19,7 @@ AddButton::AddButton(Shape shape, const Glib::ustring& tooltip)
          "secondary-text"});
     set_size_request(side, side);
     set_halign(Gtk::Align::CENTER);
-    set_tooltip_text(tooltip);
-    accessible::setName(*this, tooltip);
+    accessible::setTooltip(*this, tooltip);
     set_child(*Gtk::make_managed<Symbol>("plus", 14));
 }
 

@@ -1,10 +1,10 @@
 #include "Views/Columns/Column.h"
 
 #include "Views/Widgets/Accessible.h"
+#include "Views/Widgets/Keys.h"
 
 #include <giomm/menu.h>
 #include <giomm/simpleactiongroup.h>
-#include <gtkmm/eventcontrollerkey.h>
 #include <gtkmm/gestureclick.h>
 #include <gtkmm/root.h>
 
@@ -40,15 +40,8 @@ Column::Column(const Glib::ustring& name)
     menu_.set_has_arrow(false);
     menu_.set_position(Gtk::PositionType::RIGHT);
 
-    auto keys = Gtk::EventControllerKey::create();
-    keys->set_propagation_phase(Gtk::PropagationPhase::CAPTURE);
-    keys->signal_key_pressed().connect(
-        [this](guint key, guint, Gdk::ModifierType modifiers) {
-            return onKeyPressed(key, modifiers);
-        },
-        false);
     // On the scroller, because the open menu needs the keys for itself.
-    scroller_.add_controller(keys);
+    addKeys(scroller_, Gtk::PropagationPhase::CAPTURE, sigc::mem_fun(*this, &Column::onKeyPressed));
 
     auto secondary = Gtk::GestureClick::create();
     secondary->set_button(GDK_BUTTON_SECONDARY);
@@ -62,7 +55,7 @@ Column::~Column() {
     menu_.unparent();
 }
 
-bool Column::onKeyPressed(guint key, Gdk::ModifierType modifiers) {
+bool Column::onKeyPressed(guint key, guint, Gdk::ModifierType modifiers) {
     using Gdk::ModifierType;
     const auto held = modifiers & (ModifierType::SHIFT_MASK | ModifierType::CONTROL_MASK |
                                    ModifierType::ALT_MASK);

@@ -39,7 +39,7 @@ protected:
     Gtk::SignalListItemFactory& factory() { return *factory_; }
 
 private:
-    bool onKeyPressed(guint key, Gdk::ModifierType modifiers);
+    bool onKeyPressed(guint key, guint code, Gdk::ModifierType modifiers);
     bool openMenuOf(Gtk::Widget* widget);
 
     Glib::RefPtr<Gtk::SignalListItemFactory> factory_ = Gtk::SignalListItemFactory::create();

@@ -4,17 +4,14 @@ namespace tessaro {
 
 namespace {
 
-/// The count, cut to what fits on the button. The site may write "20+".
-std::string shortened(const std::string& count) {
-    return std::stoul(count) > 99 ? "99+" : count; // Reads only the digits.
-}
+constexpr int greatestCount = 99; ///< That fits on the button.
 
 } // namespace
 
-PageButton::PageButton(const ScreenContext& context, const tessaro::Property<std::string>& unread)
+PageButton::PageButton(const ScreenContext& context)
     : RecordButton("square"),
       graphBaseUrl_(context.endpoints.graphBaseUrl()),
-      unread_(unread),
+      unread_(context.inbox.unread),
       avatar_(context.images, context.theme, AddButton::side, AvatarShape::roundedRectangle(8)) {
     avatar_.add_css_class("page-face");
     face().set_child(avatar_);
@@ -23,7 +20,7 @@ PageButton::PageButton(const ScreenContext& context, const tessaro::Property<std
     count_.set_valign(Gtk::Align::START);
     accessible::hide(count_);
     face().add_overlay(count_);
-    unreadChanged_ = unread.observe([this] { showUnread(); });
+    unreadChanged_ = unread_.observe([this] { showUnread(); });
 }
 
 void PageButton::show(const PageConfig& page) {
@@ -45,9 +42,9 @@ void PageButton::setSelected(bool selected) {
 }
 
 void PageButton::showUnread() {
-    const std::string count = has_css_class("selected") ? *unread_ : "";
+    const std::string count = has_css_class("selected") ? unread_->text() : "";
     count_.set_visible(!count.empty());
-    count_.set_text(count.empty() ? "" : shortened(count));
+    count_.set_text(unread_->number > greatestCount ? "99+" : count);
     accessible::setName(*this, count.empty() ? name_ : name_ + ", " + count + " chưa đọc");
 }
 

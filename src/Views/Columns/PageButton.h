@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Models/PageConfig.h"
-#include "Platform/Property.h"
 #include "Views/Columns/RecordColumn.h"
 #include "Views/Pictures/SafeAvatarView.h"
 #include "Views/ScreenContext.h"
@@ -14,8 +13,7 @@ namespace tessaro {
 /// selected Page also has an outline and shows its unread count.
 class PageButton : public RecordButton<PageConfig> {
 public:
-    /// @param unread  the count for the selected Page, empty for none; outlives this
-    PageButton(const ScreenContext& context, const tessaro::Property<std::string>& unread);
+    explicit PageButton(const ScreenContext& context);
 
     void show(const PageConfig& page) override;
     void setSelected(bool selected) override;
@@ -24,7 +22,7 @@ private:
     void showUnread();
 
     const std::string graphBaseUrl_;
-    const tessaro::Property<std::string>& unread_;
+    const tessaro::Property<UnreadCount>& unread_;
     std::string name_;
     SafeAvatarView avatar_;
     Gtk::Label count_;

@@ -2,7 +2,8 @@
 
 #include "Views/Columns/PageButton.h"
 #include "Views/Sheets/AddPageSheet.h"
-#include "Views/Widgets/InboxCommands.h"
+
+#include <utility>
 
 namespace tessaro {
 
@@ -24,24 +25,15 @@ PageListView::PageListView(const ScreenContext& context, PagesViewModel& pagesVM
     connections_.push_back(pagesVM_.pages.observe([this] { column_.setRecords(*pagesVM_.pages); }));
     connections_.push_back(pagesVM_.selectedPage.observe([this] { showSelection(); }));
     connections_.push_back(
-        context_.notifications.observe(unreadCountChanged, [this](const Announcement& posted) {
-            unread_.set(posted.userInfo.at("count"));
-        }));
-    connections_.push_back(
-        context_.notifications.observe(choosePage, [this](const Announcement& posted) {
-            // Position 0 wraps round to an index beyond the last Page, which selects nothing.
-            selectAt(std::stoul(posted.userInfo.at("position")) - 1);
-        }));
+        context_.inbox.choosePage.connect(sigc::mem_fun(*this, &PageListView::choose)));
     showSelection();
 }
 
 RecordColumn<PageConfig>::Behaviour PageListView::columnBehaviour() {
     return {
-        .makeButton = [this] { return Gtk::make_managed<PageButton>(context_, unread_); },
-        .makeAddButton =
-            [] {
-                return Gtk::make_managed<AddButton>(AddButton::Shape::roundedSquare, "Thêm Page");
-            },
+        .makeButton = [this] { return Gtk::make_managed<PageButton>(context_); },
+        .addShape = AddButton::Shape::roundedSquare,
+        .addTooltip = "Thêm Page",
         .choose = [this](const PageConfig& page) { pagesVM_.selectPage(page); },
         .add = [this] { openSheet(); },
         .menu = [this](const PageConfig& page) -> RecordColumn<PageConfig>::Commands {
@@ -59,10 +51,10 @@ void PageListView::setAccount(const std::optional<Account>& account) {
     arrow_.set_visible(!account);
 }
 
-void PageListView::selectAt(std::size_t index) {
+void PageListView::choose(int position) {
     const auto& pages = *pagesVM_.pages;
-    if (index < pages.size())
-        pagesVM_.selectPage(pages[index]);
+    if (position >= 1 && std::cmp_less_equal(position, pages.size()))
+        pagesVM_.selectPage(pages[static_cast<std::size_t>(position) - 1]);
 }
 
 void PageListView::showSelection() {

@@ -22,12 +22,11 @@ public:
 
 private:
     RecordColumn<PageConfig>::Behaviour columnBehaviour();
-    void selectAt(std::size_t index);
+    void choose(int position);
     void showSelection();
     void openSheet();
 
     const ScreenContext& context_;
-    tessaro::Property<std::string> unread_; ///< The selected Page's count, as the site writes it.
     PagesViewModel& pagesVM_;
     std::optional<Account> account_;
     RecordColumn<PageConfig> column_;

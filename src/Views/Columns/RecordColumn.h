@@ -72,7 +72,8 @@ public:
 
     struct Behaviour {
         std::function<RecordButton<Record>*()> makeButton; ///< Returns a managed widget.
-        std::function<AddButton*()> makeAddButton;         ///< Returns a managed widget.
+        AddButton::Shape addShape;
+        const char* addTooltip;
         std::function<void(const Record&)> choose;
         std::function<void()> add;
         std::function<Commands(const Record&)> menu;
@@ -125,9 +126,10 @@ private:
         row.set_activatable(false);
         const auto item = std::dynamic_pointer_cast<Item>(row.get_item());
         if (!item->record()) {
-            AddButton* button = behaviour_.makeAddButton();
-            button->signal_clicked().connect(behaviour_.add);
-            row.set_child(*button);
+            auto& button =
+                *Gtk::make_managed<AddButton>(behaviour_.addShape, behaviour_.addTooltip);
+            button.signal_clicked().connect(behaviour_.add);
+            row.set_child(button);
             return;
         }
         auto* button = dynamic_cast<RecordButton<Record>*>(row.get_child());

@@ -1,6 +1,6 @@
 #include "Views/Inbox/Coordinator.h"
 
-#include "ViewModels/TitleCount.h"
+#include "ViewModels/UnreadCount.h"
 #include "Views/Inbox/PageScripts.h"
 #include "Views/Widgets/InboxCommands.h"
 
@@ -14,15 +14,6 @@ constexpr double zoomStep = 0.1;
 constexpr double smallestZoom = 0.5;
 constexpr double greatestZoom = 2.0;
 
-/// The site builds its navigation late and may replace what an earlier run left.
-constexpr Clock::Delay hiderDelays[] = {
-    Clock::Delay(500), Clock::Delay(1500), Clock::Delay(3000), Clock::Delay(6000),
-    Clock::Delay(10000)};
-
-/// The ground of a page that has none of its own, and the same as the dark style turns it.
-const Gdk::RGBA lightGround(1, 1, 1);
-const Gdk::RGBA darkGround(0.12F, 0.12F, 0.12F);
-
 /// Whether a page may have the program load this, which it does on its own authority: local files
 /// and scripts, which the engine keeps from a page that asks in another way, stay out of reach.
 bool mayOpen(const std::string& address) {
@@ -32,10 +23,11 @@ bool mayOpen(const std::string& address) {
 
 } // namespace
 
-Coordinator::Coordinator(PageInboxWebView parent) : parent_(std::move(parent)) {}
+Coordinator::Coordinator(PageInboxWebView parent)
+    : ScriptDialogs(parent.context.modals), parent_(std::move(parent)) {}
 
 Coordinator::~Coordinator() {
-    announceCount("");
+    parent_.context.inbox.unread.set({});
     if (const auto webView = mainWebView_.lock()) {
         webView->setDelegate(nullptr);
         webView->close(); // A script that is still to run holds it, and the page would play on.
@@ -45,13 +37,8 @@ Coordinator::~Coordinator() {
 void Coordinator::attach(const std::shared_ptr<WebView>& webView) {
     webView->setDelegate(this);
     mainWebView_ = webView;
-    setGround(*webView, isDarkMode());
+    appearance_.emplace(parent_.context, webView);
     siteNotifications_.emplace(parent_.context, webView);
-    themeChanged_ = parent_.context.theme.observe([this] {
-        // The accent, of which it also tells, is none of the page's concern.
-        if (std::exchange(wasDark_, isDarkMode()) != isDarkMode())
-            handleThemeChanged();
-    });
 }
 
 void Coordinator::setupNotifications() {
@@ -61,12 +48,12 @@ void Coordinator::setupNotifications() {
     };
     observe(webViewZoomIn, &Coordinator::handleZoomIn);
     observe(webViewZoomOut, &Coordinator::handleZoomOut);
-    observe(webViewZoomReset, &Coordinator::handleZoomReset);
     observe(webViewReload, &Coordinator::handleReload);
     observe(webViewGoHome, &Coordinator::handleGoHome);
     observe(webViewThemeChanged, &Coordinator::handleThemeChanged);
     observe(refreshInbox, &Coordinator::handleReload);
     observe(focusSearchField, &Coordinator::handleFocusSearchField);
+    commands_.push_back(parent_.context.inbox.zoomReset.connect([this] { setZoom(naturalZoom); }));
 }
 
 void Coordinator::openInbox(const std::string& pageId, const std::string& address) {
@@ -75,7 +62,7 @@ void Coordinator::openInbox(const std::string& pageId, const std::string& addres
     const auto webView = mainWebView_.lock();
     if (!webView || pageId == pageOnScreen_)
         return;
-    announceCount("");
+    parent_.context.inbox.unread.set({});
     loadHome(*webView);
 }
 
@@ -83,7 +70,7 @@ void Coordinator::requestLeave(std::function<void(bool)> answered) {
     const auto webView = mainWebView_.lock();
     if (!webView)
         return answered(true);
-    announceCount("");
+    parent_.context.inbox.unread.set({});
     webView->requestLeave(
         [this, alive = lifetime_.watch(), answered = std::move(answered)](bool mayLeave) {
             if (const auto left = alive ? mainWebView_.lock() : nullptr; left && !mayLeave)
@@ -107,21 +94,17 @@ void Coordinator::loadHome(WebView& webView) {
 }
 
 void Coordinator::handleZoomIn() {
-    setZoom(std::min(currentZoom_ + zoomStep, greatestZoom));
+    setZoom(currentZoom_ + zoomStep);
 }
 
 void Coordinator::handleZoomOut() {
-    setZoom(std::max(currentZoom_ - zoomStep, smallestZoom));
-}
-
-void Coordinator::handleZoomReset() {
-    setZoom(naturalZoom);
+    setZoom(currentZoom_ - zoomStep);
 }
 
 void Coordinator::setZoom(double factor) {
     if (const auto webView = mainWebView_.lock()) {
-        currentZoom_ = factor;
-        webView->setPageZoom(factor);
+        currentZoom_ = std::clamp(factor, smallestZoom, greatestZoom);
+        webView->setPageZoom(currentZoom_);
     }
 }
 
@@ -135,8 +118,8 @@ void Coordinator::handleGoHome() {
 }
 
 void Coordinator::handleThemeChanged() {
-    if (const auto webView = mainWebView_.lock())
-        applyTheme(*webView);
+    if (appearance_)
+        appearance_->applyTheme();
 }
 
 void Coordinator::handleFocusSearchField() {
@@ -147,19 +130,19 @@ void Coordinator::handleFocusSearchField() {
     }
 }
 
-void Coordinator::didStartProvisionalNavigation(WebView& webView) {
+void Coordinator::didStartProvisionalNavigation(WebView&) {
     ++startedLoads_;
-    setGround(webView, isDarkMode());
+    appearance_->setGround(parent_.context.theme.isDarkMode());
     setLoadingNextTurn(true);
 }
 
 void Coordinator::didFinishNavigation(WebView& webView) {
     const bool isInbox = parent_.context.endpoints.namesInboxHost(webView.address());
     if (isInbox)
-        injectTopBarHider(mainWebView_.lock());
+        appearance_->injectTopBarHider();
     else
-        setGround(webView, false);
-    if (!isInbox || !isDarkMode())
+        appearance_->setGround(false);
+    if (!isInbox || !parent_.context.theme.isDarkMode())
         return setLoadingNextTurn(false);
     // The page would flash in its own colours.
     webView.whenPainted([this, alive = lifetime_.watch(), load = startedLoads_] {
@@ -168,8 +151,8 @@ void Coordinator::didFinishNavigation(WebView& webView) {
     });
 }
 
-void Coordinator::didFailNavigation(WebView& webView) {
-    setGround(webView, false); // The engine tells of the error in dark letters.
+void Coordinator::didFailNavigation(WebView&) {
+    appearance_->setGround(false); // The engine tells of the error in dark letters.
     setLoadingNextTurn(false);
 }
 
@@ -187,7 +170,8 @@ void Coordinator::didShowPage(WebView& webView) {
 
 void Coordinator::didChangeTitle(WebView& webView) {
     const bool isInbox = parent_.context.endpoints.isInboxSite(webView.address());
-    announceCount(isInbox ? countAtHead(webView.title()) : "");
+    parent_.context.inbox.unread.set(
+        isInbox ? UnreadCount::atHead(webView.title()) : UnreadCount());
 }
 
 void Coordinator::createWebView(WebView&, const std::string& address) {
@@ -195,72 +179,20 @@ void Coordinator::createWebView(WebView&, const std::string& address) {
         leaveBy([address](WebView& webView) { webView.load(address); });
 }
 
-void Coordinator::runScriptAlert(const std::string& message, std::function<void()> completion) {
-    parent_.context.modals.show(
-        {.message = message, .buttons = {"OK"}},
-        [completion = std::move(completion)](std::optional<std::size_t>) { completion(); });
-}
-
-void Coordinator::runScriptConfirm(
-    const std::string& message, std::function<void(bool)> completion) {
-    parent_.context.modals.show(
-        {.message = message, .buttons = {"OK", "Hủy"}},
-        [completion = std::move(completion)](std::optional<std::size_t> button) {
-            completion(button == 0);
-        });
-}
-
-void Coordinator::runLeaveConfirm(std::function<void(bool)> completion) {
-    parent_.context.modals.show(
-        {.title = "Rời trang này?",
-         .message =
-             "Trang báo rằng có nội dung chưa được gửi hoặc chưa được lưu, chẳng hạn một câu "
-             "trả lời viết dở. Rời trang thì nội dung đó sẽ mất.",
-         .buttons = {"Ở lại", "Rời trang"}},
-        [completion = std::move(completion)](std::optional<std::size_t> button) {
-            completion(button == 1);
-        });
-}
-
 void Coordinator::didChangeFullScreen(bool isFullScreen) {
     fullScreen_.emit(isFullScreen);
 }
 
 void Coordinator::webProcessDidTerminate(WebView&) {
-    announceCount("");
+    parent_.context.inbox.unread.set({});
     setLoadingNextTurn(false);
     processTerminated_.emit();
-}
-
-void Coordinator::announceCount(const std::string& count) {
-    parent_.context.notifications.post(unreadCountChanged, {{"count", count}});
 }
 
 void Coordinator::setLoadingNextTurn(bool isLoading) {
     // The engine's events can arrive while the screen is being updated.
     parent_.context.clock.post(
         Clock::Delay::zero(), [flag = parent_.isLoading, isLoading] { flag->set(isLoading); });
-}
-
-void Coordinator::injectTopBarHider(const std::shared_ptr<WebView>& webView) {
-    webView->evaluateScript(scripts::topBarHider);
-    for (const auto delay : hiderDelays)
-        parent_.context.clock.post(
-            delay, [webView] { webView->evaluateScript(scripts::topBarHider); });
-    applyTheme(*webView);
-}
-
-void Coordinator::applyTheme(WebView& webView) {
-    webView.evaluateScript(isDarkMode() ? scripts::darkModeStyle : scripts::darkModeRemover);
-    setGround(webView, isDarkMode());
-}
-
-void Coordinator::setGround(WebView& webView, bool isDark) {
-    webView.setGround(isDark ? darkGround : lightGround);
-}
-
-bool Coordinator::isDarkMode() const {
-    return parent_.context.theme.isDarkMode();
 }
 
 } // namespace tessaro

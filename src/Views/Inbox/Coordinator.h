@@ -1,7 +1,9 @@
 #pragma once
 
 #include "Platform/Lifetime.h"
+#include "Views/Inbox/PageAppearance.h"
 #include "Views/Inbox/PageInboxWebView.h"
+#include "Views/Inbox/ScriptDialogs.h"
 #include "Views/Inbox/SiteNotifications.h"
 
 #include <sigc++/signal.h>
@@ -16,12 +18,10 @@ namespace tessaro {
 
 /// Answers the events of one inbox browser and carries out the commands that the rest of the
 /// program announces, until it is destroyed. UI thread only.
-class Coordinator final : public WebViewDelegate {
+class Coordinator final : public ScriptDialogs {
 public:
     explicit Coordinator(PageInboxWebView parent);
     ~Coordinator() override;
-    Coordinator(const Coordinator&) = delete;
-    Coordinator& operator=(const Coordinator&) = delete;
 
     /// Takes on the browser. It is not kept alive; commands do nothing once it is gone.
     void attach(const std::shared_ptr<WebView>& webView);
@@ -34,11 +34,9 @@ public:
     void requestLeave(std::function<void(bool mayLeave)> answered);
 
     const std::string& currentPageId() const { return currentPageId_; }
-    const std::optional<std::string>& homeURL() const { return homeURL_; }
 
     void handleZoomIn();
     void handleZoomOut();
-    void handleZoomReset();
     void handleReload();
     void handleGoHome();
     void handleThemeChanged();
@@ -50,10 +48,6 @@ public:
     void didShowPage(WebView& webView) override;
     void didChangeTitle(WebView& webView) override;
     void createWebView(WebView& webView, const std::string& address) override;
-    void runScriptAlert(const std::string& message, std::function<void()> completion) override;
-    void
-    runScriptConfirm(const std::string& message, std::function<void(bool)> completion) override;
-    void runLeaveConfirm(std::function<void(bool)> completion) override;
     void didChangeFullScreen(bool isFullScreen) override;
     void webProcessDidTerminate(WebView& webView) override;
 
@@ -72,19 +66,14 @@ private:
     /// Leads to another page, if the one that is shown may be left.
     void leaveBy(std::function<void(WebView&)> load);
     void loadHome(WebView& webView);
-    /// Announces how much of the Page the site counts as unread; empty for nothing.
-    void announceCount(const std::string& count);
     void setLoadingNextTurn(bool isLoading);
-    void injectTopBarHider(const std::shared_ptr<WebView>& webView);
-    void applyTheme(WebView& webView);
-    void setGround(WebView& webView, bool isDark);
-    bool isDarkMode() const;
 
     const PageInboxWebView parent_;
     std::weak_ptr<WebView> mainWebView_;
     std::string currentPageId_;
     std::optional<std::string> homeURL_;
     double currentZoom_ = naturalZoom;
+    std::optional<PageAppearance> appearance_;
     std::optional<SiteNotifications> siteNotifications_;
     std::string pageOnScreen_; ///< While it is told of.
     int startedLoads_ = 0;
@@ -92,8 +81,6 @@ private:
     sigc::signal<void(const std::string&)> pageShown_;
     sigc::signal<void(bool)> fullScreen_;
     std::vector<ScopedConnection> commands_;
-    bool wasDark_ = isDarkMode(); ///< When the theme was last told of.
-    ScopedConnection themeChanged_;
     Lifetime lifetime_;
 };
 

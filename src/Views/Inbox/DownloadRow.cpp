@@ -27,11 +27,6 @@ std::string outcome(const WebDownload& download) {
     }
 }
 
-void setTooltipAndName(Gtk::Widget& widget, const Glib::ustring& text) {
-    widget.set_tooltip_text(text);
-    accessible::setName(widget, text);
-}
-
 } // namespace
 
 DownloadRow::DownloadRow(std::shared_ptr<WebDownload> download, Desktop& desktop)
@@ -89,7 +84,7 @@ void DownloadRow::show() {
     detail_.set_text(outcome(*download_));
     symbol_.setSymbol(hasLanded() ? "checkmark.circle.fill" : "exclamationmark.triangle.fill");
     set_css_classes({"download-row", hasLanded() ? "landed" : "failed"});
-    setTooltipAndName(close_, "Đóng");
+    accessible::setTooltip(close_, "Đóng");
     if (state == WebDownload::State::cancelled)
         set_visible(false);
 }

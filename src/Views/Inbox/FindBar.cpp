@@ -1,8 +1,7 @@
 #include "Views/Inbox/FindBar.h"
 
 #include "Views/Widgets/Accessible.h"
-
-#include <gtkmm/eventcontrollerkey.h>
+#include "Views/Widgets/Keys.h"
 
 namespace tessaro {
 
@@ -30,14 +29,7 @@ FindBar::FindBar(std::shared_ptr<WebView> webView)
     append(close_);
 
     // Before the entry, which has uses of its own for some of the keys.
-    const auto keys = Gtk::EventControllerKey::create();
-    keys->set_propagation_phase(Gtk::PropagationPhase::CAPTURE);
-    keys->signal_key_pressed().connect(
-        [this](guint key, guint, Gdk::ModifierType modifiers) {
-            return onKeyPressed(key, modifiers);
-        },
-        false);
-    add_controller(keys);
+    addKeys(*this, Gtk::PropagationPhase::CAPTURE, sigc::mem_fun(*this, &FindBar::onKeyPressed));
     counted_ = finder_.signalCounted().connect([this](unsigned count) { showCount(count); });
 }
 
@@ -74,7 +66,7 @@ void FindBar::showCount(unsigned count) {
         entry_.add_css_class("error");
 }
 
-bool FindBar::onKeyPressed(guint key, Gdk::ModifierType modifiers) {
+bool FindBar::onKeyPressed(guint key, guint, Gdk::ModifierType modifiers) {
     const bool isReturn = key == GDK_KEY_Return || key == GDK_KEY_KP_Enter;
     const bool inEntry = get_focus_child() == &entry_;
     if (key == GDK_KEY_Escape) {

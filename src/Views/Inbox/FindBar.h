@@ -25,7 +25,7 @@ public:
 private:
     void search();
     void showCount(unsigned count);
-    bool onKeyPressed(guint key, Gdk::ModifierType modifiers);
+    bool onKeyPressed(guint key, guint code, Gdk::ModifierType modifiers);
 
     const std::shared_ptr<WebView> webView_;
     PageFinder& finder_;

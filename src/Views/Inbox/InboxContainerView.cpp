@@ -1,7 +1,6 @@
 #include "Views/Inbox/InboxContainerView.h"
 
 #include "Views/Inbox/Coordinator.h"
-#include "Views/Widgets/InboxCommands.h"
 
 namespace tessaro {
 
@@ -42,8 +41,7 @@ InboxContainerView::InboxContainerView(
     stack_.add(notice_);
     add_overlay(veil_);
     loadingChanged_ = isLoading_->observe([this] { showLoading(); });
-    findCommand_ =
-        context_.notifications.observe(webViewFind, [this](const Announcement&) { find(); });
+    findCommand_ = context_.inbox.find.connect([this] { find(); });
     showBrowser();
 }
 

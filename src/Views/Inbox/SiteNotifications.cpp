@@ -1,7 +1,5 @@
 #include "Views/Inbox/SiteNotifications.h"
 
-#include "Views/Widgets/InboxCommands.h"
-
 namespace tessaro {
 
 namespace {
@@ -61,10 +59,9 @@ void SiteNotifications::ask() {
 void SiteNotifications::show(const WebNotifications::Content& content) {
     context_.desktop.showNotification(
         {content.id, content.title, content.body},
-        [&notifications = context_.notifications, webView = webView_, pageId = pageId_,
+        [&requested = context_.inbox.requested, webView = webView_, pageId = pageId_,
          id = content.id](const std::string& activationToken) {
-            notifications.post(
-                inboxRequested, {{"pageId", pageId}, {"activationToken", activationToken}});
+            requested.emit(pageId, activationToken);
             if (const auto view = webView.lock())
                 view->notifications().click(id);
         });

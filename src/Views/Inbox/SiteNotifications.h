@@ -12,7 +12,8 @@
 namespace tessaro {
 
 /// Lets the inbox site, and no other, show notifications on the desktop, after the person was asked
-/// once. A click on one asks for its Page (inboxRequested) and tells the site. UI thread only.
+/// once. A click on one asks for its Page (InboxSignals::requested) and tells the site. UI thread
+/// only.
 class SiteNotifications final : public WebNotifications::Delegate {
 public:
     /// @param context  outlives this

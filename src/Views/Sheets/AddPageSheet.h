@@ -2,12 +2,12 @@
 
 #include "ViewModels/AddPageFlow.h"
 #include "Views/ScreenContext.h"
-#include "Views/Sheets/ErrorRow.h"
 #include "Views/Sheets/FadeSlide.h"
 #include "Views/Sheets/PagePicker.h"
-#include "Views/Sheets/PagePreview.h"
 #include "Views/Sheets/Sheet.h"
-#include "Views/Sheets/TokenEditor.h"
+
+#include <gtkmm/overlay.h>
+#include <gtkmm/textview.h>
 
 namespace tessaro {
 
@@ -29,7 +29,8 @@ private:
     };
 
     bool onReturn(Gtk::Widget* focus) override;
-    void layOut();
+    void layOutToken();
+    void layOutError();
     void follow();
     void followVerification();
     void showProgress();
@@ -40,9 +41,10 @@ private:
 
     const ScreenContext& context_;
     AddPageFlow flow_;
-    TokenEditor token_;
+    Gtk::TextView token_;
     BusyButton verify_;
-    ErrorRow error_;
+    Gtk::Box error_{Gtk::Orientation::HORIZONTAL, 6};
+    Gtk::Label message_;
     PagePicker picker_;
     Gtk::Box previewPlace_;
     FadeSlide previewSlide_;

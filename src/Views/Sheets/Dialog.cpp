@@ -1,6 +1,6 @@
 #include "Views/Sheets/Dialog.h"
 
-#include <gtkmm/eventcontrollerkey.h>
+#include "Views/Widgets/Keys.h"
 
 namespace tessaro {
 
@@ -22,16 +22,10 @@ Dialog::Dialog(const Glib::ustring& title) : column_(Gtk::Orientation::VERTICAL)
             return true;
         },
         false);
-    auto keys = Gtk::EventControllerKey::create();
-    keys->signal_key_pressed().connect(
-        [this](guint key, guint, Gdk::ModifierType modifiers) {
-            return onKeyPressed(key, modifiers);
-        },
-        false);
-    add_controller(keys);
+    addKeys(*this, Gtk::PropagationPhase::BUBBLE, sigc::mem_fun(*this, &Dialog::onKeyPressed));
 }
 
-bool Dialog::onKeyPressed(guint key, Gdk::ModifierType modifiers) {
+bool Dialog::onKeyPressed(guint key, guint, Gdk::ModifierType modifiers) {
     const auto typed = modifiers & (Gdk::ModifierType::CONTROL_MASK | Gdk::ModifierType::ALT_MASK);
     if (key != GDK_KEY_Escape || typed != Gdk::ModifierType{})
         return false;

@@ -7,7 +7,8 @@
 
 namespace tessaro {
 
-/// A window in front of another one, without a title bar. Escape and closing dismiss it.
+/// A window in front of another one, modal and without a title bar unless the class that derives
+/// from it has it otherwise. Escape and closing dismiss it.
 class Dialog : public Gtk::Window {
 public:
     /// @param title  its name for assistive technology and the desktop
@@ -22,7 +23,7 @@ protected:
     void dismiss();
 
 private:
-    bool onKeyPressed(guint key, Gdk::ModifierType modifiers);
+    bool onKeyPressed(guint key, guint code, Gdk::ModifierType modifiers);
 
     std::function<void()> dismissAction_;
     Gtk::Box noTitlebar_;

@@ -26,7 +26,7 @@ GtkWindow* frontmost(GtkWindow* window) {
 
 void DialogPresenter::present(std::unique_ptr<Dialog> dialog, Gtk::Widget& over) {
     if (shown_)
-        return;
+        return shown_->present();
     shown_ = std::move(dialog);
     if (auto* root = gtk_widget_get_root(over.gobj()); GTK_IS_WINDOW(root))
         gtk_window_set_transient_for(shown_->gobj(), frontmost(GTK_WINDOW(root)));

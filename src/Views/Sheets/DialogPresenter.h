@@ -11,7 +11,7 @@ namespace tessaro {
 class DialogPresenter {
 public:
     /// Shows the dialog in front of the window that holds `over` and of whatever dialogs already
-    /// stand in front of that window. Does nothing while this shows another one.
+    /// stand in front of that window. While this shows another one, that one comes to the front.
     void present(std::unique_ptr<Dialog> dialog, Gtk::Widget& over);
     /// Deafens the dialog now and drops it on the next turn of the main loop, since a dialog is
     /// dismissed from within its own handlers.

@@ -1,10 +1,10 @@
 #include "Views/Sheets/Sheet.h"
 
 #include "Views/Widgets/Accessible.h"
+#include "Views/Widgets/Keys.h"
 
 #include <glibmm/main.h>
 #include <gtkmm/adjustment.h>
-#include <gtkmm/eventcontrollerkey.h>
 
 namespace tessaro {
 
@@ -22,8 +22,7 @@ Sheet::Sheet(int width, int height, const Glib::ustring& title, const Glib::ustr
     close_.add_css_class("borderless");
     close_.add_css_class("secondary-text");
     close_.set_valign(Gtk::Align::CENTER);
-    close_.set_tooltip_text("Đóng");
-    accessible::setName(close_, "Đóng");
+    accessible::setTooltip(close_, "Đóng");
     header_.append(title_);
     header_.append(close_);
     header_.add_css_class("sheet-row");
@@ -63,16 +62,12 @@ Sheet::Sheet(int width, int height, const Glib::ustring& title, const Glib::ustr
     close_.signal_clicked().connect(sigc::mem_fun(*this, &Sheet::dismiss));
     cancel_.signal_clicked().connect(sigc::mem_fun(*this, &Sheet::dismiss));
 
-    auto keys = Gtk::EventControllerKey::create();
-    keys->set_propagation_phase(Gtk::PropagationPhase::CAPTURE); // Before a focused button.
-    keys->signal_key_pressed().connect(
-        [this](guint key, guint, Gdk::ModifierType) {
-            const bool isReturn =
-                key == GDK_KEY_Return || key == GDK_KEY_KP_Enter || key == GDK_KEY_ISO_Enter;
-            return isReturn && onReturn(get_focus());
-        },
-        false);
-    add_controller(keys);
+    // Before a focused button.
+    addKeys(*this, Gtk::PropagationPhase::CAPTURE, [this](guint key, guint, Gdk::ModifierType) {
+        const bool isReturn =
+            key == GDK_KEY_Return || key == GDK_KEY_KP_Enter || key == GDK_KEY_ISO_Enter;
+        return isReturn && onReturn(get_focus());
+    });
 }
 
 bool Sheet::onReturn(Gtk::Widget* focus) {

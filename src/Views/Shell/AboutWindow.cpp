@@ -4,16 +4,14 @@
 #include "Services/BuildConfig.h"
 #include "Views/Widgets/Accessible.h"
 
-#include <gtkmm/box.h>
 #include <gtkmm/image.h>
 #include <gtkmm/label.h>
 
 namespace tessaro {
 
-AboutWindow::AboutWindow(Gtk::Window& parent, EngineLoader& engine)
-    : InfoWindow(parent, "Giới thiệu Tessaro") {
-    auto& lines = *Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL, 6);
-    lines.add_css_class("info-window");
+AboutWindow::AboutWindow(EngineLoader& engine) : InfoWindow("Giới thiệu Tessaro") {
+    auto& lines = column();
+    lines.set_spacing(6);
     auto& icon = *Gtk::make_managed<Gtk::Image>();
     icon.set_from_icon_name("com.vandel.Tessaro");
     icon.set_pixel_size(96);
@@ -37,7 +35,6 @@ AboutWindow::AboutWindow(Gtk::Window& parent, EngineLoader& engine)
         [&engineName](Engine* loaded) { engineName.set_text(loaded ? loaded->name() : ""); });
     addLine("Giấy phép: GPL-3.0-or-later", "secondary-text");
     addLine("Dữ liệu: " + paths::dataFolder().string(), "secondary-text");
-    set_child(lines);
 }
 
 } // namespace tessaro

@@ -9,7 +9,7 @@ namespace tessaro {
 /// Shows the program's name, version, engine, licence and data folder.
 class AboutWindow : public InfoWindow {
 public:
-    AboutWindow(Gtk::Window& parent, EngineLoader& engine);
+    explicit AboutWindow(EngineLoader& engine);
 
 private:
     ScopedConnection engineLoaded_;

@@ -49,8 +49,7 @@ Gtk::Button& linkButton(const FooterLink& link) {
     button.set_child(row);
     button.set_css_classes({"borderless", "footer-button", link.id});
     button.set_valign(Gtk::Align::CENTER);
-    button.set_tooltip_text(link.label);
-    accessible::setName(button, link.label);
+    accessible::setTooltip(button, link.label);
     button.signal_state_flags_changed().connect([&button, &room](Gtk::StateFlags) {
         const auto hovered = button.get_state_flags() & Gtk::StateFlags::PRELIGHT;
         room.set_reveal_child(hovered != Gtk::StateFlags::NORMAL);

@@ -1,11 +1,13 @@
 #include "Views/Shell/MainWindow.h"
 
 #include "Platform/Gtk/DigitKey.h"
+#include "Views/Shell/AboutWindow.h"
+#include "Views/Shell/ShortcutsWindow.h"
+#include "Views/Shell/WindowCommand.h"
 #include "Views/Widgets/Accessible.h"
-#include "Views/Widgets/InboxCommands.h"
+#include "Views/Widgets/Keys.h"
 
 #include <giomm/menu.h>
-#include <gtkmm/eventcontrollerkey.h>
 
 namespace tessaro {
 
@@ -15,45 +17,43 @@ constexpr int firstWidth = 1200;
 constexpr int firstHeight = 760;
 constexpr int keyedPages = 9; ///< One for each digit from 1 to 9.
 
-/// Brings the window to the front. Makes it if there is none; closing it destroys it.
-template <typename Window, typename... Arguments>
-void bringUp(std::optional<Window>& window, Gtk::Window& parent, Arguments&&... arguments) {
-    if (!window)
-        window.emplace(parent, arguments...).closed.connect([&window] { window.reset(); });
-    window->present();
+template <typename T>
+T valueOf(const Glib::VariantBase& parameter) {
+    return Glib::VariantBase::cast_dynamic<Glib::Variant<T>>(parameter).get();
 }
 
 } // namespace
 
 MainWindow::MainWindow(
     const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications,
-    EngineLoader& engine)
-    : Gtk::ApplicationWindow(application), notifications_(notifications), engine_(engine) {
-    showUnread("");
-    unreadChanged_ = notifications_.observe(unreadCountChanged, [this](const Announcement& posted) {
-        showUnread(posted.userInfo.at("count"));
-    });
-    inboxRequested_ = notifications_.observe(inboxRequested, [this](const Announcement& posted) {
-        if (const auto& token = posted.userInfo.at("activationToken"); !token.empty())
-            set_startup_id(token);
-        present();
-    });
+    InboxSignals& inbox, EngineLoader& engine)
+    : Gtk::ApplicationWindow(application),
+      notifications_(notifications),
+      inbox_(inbox),
+      engine_(engine) {
+    showUnread();
+    unreadChanged_ = inbox_.unread.observe([this] { showUnread(); });
+    inboxRequested_ =
+        inbox_.requested.connect([this](const std::string&, const std::string& activationToken) {
+            if (!activationToken.empty())
+                set_startup_id(activationToken);
+            present();
+        });
     set_icon_name("com.vandel.Tessaro");
     set_default_size(firstWidth, firstHeight);
     set_titlebar(header_);
-    for (const auto& command : conversationCommands())
-        addCommand(command);
-    for (const auto& command : browserCommands())
-        addCommand(command);
-    addPageKeys();
-    addDigitKeys();
+    addActions();
+    addKeys(
+        *this, Gtk::PropagationPhase::CAPTURE, // Before the web page, which takes every key.
+        sigc::mem_fun(*this, &MainWindow::pressDigitByPlace));
     addConversationMenu();
     addPrimaryMenu();
 }
 
-void MainWindow::showUnread(const std::string& count) {
-    if (!gobj()) // A browser may post its last count after the window was destroyed.
+void MainWindow::showUnread() {
+    if (!gobj()) // A browser may change the count after the window was destroyed.
         return;
+    const std::string count = inbox_.unread->text();
     set_title(count.empty() ? "Tessaro" : "(" + count + ") Tessaro");
 }
 
@@ -73,35 +73,26 @@ bool MainWindow::on_close_request() {
     return true;
 }
 
-void MainWindow::addCommand(const WindowCommand& command) {
-    add_action(command.action, [this, name = command.notification] { notifications_.post(name); });
-    get_application()->set_accels_for_action(
-        "win." + command.action, {command.accelerators.begin(), command.accelerators.end()});
-}
-
-void MainWindow::addPageKeys() {
+void MainWindow::addActions() {
+    add_action("find", inbox_.find.make_slot());
+    add_action("zoom-reset", inbox_.zoomReset.make_slot());
     add_action_with_parameter(
-        "choose-page", Glib::VARIANT_TYPE_INT32, [this](const Glib::VariantBase& parameter) {
-            const auto position = Glib::VariantBase::cast_dynamic<Glib::Variant<int>>(parameter);
-            notifications_.post(choosePage, {{"position", std::to_string(position.get())}});
+        "post", Glib::VARIANT_TYPE_STRING, [this](const Glib::VariantBase& notification) {
+            notifications_.post(valueOf<Glib::ustring>(notification));
         });
+    add_action_with_parameter(
+        "choose-page", Glib::VARIANT_TYPE_INT32, [this](const Glib::VariantBase& position) {
+            inbox_.choosePage.emit(valueOf<int>(position));
+        });
+    for (const auto& commands : {conversationCommands(), browserCommands()})
+        for (const auto& [action, title, accelerators] : commands)
+            get_application()->set_accels_for_action(
+                action, {accelerators.begin(), accelerators.end()});
     for (int position = 1; position <= keyedPages; ++position) {
         const auto digit = std::to_string(position);
         get_application()->set_accels_for_action(
             "win.choose-page(" + digit + ")", {"<Control>" + digit, "<Control>KP_" + digit});
     }
-}
-
-void MainWindow::addDigitKeys() {
-    // Before the web page, which takes every key.
-    const auto keys = Gtk::EventControllerKey::create();
-    keys->set_propagation_phase(Gtk::PropagationPhase::CAPTURE);
-    keys->signal_key_pressed().connect(
-        [this](guint keyval, guint keycode, Gdk::ModifierType modifiers) {
-            return pressDigitByPlace(keyval, keycode, modifiers);
-        },
-        false);
-    add_controller(keys);
 }
 
 bool MainWindow::pressDigitByPlace(guint keyval, guint keycode, Gdk::ModifierType modifiers) {
@@ -130,7 +121,7 @@ void MainWindow::addConversationMenu() {
     for (const auto& command : conversationCommands()) {
         // The toolkit draws a line between sections.
         const auto section = Gio::Menu::create();
-        section->append(command.title, "win." + command.action);
+        section->append(command.title, command.action);
         menu->append_section(section);
     }
     conversationMenu_.set_label("Trò Chuyện");
@@ -139,8 +130,8 @@ void MainWindow::addConversationMenu() {
 }
 
 void MainWindow::addPrimaryMenu() {
-    add_action("shortcuts", [this] { bringUp(shortcuts_, *this); });
-    add_action("about", [this] { bringUp(about_, *this, engine_); });
+    add_action("shortcuts", [this] { showInfo(shortcuts_, std::make_unique<ShortcutsWindow>()); });
+    add_action("about", [this] { showInfo(about_, std::make_unique<AboutWindow>(engine_)); });
     get_application()->set_accel_for_action("win.shortcuts", "<Control>question");
     const auto menu = Gio::Menu::create();
     menu->append("Phím tắt", "win.shortcuts");
@@ -148,9 +139,13 @@ void MainWindow::addPrimaryMenu() {
     primaryMenu_.set_icon_name("open-menu-symbolic");
     primaryMenu_.set_menu_model(menu);
     primaryMenu_.set_primary(true);
-    primaryMenu_.set_tooltip_text("Trình đơn chính");
-    accessible::setName(primaryMenu_, "Trình đơn chính");
+    accessible::setTooltip(primaryMenu_, "Trình đơn chính");
     header_.pack_end(primaryMenu_);
+}
+
+void MainWindow::showInfo(DialogPresenter& presenter, std::unique_ptr<Dialog> window) {
+    window->onDismiss([&presenter] { presenter.dismiss(); });
+    presenter.present(std::move(window), *this);
 }
 
 } // namespace tessaro

@@ -3,9 +3,8 @@
 #include "Engine/EngineLoader.h"
 
 #include "Platform/NotificationCenter.h"
-#include "Views/Shell/AboutWindow.h"
-#include "Views/Shell/ShortcutsWindow.h"
-#include "Views/Shell/WindowCommand.h"
+#include "Views/Sheets/DialogPresenter.h"
+#include "Views/Widgets/InboxCommands.h"
 
 #include <gtkmm/application.h>
 #include <gtkmm/applicationwindow.h>
@@ -13,7 +12,7 @@
 #include <gtkmm/menubutton.h>
 
 #include <functional>
-#include <optional>
+#include <memory>
 
 namespace tessaro {
 
@@ -21,10 +20,10 @@ namespace tessaro {
 /// keys. UI thread only.
 class MainWindow : public Gtk::ApplicationWindow {
 public:
-    /// @param notifications  receives the commands; outlives this, as does `engine`
+    /// @param notifications, inbox  receive the commands; outlive this, as does `engine`
     MainWindow(
         const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications,
-        EngineLoader& engine);
+        InboxSignals& inbox, EngineLoader& engine);
 
     /// Asked before the window closes: calls back whether it may, at once or later. May be empty.
     std::function<void(std::function<void(bool mayClose)> answered)> askBeforeClosing;
@@ -33,22 +32,22 @@ protected:
     bool on_close_request() override;
 
 private:
-    void showUnread(const std::string& count);
-    void addCommand(const WindowCommand& command);
-    void addPageKeys();
-    void addDigitKeys();
+    void showUnread();
+    void addActions();
     bool pressDigitByPlace(guint keyval, guint keycode, Gdk::ModifierType modifiers);
     void addConversationMenu();
     void addPrimaryMenu();
+    void showInfo(DialogPresenter& presenter, std::unique_ptr<Dialog> window);
 
     NotificationCenter& notifications_;
+    InboxSignals& inbox_;
     EngineLoader& engine_;
     enum class Closing { notYet, asked, allowed } closing_ = Closing::notYet;
     Gtk::HeaderBar header_;
     Gtk::MenuButton conversationMenu_;
     Gtk::MenuButton primaryMenu_;
-    std::optional<AboutWindow> about_;
-    std::optional<ShortcutsWindow> shortcuts_;
+    DialogPresenter about_;
+    DialogPresenter shortcuts_;
     ScopedConnection unreadChanged_;
     ScopedConnection inboxRequested_;
 };

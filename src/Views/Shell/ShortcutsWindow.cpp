@@ -8,9 +8,8 @@
 
 namespace tessaro {
 
-ShortcutsWindow::ShortcutsWindow(Gtk::Window& parent) : InfoWindow(parent, "Phím tắt") {
+ShortcutsWindow::ShortcutsWindow() : InfoWindow("Phím tắt") {
     auto& list = *Gtk::make_managed<Gtk::Grid>();
-    list.add_css_class("info-window");
     list.set_row_spacing(12);
     list.set_column_spacing(48);
     // The keys are in GTK's notation, in which "1...9" means the keys from 1 to 9.
@@ -27,7 +26,7 @@ ShortcutsWindow::ShortcutsWindow(Gtk::Window& parent) : InfoWindow(parent, "Phí
             addRow(command.title, command.accelerators.front());
     addRow("Chọn Page theo thứ tự trong danh sách", "<Control>1...9");
     addRow("Phím tắt", "<Control>question");
-    set_child(list);
+    column().append(list);
 }
 
 } // namespace tessaro

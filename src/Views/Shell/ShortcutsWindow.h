@@ -7,7 +7,7 @@ namespace tessaro {
 /// Lists the commands and their keys.
 class ShortcutsWindow : public InfoWindow {
 public:
-    explicit ShortcutsWindow(Gtk::Window& parent);
+    ShortcutsWindow();
 };
 
 } // namespace tessaro

@@ -4,25 +4,30 @@
 
 namespace tessaro {
 
+namespace {
+
+std::string post(const char* notification) {
+    return std::string("win.post::") + notification;
+}
+
+} // namespace
+
 const std::vector<WindowCommand>& conversationCommands() {
     static const std::vector<WindowCommand> commands{
-        {"focus-search-field", "Tìm kiếm cuộc trò chuyện", {"<Control>k"}, focusSearchField},
-        {"refresh-inbox", "Làm mới hộp thư", {"<Control>r"}, refreshInbox},
+        {post(focusSearchField), "Tìm kiếm cuộc trò chuyện", {"<Control>k"}},
+        {post(refreshInbox), "Làm mới hộp thư", {"<Control>r"}},
     };
     return commands;
 }
 
 const std::vector<WindowCommand>& browserCommands() {
     static const std::vector<WindowCommand> commands{
-        {"go-home", "Quay về Hộp thư", {"<Alt>Home"}, webViewGoHome},
-        {"reload", "Tải lại trang", {"F5"}, webViewReload},
-        {"find", "Tìm trong trang", {"<Control>f"}, webViewFind},
-        {"zoom-in",
-         "Phóng to",
-         {"<Control>plus", "<Control>equal", "<Control>KP_Add"},
-         webViewZoomIn},
-        {"zoom-out", "Thu nhỏ", {"<Control>minus", "<Control>KP_Subtract"}, webViewZoomOut},
-        {"zoom-reset", "Về cỡ ban đầu", {"<Control>0", "<Control>KP_0"}, webViewZoomReset},
+        {post(webViewGoHome), "Quay về Hộp thư", {"<Alt>Home"}},
+        {post(webViewReload), "Tải lại trang", {"F5"}},
+        {"win.find", "Tìm trong trang", {"<Control>f"}},
+        {post(webViewZoomIn), "Phóng to", {"<Control>plus", "<Control>equal", "<Control>KP_Add"}},
+        {post(webViewZoomOut), "Thu nhỏ", {"<Control>minus", "<Control>KP_Subtract"}},
+        {"win.zoom-reset", "Về cỡ ban đầu", {"<Control>0", "<Control>KP_0"}},
     };
     return commands;
 }

@@ -7,10 +7,9 @@ namespace tessaro {
 
 /// A command of the main window that the person gives by a key and the inbox browser carries out.
 struct WindowCommand {
-    std::string action;                    ///< Name of the window's action, without "win.".
+    std::string action;                    ///< In GIO's notation, with its target if it has one.
     std::string title;                     ///< Shown in the menu and in the list of shortcuts.
     std::vector<std::string> accelerators; ///< In GTK's notation; the first one is shown.
-    const char* notification;              ///< The announcement that each press posts.
 };
 
 /// The commands of the menu "Trò Chuyện", in its order.

@@ -35,8 +35,7 @@ ColorSwatch::ColorSwatch(ThemeManager& theme, int width)
 
 void ColorSwatch::setPreset(ColorPreset preset) {
     preset_ = std::move(preset);
-    set_tooltip_text(preset_.name);
-    accessible::setName(*this, preset_.name);
+    accessible::setTooltip(*this, preset_.name);
     refresh();
 }
 

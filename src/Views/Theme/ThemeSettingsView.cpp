@@ -4,11 +4,11 @@
 #include "Views/Theme/ColorSwatch.h"
 #include "Views/Theme/ThemeManager.h"
 #include "Views/Widgets/Accessible.h"
+#include "Views/Widgets/Keys.h"
 #include "Views/Widgets/Symbol.h"
 #include "Views/Widgets/TextLine.h"
 
 #include <gdkmm/general.h>
-#include <gtkmm/eventcontrollerkey.h>
 #include <gtkmm/noselection.h>
 #include <gtkmm/overlay.h>
 #include <gtkmm/scrolledwindow.h>
@@ -93,7 +93,10 @@ Gtk::Widget& ThemeSettingsView::colorSection() {
     auto factory = Gtk::SignalListItemFactory::create();
     factory->signal_setup().connect([this](const Glib::RefPtr<Gtk::ListItem>& item) {
         item->set_activatable(false);
-        item->set_child(presetButton());
+        const GridColumn& column = columns_.front();
+        auto& swatch = *Gtk::make_managed<ColorSwatch>(theme_, column.width);
+        swatch.set_margin(column.spacing / 2);
+        item->set_child(swatch);
     });
     factory->signal_bind().connect([this](const Glib::RefPtr<Gtk::ListItem>& item) {
         if (auto* swatch = dynamic_cast<ColorSwatch*>(item->get_child()))
@@ -108,7 +111,9 @@ Gtk::Widget& ThemeSettingsView::colorSection() {
     swatches_.set_min_columns(columnCount);
     swatches_.set_max_columns(columnCount);
     accessible::setName(swatches_, "MÀU CHỦ ĐẠO");
-    swatches_.add_controller(leavingByTab());
+    addKeys(
+        swatches_, Gtk::PropagationPhase::CAPTURE,
+        sigc::mem_fun(*this, &ThemeSettingsView::leaveByTab));
 
     auto& scroller = *Gtk::make_managed<Gtk::ScrolledWindow>();
     scroller.add_css_class("swatch-box");
@@ -135,26 +140,12 @@ Gtk::Widget& ThemeSettingsView::colorSection() {
     return section;
 }
 
-Glib::RefPtr<Gtk::EventController> ThemeSettingsView::leavingByTab() {
-    auto keys = Gtk::EventControllerKey::create();
-    keys->set_propagation_phase(Gtk::PropagationPhase::CAPTURE);
-    keys->signal_key_pressed().connect(
-        [this](guint key, guint, Gdk::ModifierType) {
-            if (key == GDK_KEY_Tab)
-                return modeButtons_.front().second->grab_focus();
-            if (key == GDK_KEY_ISO_Left_Tab)
-                return modeButtons_.back().second->grab_focus();
-            return false;
-        },
-        false);
-    return keys;
-}
-
-Gtk::Widget& ThemeSettingsView::presetButton() {
-    const GridColumn& column = columns_.front();
-    auto& swatch = *Gtk::make_managed<ColorSwatch>(theme_, column.width);
-    swatch.set_margin(column.spacing / 2);
-    return swatch;
+bool ThemeSettingsView::leaveByTab(guint key, guint, Gdk::ModifierType) {
+    if (key == GDK_KEY_Tab)
+        return modeButtons_.front().second->grab_focus();
+    if (key == GDK_KEY_ISO_Left_Tab)
+        return modeButtons_.back().second->grab_focus();
+    return false;
 }
 
 void ThemeSettingsView::on_map() {

@@ -4,7 +4,6 @@
 
 #include <gtkmm/box.h>
 #include <gtkmm/drawingarea.h>
-#include <gtkmm/eventcontroller.h>
 #include <gtkmm/gridview.h>
 #include <gtkmm/label.h>
 #include <gtkmm/togglebutton.h>
@@ -41,10 +40,9 @@ private:
     Gtk::Widget& colorSection();
     Gtk::Widget&
     appearanceButton(const std::string& mode, const Glib::ustring& title, const std::string& icon);
-    Gtk::Widget& presetButton();
     /// Makes Tab leave the grid for the mode buttons. By itself it would go to the next swatch,
     /// which the arrow keys reach already.
-    Glib::RefPtr<Gtk::EventController> leavingByTab();
+    bool leaveByTab(guint key, guint code, Gdk::ModifierType modifiers);
     void refresh();
 
     ThemeManager& theme_;

@@ -9,6 +9,11 @@ void setName(Gtk::Widget& widget, const Glib::ustring& name) {
         GTK_ACCESSIBLE(widget.gobj()), GTK_ACCESSIBLE_PROPERTY_LABEL, name.c_str(), -1);
 }
 
+void setTooltip(Gtk::Widget& widget, const Glib::ustring& tooltip) {
+    widget.set_tooltip_text(tooltip);
+    setName(widget, tooltip);
+}
+
 void setDescription(Gtk::Widget& widget, const Glib::ustring& description) {
     gtk_accessible_update_property(
         GTK_ACCESSIBLE(widget.gobj()), GTK_ACCESSIBLE_PROPERTY_DESCRIPTION, description.c_str(),

@@ -8,6 +8,8 @@ namespace tessaro::accessible {
 
 /// Names the widget. The name is read out in place of the text that the widget shows.
 void setName(Gtk::Widget& widget, const Glib::ustring& name);
+/// Gives the widget a tooltip and names it by that.
+void setTooltip(Gtk::Widget& widget, const Glib::ustring& tooltip);
 /// Describes the widget beyond its name.
 void setDescription(Gtk::Widget& widget, const Glib::ustring& description);
 /// Makes every button in `widget` that shows a text be called by that text once. GTK 4.8 names it

@@ -1,31 +1,38 @@
 #pragma once
 
-/// Announcements between the inbox browser and the rest of the program, posted through the
-/// NotificationCenter. Those without a comment carry no values.
+#include "Platform/Property.h"
+#include "ViewModels/UnreadCount.h"
+
+#include <sigc++/signal.h>
+
+#include <string>
+
 namespace tessaro {
 
+/// Commands for the inbox browser, announced by name through the NotificationCenter. They carry no
+/// values.
 inline constexpr const char* webViewZoomIn = "tsr.webview.zoomIn";
 inline constexpr const char* webViewZoomOut = "tsr.webview.zoomOut";
-inline constexpr const char* webViewZoomReset = "tsr.webview.zoomReset";
 inline constexpr const char* webViewReload = "tsr.webview.reload";
 inline constexpr const char* webViewGoHome = "tsr.webview.goHome";
-inline constexpr const char* webViewFind = "tsr.webview.find";
 inline constexpr const char* webViewThemeChanged = "tsr.webview.themeChanged";
-
-/// Posted by the inbox browser when the unread count of the selected Page has changed. "count" is
-/// the count as the site writes it ("3", "20+"), empty for none.
-inline constexpr const char* unreadCountChanged = "UnreadCountChanged";
-
-/// Posted when the person clicked a desktop notification. The window comes to the front and selects
-/// the Page whose Graph id is "pageId". "activationToken" permits the window to take the focus; it
-/// is empty where the desktop gives none.
-inline constexpr const char* inboxRequested = "InboxRequested";
 
 /// Posted by the commands of the menu "Trò Chuyện".
 inline constexpr const char* focusSearchField = "FocusSearchField";
 inline constexpr const char* refreshInbox = "RefreshInbox";
 
-/// Asks the list of Pages to select the Page at "position", counted from 1.
-inline constexpr const char* choosePage = "tsr.choosePage";
+/// What the window, the columns and the inbox browser tell one another. UI thread only.
+struct InboxSignals {
+    sigc::signal<void()> zoomReset; ///< The page gets its natural size back.
+    sigc::signal<void()> find;      ///< The bar opens in which a text is looked for.
+    /// Selects the Page at that position of the list, counted from 1. Nothing is selected where
+    /// the list has no such position.
+    sigc::signal<void(int position)> choosePage;
+    /// The person clicked a desktop notification. The window comes to the front and selects the
+    /// Page of that Graph id. The token permits the window to take the focus; it is empty where
+    /// the desktop gives none.
+    sigc::signal<void(const std::string& pageId, const std::string& activationToken)> requested;
+    Property<UnreadCount> unread; ///< Of the selected Page, written by its browser.
+};
 
 } // namespace tessaro

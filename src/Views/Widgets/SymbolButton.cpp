@@ -10,8 +10,7 @@ SymbolButton::SymbolButton(const std::string& symbol, int symbolSize, const Glib
     set_size_request(32, 32);
     set_halign(Gtk::Align::CENTER);
     set_child(symbol_);
-    set_tooltip_text(tooltip);
-    accessible::setName(*this, tooltip);
+    accessible::setTooltip(*this, tooltip);
 }
 
 } // namespace tessaro

@@ -60,6 +60,7 @@ struct ScreenWorld : StoreWorld {
     EngineLoader& engine;
     FakeAppearance appearance;
     ThemeManager theme{settings, appearance, notifications, clock};
+    InboxSignals inbox;
     RecordingModals modals;
     RecordingDesktop desktop;
     AccountRoutes routes;
@@ -73,8 +74,8 @@ struct ScreenWorld : StoreWorld {
 
     /// The context with another clock.
     ScreenContext contextOn(Clock& itsClock) {
-        return {theme,  notifications, settings, itsClock, desktop,   engine,
-                modals, store,         device,   images,   endpoints, makeGraphClient};
+        return {theme,  notifications, inbox,  settings, itsClock,  desktop,        engine,
+                modals, store,         device, images,   endpoints, makeGraphClient};
     }
 };
 

@@ -1,7 +1,6 @@
 #include "Views/Columns/PageListView.h"
 
 #include "Views/Columns/PageButton.h"
-#include "Views/Widgets/InboxCommands.h"
 #include "support/Gtk/Keyboard.h"
 #include "support/Gtk/Pictures.h"
 #include "support/Gtk/TestScreen.h"
@@ -49,16 +48,13 @@ TEST_F(PageListViewTest, TellsNamesAndConnections) {
 
 TEST_F(PageListViewTest, TheSelectedPageAloneWearsTheOutlineAndTheCount) {
     showPages({makePage(account_, "1", "Mai"), makePage(account_, "2", "Lan")});
-    const auto post = [this](const std::string& count) {
-        screen_.notifications.post(unreadCountChanged, {{"count", count}});
-    };
     const auto isOutlined = [&](const std::string& name) {
         double x = 0, y = 0;
         button(name).translate_coordinates(view_, -2, 19, x, y);
         screen_.settle();
         return nearlyEqual(WidgetPicture(view_).at(x, y), screen_.theme.themePrimary());
     };
-    post("3");
+    screen_.inbox.unread.set({3});
     EXPECT_FALSE(find(view_, "3"));
     click(button("Lan"));
     EXPECT_EQ((*pagesVM_.selectedPage)->pageName, "Lan");
@@ -66,10 +62,10 @@ TEST_F(PageListViewTest, TheSelectedPageAloneWearsTheOutlineAndTheCount) {
     EXPECT_TRUE(isOutlined("Lan, 3 chưa đọc"));
     EXPECT_FALSE(isOutlined("Mai"));
     click(button("Mai"));
-    post("1234");
+    screen_.inbox.unread.set({1234});
     EXPECT_TRUE(find<Gtk::Label>(button("Mai, 1234 chưa đọc"), "99+"));
     EXPECT_TRUE(button("Lan").get_mapped());
-    post("");
+    screen_.inbox.unread.set({});
     EXPECT_TRUE(widgetsOf<Gtk::Label>(button("Mai")).empty());
 }
 

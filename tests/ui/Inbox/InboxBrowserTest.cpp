@@ -86,8 +86,7 @@ TEST(InboxBrowser, GoesOnWithThePageWhereNoOtherOneComesOfALoad) {
                    webkit_settings_get_enable_back_forward_navigation_gestures(settings);
         })) << address;
         browser.ask("document.title = '(" + std::to_string(++unread) + ") inbox'");
-        EXPECT_TRUE(runUntil([&] { return world.unreadCount == std::to_string(unread); }))
-            << address;
+        EXPECT_TRUE(runUntil([&] { return world.inbox.unread->number == unread; })) << address;
         EXPECT_TRUE(runUntil([&] { return !browser.isLoading->get(); }));
     }
 }

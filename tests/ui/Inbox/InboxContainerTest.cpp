@@ -61,14 +61,15 @@ TEST_F(InboxContainer, OffersToLoadThePageAgainAfterItsProcessCrashed) {
     ASSERT_TRUE(waitForLoaded());
     WebView& webView = *widgetsOf<ClippedWebViewContainer>(*container).at(0)->webView();
     ask(webView, "(document.title = '(3) hộp thư', new Notification('Mai'))");
-    ASSERT_TRUE(runUntil(
-        [&] { return world.unreadCount == "3" && world.desktop.notifications.size() == 1; }));
+    ASSERT_TRUE(runUntil([&] {
+        return world.inbox.unread->number == 3 && world.desktop.notifications.size() == 1;
+    }));
     ASSERT_FALSE(webProcesses().empty());
     for (const pid_t process : webProcesses())
         kill(process, SIGKILL);
     ASSERT_TRUE(runUntil([&] { return isShown("Tải lại trang"); }));
     EXPECT_TRUE(widgetsOf<ClippedWebViewContainer>(*container).empty());
-    EXPECT_EQ(world.unreadCount, "") << "Nothing of the web page is left.";
+    EXPECT_EQ(world.inbox.unread->number, 0) << "Nothing of the web page is left.";
     EXPECT_EQ(world.desktop.withdrawn.size(), 1U);
     EXPECT_EQ(webView.title(), "");
 
@@ -135,7 +136,7 @@ protected:
 
 TEST_F(InboxBeforeItsEngine, WaitsForIt) {
     EXPECT_TRUE(showsText(*container, veil));
-    screen.notifications.post(webViewFind);
+    screen.inbox.find.emit();
     container->setPage(makePage(account, "2"), account);
     EXPECT_TRUE(showsText(*container, veil));
     letLoad(&screen.fakeEngine);

@@ -19,7 +19,8 @@ const Glib::RefPtr<Gtk::Application>& application() {
 
 } // namespace
 
-InboxScreen::InboxScreen() : window(application(), world.notifications, realEngine()) {}
+InboxScreen::InboxScreen()
+    : window(application(), world.notifications, world.inbox, realEngine()) {}
 
 InboxScreen::~InboxScreen() {
     if (window.gobj()) // Null when the test has closed it.

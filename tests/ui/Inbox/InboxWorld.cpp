@@ -14,9 +14,6 @@ InboxWorld::InboxWorld(Time time)
     : ScreenWorld(&realEngine()),
       browserContext(
           contextOn(time == Time::passes ? static_cast<Clock&>(SystemClock::shared()) : clock)) {
-    counted_ = notifications.observe(unreadCountChanged, [this](const Announcement& posted) {
-        unreadCount = posted.userInfo.at("count");
-    });
     endpoints.inboxOrigin = server.origin();
     server.answer(inboxPath, page("<title>inbox</title><p>inbox"));
     for (LoopbackServer* each : {&server, &otherServer})

@@ -27,7 +27,6 @@ struct InboxWorld : ScreenWorld {
     LoopbackServer server;
     LoopbackServer otherServer; ///< For the browser this is another site.
     ScreenContext browserContext;
-    std::string unreadCount; ///< As it was announced last.
     WebSession* session = &newSession();
 
     /// Another world over the same files, as after a new start of the program.
@@ -35,9 +34,6 @@ struct InboxWorld : ScreenWorld {
     static LoopbackServer::Answer page(const std::string& body);
 
     static constexpr const char* inboxPath = "/latest/inbox/all";
-
-private:
-    ScopedConnection counted_;
 };
 
 /// The same with the demo server as the inbox site.

@@ -95,7 +95,9 @@ TEST_F(LeavingAnInbox, KeepsItAndItsPageWhenThePersonStaysAndLoadsTheOtherOneEls
 }
 
 TEST_F(LeavingAnInbox, IsAskedForBeforeTheWindowCloses) {
-    window.askBeforeClosing = [this](auto mayClose) { content->requestLeave(std::move(mayClose)); };
+    window.askBeforeClosing = [this](auto mayClose) {
+        content->inbox().requestLeave(std::move(mayClose));
+    };
     window.close();
     window.close();
     answer(stay);

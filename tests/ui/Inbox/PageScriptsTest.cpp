@@ -57,7 +57,7 @@ TEST(PageScripts, DoNotRunInThePageThatTellsOfAFailedLoad) {
     InboxBrowser browser(world);
     ASSERT_TRUE(browser.waitUntil("document.body.innerText.includes('refused')"));
     runPending();
-    EXPECT_EQ(browser.webView().address(), browser.coordinator->homeURL());
+    EXPECT_EQ(browser.webView().address(), world.endpoints.inboxAddress("1001"));
     EXPECT_EQ(browser.ask(hiderCount), "0");
     EXPECT_EQ(browser.startedLoads, 1);
     EXPECT_EQ(browser.endedLoads, 1);

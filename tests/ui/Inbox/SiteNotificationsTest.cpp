@@ -1,7 +1,5 @@
 #include "ui/Inbox/InboxWorld.h"
 
-#include "Views/Widgets/InboxCommands.h"
-
 namespace tessaro::test {
 namespace {
 
@@ -29,9 +27,11 @@ protected:
     }
 
     DemoWorld world;
-    std::map<std::string, std::string> requested;
-    ScopedConnection observed = world.notifications.observe(
-        inboxRequested, [this](const Announcement& posted) { requested = posted.userInfo; });
+    std::pair<std::string, std::string> requested; ///< Page and activation token.
+    ScopedConnection observed = world.inbox.requested.connect(
+        [this](const std::string& pageId, const std::string& activationToken) {
+            requested = {pageId, activationToken};
+        });
 };
 
 TEST_F(TheSitesNotifications, AreShownByTheDesktopAndLeadBackToTheirPage) {
@@ -47,8 +47,8 @@ TEST_F(TheSitesNotifications, AreShownByTheDesktopAndLeadBackToTheirPage) {
     EXPECT_EQ(shown.title, "Nguyễn Thu Hà");
     EXPECT_EQ(shown.body, "Dạ vâng, vậy chị đặt bó 20 bông nhé!");
     world.desktop.clicks.back()("token");
-    EXPECT_EQ(requested["pageId"], DemoWorld::flowers);
-    EXPECT_EQ(requested["activationToken"], "token");
+    EXPECT_EQ(requested.first, DemoWorld::flowers);
+    EXPECT_EQ(requested.second, "token");
     EXPECT_TRUE(runUntil([&] {
         return world.desktop.withdrawn == std::vector<std::string>{shown.id};
     })) << "The site learns of the click and closes the notification.";
@@ -59,9 +59,9 @@ TEST_F(TheSitesNotifications, AreShownByTheDesktopAndLeadBackToTheirPage) {
     world.site.release("inbox");
     ASSERT_TRUE(browser.waitForLoads(2));
     EXPECT_EQ(world.desktop.withdrawn.size(), 1u) << "A click on it still leads to its Page.";
-    requested.clear();
+    requested = {};
     world.desktop.clicks.back()("");
-    EXPECT_EQ(requested["pageId"], DemoWorld::flowers);
+    EXPECT_EQ(requested.first, DemoWorld::flowers);
     EXPECT_EQ(world.modals.alerts.size(), 1u);
 }
 

@@ -3,7 +3,6 @@
 #include "Services/SupportClient.h"
 #include "Views/Columns/AccountButton.h"
 #include "Views/Columns/PageButton.h"
-#include "Views/Widgets/InboxCommands.h"
 #include "support/Gtk/TestScreen.h"
 
 #include <gtest/gtest.h>
@@ -114,7 +113,7 @@ TEST_F(MainSplitViewTest, ARequestedInboxIsSelectedWhereverItsPageIs) {
         {"1", first_.id, "Mai"},
     };
     for (const auto& [pageId, account, shown] : requests) {
-        screen_.notifications.post(inboxRequested, {{"pageId", pageId}, {"activationToken", ""}});
+        screen_.inbox.requested.emit(pageId, "");
         screen_.settle();
         EXPECT_EQ((*view_->accountsVM().selectedAccount)->id, account) << pageId;
         EXPECT_EQ(shownInbox(), shown) << pageId;

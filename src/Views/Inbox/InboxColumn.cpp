@@ -1,0 +1,95 @@
+#include "Views/Inbox/InboxColumn.h"
+
+#include "Platform/Paths.h"
+#include "Views/Inbox/SiteNotifications.h"
+#include "Views/Widgets/Symbol.h"
+
+namespace tessaro {
+
+namespace {
+
+/// How long the list of Pages is shown before a browser is prepared. The Pages are drawn first, and
+/// a person who only moves on to the next account causes no work.
+constexpr Clock::Delay browserDelay(200);
+
+void fillHint(Gtk::Box& hint) {
+    hint.set_expand();
+    hint.set_halign(Gtk::Align::CENTER);
+    hint.set_valign(Gtk::Align::CENTER);
+    auto& icon = *Gtk::make_managed<Symbol>("bubble.left.and.bubble.right", 48);
+    icon.set_css_classes({"secondary-text", "placeholder-icon"});
+    auto& title = *Gtk::make_managed<Gtk::Label>("Chọn một Page để mở hộp thư");
+    title.set_css_classes({"points-15", "medium", "secondary-text"});
+    auto& subtitle = *Gtk::make_managed<Gtk::Label>("Hộp thư sẽ hiển thị trực tiếp từ Facebook");
+    subtitle.set_css_classes({"points-12", "secondary-text", "placeholder-subtitle"});
+    hint.append(icon);
+    hint.append(title);
+    hint.append(subtitle);
+}
+
+} // namespace
+
+InboxColumn::InboxColumn(const ScreenContext& context, const PagesViewModel& pagesVM)
+    : Gtk::Box(Gtk::Orientation::VERTICAL),
+      context_(context),
+      pagesVM_(pagesVM),
+      downloads_(context.desktop),
+      browsers_(
+          context.engine, paths::webDataFolder(), paths::webCacheFolder(), context.clock,
+          [&context] { return SiteNotifications::permittedOrigin(context); }) {
+    set_hexpand();
+    fillHint(hint_);
+    append(hint_);
+    append(downloads_);
+    browsers_.signalDownloadStarted().connect(sigc::mem_fun(downloads_, &DownloadBar::add));
+    pagesChanged_ = pagesVM_.pages.observe([this] { prepareBrowser(); });
+}
+
+InboxColumn::~InboxColumn() = default;
+
+void InboxColumn::showPage(
+    const std::optional<PageConfig>& page, const std::optional<Account>& account) {
+    if (inbox_ && page)
+        return inbox_->setPage(*page, account);
+    if (!page && !inbox_) // The hint is already shown.
+        return;
+    remove(*get_first_child());
+    inbox_.reset();
+    if (!page) {
+        prepend(hint_);
+        prepareBrowser();
+        return;
+    }
+    browserTimer_.disconnect();
+    inbox_ = std::make_unique<InboxContainerView>(context_, *page, account, browsers_);
+    inbox_->signalPageShown().connect(pageShown_.make_slot());
+    inbox_->signalFullScreen().connect(sigc::mem_fun(*this, &InboxColumn::showFullScreen));
+    inbox_->set_hexpand();
+    inbox_->set_size_request(600);
+    prepend(*inbox_);
+}
+
+void InboxColumn::requestLeave(std::function<void(bool)> answered) {
+    if (inbox_)
+        inbox_->requestLeave(std::move(answered));
+    else
+        answered(true);
+}
+
+void InboxColumn::showFullScreen(bool isFullScreen) {
+    if (isFullScreen)
+        remove(downloads_);
+    else
+        append(downloads_);
+    fullScreen_.emit(isFullScreen);
+}
+
+void InboxColumn::prepareBrowser() {
+    browserTimer_.disconnect();
+    if (pagesVM_.pages->empty())
+        browsers_.drop();
+    else if (!inbox_)
+        browserTimer_ = context_.clock.timer(browserDelay, [this] { browsers_.prepare(); });
+}
+
+} // namespace tessaro

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Engine/WebViewReserve.h"
+
+#include "ViewModels/PagesViewModel.h"
+#include "Views/Inbox/DownloadBar.h"
+#include "Views/Inbox/InboxContainerView.h"
+
+#include <memory>
+
+namespace tessaro {
+
+/// The right-hand column of the main window: an inbox, or a hint to choose a Page, above the
+/// downloads. While there are Pages to choose from, a browser is kept ready. UI thread only.
+class InboxColumn : public Gtk::Box {
+public:
+    /// @param context, pagesVM  outlive this
+    InboxColumn(const ScreenContext& context, const PagesViewModel& pagesVM);
+    ~InboxColumn() override;
+
+    /// Shows the inbox of that Page in the browser that is there, without asking what it shows.
+    /// Without a Page the browser goes, and the hint takes its place.
+    void showPage(const std::optional<PageConfig>& page, const std::optional<Account>& account);
+    /// The Page whose inbox is shown; null while the hint is.
+    const PageConfig* shownPage() const { return inbox_ ? &inbox_->pageConfig() : nullptr; }
+    /// Asks the page that is shown whether it may be left; `answered` may be called at once.
+    void requestLeave(std::function<void(bool mayLeave)> answered);
+
+    /// Coordinator::signalPageShown() and signalFullScreen() of whatever inbox is shown.
+    sigc::signal<void(const std::string&)>& signalPageShown() { return pageShown_; }
+    sigc::signal<void(bool)>& signalFullScreen() { return fullScreen_; }
+
+private:
+    void showFullScreen(bool isFullScreen);
+    void prepareBrowser();
+
+    const ScreenContext& context_;
+    const PagesViewModel& pagesVM_;
+    Gtk::Box hint_{Gtk::Orientation::VERTICAL, 16};
+    DownloadBar downloads_;
+    WebViewReserve browsers_;
+    std::unique_ptr<InboxContainerView> inbox_; ///< Exists while a Page is shown.
+    sigc::signal<void(const std::string&)> pageShown_;
+    sigc::signal<void(bool)> fullScreen_;
+    ScopedConnection pagesChanged_;
+    ScopedConnection browserTimer_;
+};
+
+} // namespace tessaro
