@@ -39,7 +39,7 @@ public:
 
 protected:
     void on_startup() override {
-        owner_.lockData();
+        owner_.dataLock_ = lockFolder(paths::dataFolder(), lockPatience);
         Gtk::Application::on_startup();
         adw_init();
         registerResources();
@@ -123,10 +123,6 @@ int TessaroApp::run(int argc, char** argv) {
         DataStore::shared().finishDeletions(keyringLimit);
     }
     return exitCode;
-}
-
-void TessaroApp::lockData() {
-    dataLock_ = lockFolder(paths::dataFolder(), lockPatience);
 }
 
 void TessaroApp::presentWindow() {

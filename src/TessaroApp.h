@@ -24,7 +24,6 @@ private:
     class Instance;
     struct Scene;
 
-    void lockData();
     void presentWindow();
     void presentRefusal();
 

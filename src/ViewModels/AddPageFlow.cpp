@@ -66,15 +66,8 @@ Task<void> AddPageFlow::verify(SecretText pasted) {
 }
 
 bool AddPageFlow::canAdd() const {
-    switch (*tokenType) {
-    case TokenType::userToken:
-        return selectedResolvedPage->has_value();
-    case TokenType::pageToken:
-        return directPageInfo->has_value();
-    case TokenType::unknown:
-        break;
-    }
-    return false;
+    return (*tokenType == TokenType::userToken && *selectedResolvedPage) ||
+           (*tokenType == TokenType::pageToken && *directPageInfo);
 }
 
 void AddPageFlow::addSelectedPage() {

@@ -9,20 +9,13 @@ AccountSidebar::AccountSidebar(const ScreenContext& context, AccountsViewModel& 
     : Gtk::Box(Gtk::Orientation::VERTICAL),
       context_(context),
       viewModel_(viewModel),
-      column_("Tài khoản", columnBehaviour()),
+      column_("Tài khoản", viewModel.accounts, viewModel.selectedAccount, columnBehaviour()),
       controls_(context) {
     set_css_classes({"sidebar-column", "account-column"});
     set_size_request(56);
     append(column_);
     append(controls_);
-    column_.setRecords(*viewModel_.accounts);
     column_.setAddRow(true);
-    connections_.push_back(
-        viewModel_.accounts.observe([this] { column_.setRecords(*viewModel_.accounts); }));
-    connections_.push_back(viewModel_.selectedAccount.observe([this] {
-        const auto& selected = *viewModel_.selectedAccount;
-        column_.setSelected(selected ? std::optional(selected->id) : std::nullopt);
-    }));
 }
 
 RecordColumn<Account>::Behaviour AccountSidebar::columnBehaviour() {

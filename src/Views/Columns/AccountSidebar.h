@@ -26,7 +26,6 @@ private:
     RecordColumn<Account> column_;
     SidebarControls controls_;
     DialogPresenter sheets_;
-    std::vector<ScopedConnection> connections_;
 };
 
 } // namespace tessaro

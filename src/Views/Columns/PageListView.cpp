@@ -10,7 +10,7 @@ namespace tessaro {
 PageListView::PageListView(const ScreenContext& context, PagesViewModel& pagesVM)
     : context_(context),
       pagesVM_(pagesVM),
-      column_("Page", columnBehaviour()),
+      column_("Page", pagesVM.pages, pagesVM.selectedPage, columnBehaviour()),
       arrow_("arrow.left", 14) {
     set_css_classes({"sidebar-column", "page-column"});
     set_size_request(56);
@@ -21,12 +21,7 @@ PageListView::PageListView(const ScreenContext& context, PagesViewModel& pagesVM
     set_child(column_);
     add_overlay(arrow_);
 
-    column_.setRecords(*pagesVM_.pages);
-    connections_.push_back(pagesVM_.pages.observe([this] { column_.setRecords(*pagesVM_.pages); }));
-    connections_.push_back(pagesVM_.selectedPage.observe([this] { showSelection(); }));
-    connections_.push_back(
-        context_.inbox.choosePage.connect(sigc::mem_fun(*this, &PageListView::choose)));
-    showSelection();
+    context_.inbox.choosePage.connect(sigc::mem_fun(*this, &PageListView::choose));
 }
 
 RecordColumn<PageConfig>::Behaviour PageListView::columnBehaviour() {
@@ -55,11 +50,6 @@ void PageListView::choose(int position) {
     const auto& pages = *pagesVM_.pages;
     if (position >= 1 && std::cmp_less_equal(position, pages.size()))
         pagesVM_.selectPage(pages[static_cast<std::size_t>(position) - 1]);
-}
-
-void PageListView::showSelection() {
-    const auto& selected = *pagesVM_.selectedPage;
-    column_.setSelected(selected ? std::optional(selected->id) : std::nullopt);
 }
 
 void PageListView::openSheet() {

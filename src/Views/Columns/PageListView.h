@@ -23,7 +23,6 @@ public:
 private:
     RecordColumn<PageConfig>::Behaviour columnBehaviour();
     void choose(int position);
-    void showSelection();
     void openSheet();
 
     const ScreenContext& context_;
@@ -32,7 +31,6 @@ private:
     RecordColumn<PageConfig> column_;
     Symbol arrow_;
     DialogPresenter sheets_;
-    std::vector<ScopedConnection> connections_;
 };
 
 } // namespace tessaro

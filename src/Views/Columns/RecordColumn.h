@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Property.h"
 #include "Platform/Text.h"
 #include "Views/Columns/AddButton.h"
 #include "Views/Columns/Column.h"
@@ -79,32 +80,31 @@ public:
         std::function<Commands(const Record&)> menu;
     };
 
-    /// @param name  of the list, for assistive technology
-    RecordColumn(const Glib::ustring& name, Behaviour behaviour)
+    /// Shows the records and scrolls to the selected one, now and whenever they change.
+    /// @param name               of the list, for assistive technology
+    /// @param records, selected  outlive this
+    RecordColumn(
+        const Glib::ustring& name, const tessaro::Property<std::vector<Record>>& records,
+        const tessaro::Property<std::optional<Record>>& selected, Behaviour behaviour)
         : Column(name), behaviour_(std::move(behaviour)) {
         factory().signal_bind().connect(
             [this](const Glib::RefPtr<Gtk::ListItem>& row) { bind(*row); });
         factory().signal_unbind().connect(
             [this](const Glib::RefPtr<Gtk::ListItem>& row) { unbind(*row); });
         view().set_model(Gtk::NoSelection::create(rows_.list()));
+        const auto showRecords = [this, &records] { rows_.setRecords(*records); };
+        const auto showSelection = [this, &selected] {
+            setSelected(*selected ? std::optional((*selected)->id) : std::nullopt);
+        };
+        recordsChanged_ = records.observe(showRecords);
+        selectionChanged_ = selected.observe(showSelection);
+        showRecords();
+        showSelection();
     }
 
     ~RecordColumn() override { view().set_model({}); } // Unbinds the rows while this still exists.
 
-    void setRecords(const std::vector<Record>& records) { rows_.setRecords(records); }
     void setAddRow(bool present) { rows_.setAddRow(present); }
-
-    /// Marks the record with that id as selected and scrolls to it.
-    void setSelected(const std::optional<Id>& id) {
-        if (id == selected_)
-            return;
-        const auto before = std::exchange(selected_, id);
-        for (const auto& [button, item] : shown_)
-            if (const auto& shown = item->record()->id; shown == before || shown == id)
-                button->setSelected(isSelected(*item));
-        if (const auto row = id ? rows_.find(*id) : std::nullopt)
-            view().activate_action("list.scroll-to-item", Glib::Variant<guint>::create(*row));
-    }
 
     /// Scrolls to the first row. New rows above the view would otherwise stay out of sight.
     void showFirst() {
@@ -119,6 +119,17 @@ protected:
 
 private:
     using Item = RowItem<Record>;
+
+    void setSelected(const std::optional<Id>& id) {
+        if (id == selected_)
+            return;
+        const auto before = std::exchange(selected_, id);
+        for (const auto& [button, item] : shown_)
+            if (const auto& shown = item->record()->id; shown == before || shown == id)
+                button->setSelected(isSelected(*item));
+        if (const auto row = id ? rows_.find(*id) : std::nullopt)
+            view().activate_action("list.scroll-to-item", Glib::Variant<guint>::create(*row));
+    }
 
     bool isSelected(const Item& item) const { return selected_ && item.record()->id == *selected_; }
 
@@ -167,6 +178,8 @@ private:
     RowModel<Record> rows_;
     std::map<RecordButton<Record>*, Glib::RefPtr<Item>> shown_;
     std::optional<Id> selected_;
+    ScopedConnection recordsChanged_;
+    ScopedConnection selectionChanged_;
 };
 
 } // namespace tessaro

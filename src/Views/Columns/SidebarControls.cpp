@@ -16,7 +16,7 @@ SidebarControls::SidebarControls(const ScreenContext& context)
     addDivider();
     append(themeToggle_);
     append(themeSettings_);
-    themeSettings_.set_margin_bottom(8);
+    set_margin_bottom(8);
 
     themeToggle_.signal_clicked().connect([this] { context_.theme.toggleTheme(); });
     themeChanged_ = context_.theme.observe([this] { showToggleSymbol(); });
@@ -44,10 +44,7 @@ void SidebarControls::addCommand(
 
 void SidebarControls::addDivider() {
     auto* divider = Gtk::make_managed<Gtk::Separator>();
-    divider->set_size_request(28);
     divider->set_halign(Gtk::Align::CENTER);
-    divider->set_margin_top(4);
-    divider->set_margin_bottom(4);
     append(*divider);
 }
 

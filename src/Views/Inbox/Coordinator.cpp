@@ -164,7 +164,7 @@ void Coordinator::didShowPage(WebView& webView) {
     if (pageId == currentPageId_)
         return;
     pageOnScreen_ = pageId;
-    pageShown_.emit(pageId);
+    parent_.context.inbox.shown.emit(pageId);
     pageOnScreen_.clear();
 }
 
@@ -180,7 +180,7 @@ void Coordinator::createWebView(WebView&, const std::string& address) {
 }
 
 void Coordinator::didChangeFullScreen(bool isFullScreen) {
-    fullScreen_.emit(isFullScreen);
+    parent_.context.inbox.fullScreen.emit(isFullScreen);
 }
 
 void Coordinator::webProcessDidTerminate(WebView&) {

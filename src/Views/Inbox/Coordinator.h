@@ -28,7 +28,7 @@ public:
     /// Starts to listen to the commands.
     void setupNotifications();
     /// Makes this the Page whose inbox is home, and loads it, unless it is being told of by
-    /// signalPageShown(). The page that is shown is not asked whether it may be left.
+    /// InboxSignals::shown. The page that is shown is not asked whether it may be left.
     void openInbox(const std::string& pageId, const std::string& address);
     /// Asks it whether it may. What it counts is not shown meanwhile.
     void requestLeave(std::function<void(bool mayLeave)> answered);
@@ -53,11 +53,6 @@ public:
 
     /// Emitted when the page's process has crashed: nothing is shown until the next load.
     sigc::signal<void()>& signalProcessTerminated() { return processTerminated_; }
-    /// Emitted with the Graph id of another Page than currentPageId() whose inbox has come on
-    /// screen by itself, such as by going back.
-    sigc::signal<void(const std::string&)>& signalPageShown() { return pageShown_; }
-    /// Emitted when something of the page begins or ceases to fill the screen.
-    sigc::signal<void(bool)>& signalFullScreen() { return fullScreen_; }
 
 private:
     static constexpr double naturalZoom = 1.0;
@@ -78,8 +73,6 @@ private:
     std::string pageOnScreen_; ///< While it is told of.
     int startedLoads_ = 0;
     sigc::signal<void()> processTerminated_;
-    sigc::signal<void(const std::string&)> pageShown_;
-    sigc::signal<void(bool)> fullScreen_;
     std::vector<ScopedConnection> commands_;
     Lifetime lifetime_;
 };

@@ -17,8 +17,6 @@ DownloadBar::DownloadBar(Desktop& desktop) : desktop_(desktop), list_(Gtk::Orien
     set_visible(false);
 }
 
-DownloadBar::~DownloadBar() = default;
-
 void DownloadBar::add(std::shared_ptr<WebDownload> download) {
     // What has landed makes room for what comes; a failure stays until it was seen.
     std::erase_if(rows_, [this](const auto& row) {

@@ -18,7 +18,6 @@ namespace tessaro {
 class DownloadBar : public Gtk::ScrolledWindow {
 public:
     explicit DownloadBar(Desktop& desktop);
-    ~DownloadBar() override;
 
     void add(std::shared_ptr<WebDownload> download);
 

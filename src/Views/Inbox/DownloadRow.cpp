@@ -1,6 +1,7 @@
 #include "Views/Inbox/DownloadRow.h"
 
 #include "Views/Widgets/Accessible.h"
+#include "Views/Widgets/Layout.h"
 
 #include <glibmm/convert.h>
 
@@ -56,17 +57,12 @@ void DownloadRow::layOut() {
     accessible::setName(progress_, "Tiến độ tải xuống");
     texts_.set_hexpand();
     texts_.set_valign(Gtk::Align::CENTER);
-    texts_.append(name_);
-    texts_.append(progress_);
-    texts_.append(detail_);
+    appendAll(texts_, name_, progress_, detail_);
     open_.set_valign(Gtk::Align::CENTER);
     open_.add_css_class("points-12");
     accessible::nameButtonsByLabel(GTK_WIDGET(open_.gobj()));
     close_.set_valign(Gtk::Align::CENTER);
-    append(symbol_);
-    append(texts_);
-    append(open_);
-    append(close_);
+    appendAll(*this, symbol_, texts_, open_, close_);
 }
 
 void DownloadRow::show() {

@@ -2,6 +2,7 @@
 
 #include "Views/Widgets/Accessible.h"
 #include "Views/Widgets/Keys.h"
+#include "Views/Widgets/Layout.h"
 
 namespace tessaro {
 
@@ -22,11 +23,7 @@ FindBar::FindBar(std::shared_ptr<WebView> webView)
     previous_.signal_clicked().connect([this] { finder_.findPrevious(); });
     next_.signal_clicked().connect([this] { finder_.findNext(); });
     close_.signal_clicked().connect([this] { close(); });
-    append(entry_);
-    append(previous_);
-    append(next_);
-    append(count_);
-    append(close_);
+    appendAll(*this, entry_, previous_, next_, count_, close_);
 
     // Before the entry, which has uses of its own for some of the keys.
     addKeys(*this, Gtk::PropagationPhase::CAPTURE, sigc::mem_fun(*this, &FindBar::onKeyPressed));

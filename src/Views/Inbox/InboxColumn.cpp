@@ -2,6 +2,7 @@
 
 #include "Platform/Paths.h"
 #include "Views/Inbox/SiteNotifications.h"
+#include "Views/Widgets/Layout.h"
 #include "Views/Widgets/Symbol.h"
 
 namespace tessaro {
@@ -22,9 +23,7 @@ void fillHint(Gtk::Box& hint) {
     title.set_css_classes({"points-15", "medium", "secondary-text"});
     auto& subtitle = *Gtk::make_managed<Gtk::Label>("Hộp thư sẽ hiển thị trực tiếp từ Facebook");
     subtitle.set_css_classes({"points-12", "secondary-text", "placeholder-subtitle"});
-    hint.append(icon);
-    hint.append(title);
-    hint.append(subtitle);
+    appendAll(hint, icon, title, subtitle);
 }
 
 } // namespace
@@ -39,13 +38,11 @@ InboxColumn::InboxColumn(const ScreenContext& context, const PagesViewModel& pag
           [&context] { return SiteNotifications::permittedOrigin(context); }) {
     set_hexpand();
     fillHint(hint_);
-    append(hint_);
-    append(downloads_);
+    appendAll(*this, hint_, downloads_);
     browsers_.signalDownloadStarted().connect(sigc::mem_fun(downloads_, &DownloadBar::add));
+    context.inbox.fullScreen.connect(sigc::mem_fun(*this, &InboxColumn::showFullScreen));
     pagesChanged_ = pagesVM_.pages.observe([this] { prepareBrowser(); });
 }
-
-InboxColumn::~InboxColumn() = default;
 
 void InboxColumn::showPage(
     const std::optional<PageConfig>& page, const std::optional<Account>& account) {
@@ -62,8 +59,6 @@ void InboxColumn::showPage(
     }
     browserTimer_.disconnect();
     inbox_ = std::make_unique<InboxContainerView>(context_, *page, account, browsers_);
-    inbox_->signalPageShown().connect(pageShown_.make_slot());
-    inbox_->signalFullScreen().connect(sigc::mem_fun(*this, &InboxColumn::showFullScreen));
     inbox_->set_hexpand();
     inbox_->set_size_request(600);
     prepend(*inbox_);
@@ -81,7 +76,6 @@ void InboxColumn::showFullScreen(bool isFullScreen) {
         remove(downloads_);
     else
         append(downloads_);
-    fullScreen_.emit(isFullScreen);
 }
 
 void InboxColumn::prepareBrowser() {

@@ -16,7 +16,6 @@ class InboxColumn : public Gtk::Box {
 public:
     /// @param context, pagesVM  outlive this
     InboxColumn(const ScreenContext& context, const PagesViewModel& pagesVM);
-    ~InboxColumn() override;
 
     /// Shows the inbox of that Page in the browser that is there, without asking what it shows.
     /// Without a Page the browser goes, and the hint takes its place.
@@ -25,10 +24,6 @@ public:
     const PageConfig* shownPage() const { return inbox_ ? &inbox_->pageConfig() : nullptr; }
     /// Asks the page that is shown whether it may be left; `answered` may be called at once.
     void requestLeave(std::function<void(bool mayLeave)> answered);
-
-    /// Coordinator::signalPageShown() and signalFullScreen() of whatever inbox is shown.
-    sigc::signal<void(const std::string&)>& signalPageShown() { return pageShown_; }
-    sigc::signal<void(bool)>& signalFullScreen() { return fullScreen_; }
 
 private:
     void showFullScreen(bool isFullScreen);
@@ -40,8 +35,6 @@ private:
     DownloadBar downloads_;
     WebViewReserve browsers_;
     std::unique_ptr<InboxContainerView> inbox_; ///< Exists while a Page is shown.
-    sigc::signal<void(const std::string&)> pageShown_;
-    sigc::signal<void(bool)> fullScreen_;
     ScopedConnection pagesChanged_;
     ScopedConnection browserTimer_;
 };

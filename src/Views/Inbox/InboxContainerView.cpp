@@ -28,7 +28,8 @@ InboxContainerView::InboxContainerView(
     set_child(stack_);
     reloadButton_.set_halign(Gtk::Align::CENTER);
     reloadButton_.set_valign(Gtk::Align::CENTER);
-    reloadButton_.signal_clicked().connect(sigc::mem_fun(*this, &InboxContainerView::loadAgain));
+    // Not a reload: the engine has nothing to reload when the process died during the first load.
+    reloadButton_.signal_clicked().connect([this] { coordinator_->handleGoHome(); });
     stack_.add(page_);
     stack_.add(reloadButton_);
     notice_.set_wrap();
@@ -41,7 +42,8 @@ InboxContainerView::InboxContainerView(
     stack_.add(notice_);
     add_overlay(veil_);
     loadingChanged_ = isLoading_->observe([this] { showLoading(); });
-    findCommand_ = context_.inbox.find.connect([this] { find(); });
+    context_.inbox.find.connect(sigc::mem_fun(*this, &InboxContainerView::find));
+    context_.inbox.fullScreen.connect(sigc::mem_fun(*this, &InboxContainerView::showFullScreen));
     showBrowser();
 }
 
@@ -86,9 +88,6 @@ void InboxContainerView::receive(std::shared_ptr<WebView> webView) {
     coordinator_ = host.makeCoordinator();
     coordinator_->signalProcessTerminated().connect(
         [this] { stack_.set_visible_child(reloadButton_); });
-    coordinator_->signalPageShown().connect(pageShown_.make_slot());
-    coordinator_->signalFullScreen().connect(
-        sigc::mem_fun(*this, &InboxContainerView::showFullScreen));
     browser_ = host.makeView(*coordinator_, std::move(webView));
     findBar_ = std::make_unique<FindBar>(browser_->webView());
     page_.append(*findBar_);
@@ -114,18 +113,12 @@ void InboxContainerView::showFullScreen(bool isFullScreen) {
         page_.remove(*findBar_);
     else
         page_.prepend(*findBar_);
-    fullScreen_.emit(isFullScreen);
 }
 
 void InboxContainerView::find() {
     // Not behind the veil, nor where something else stands in the page's place or fills the screen.
     if (findBar_ && findBar_->get_parent() && page_.get_mapped() && !isLoading_->get())
         findBar_->open();
-}
-
-void InboxContainerView::loadAgain() {
-    // Not a reload: the engine has nothing to reload when the process died during the first load.
-    coordinator_->handleGoHome();
 }
 
 } // namespace tessaro

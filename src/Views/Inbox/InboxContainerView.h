@@ -23,7 +23,7 @@ namespace tessaro {
 class ClippedWebViewContainer;
 class Coordinator;
 
-/// The column of the selected Page: its inbox in the browser, and above it a veil while it loads.
+/// The inbox of the selected Page in the browser, and above it a veil while it loads.
 /// Where the page crashed, a button to load it again is in its place; where no browser can be had,
 /// a sentence.
 class InboxContainerView : public Gtk::Overlay {
@@ -40,10 +40,6 @@ public:
     /// Asks the page whether it may be left; `answered` may be called at once.
     void requestLeave(std::function<void(bool mayLeave)> answered);
 
-    /// Coordinator::signalPageShown() and signalFullScreen() of whatever browser there is.
-    sigc::signal<void(const std::string&)>& signalPageShown() { return pageShown_; }
-    sigc::signal<void(bool)>& signalFullScreen() { return fullScreen_; }
-
     const PageConfig& pageConfig() const { return pageConfig_; }
     const std::optional<Account>& account() const { return account_; }
 
@@ -53,7 +49,6 @@ private:
     void showLack(WebViewReserve::Lack lack);
     void showLoading();
     void showFullScreen(bool isFullScreen);
-    void loadAgain();
     void find();
 
     const ScreenContext& context_;
@@ -70,14 +65,11 @@ private:
     LoadingVeil veil_;
     bool hasLoaded_ = false; ///< Whether there was a page before the one that loads.
 
-    sigc::signal<void(const std::string&)> pageShown_;
-    sigc::signal<void(bool)> fullScreen_;
     std::unique_ptr<Coordinator> coordinator_;
     std::unique_ptr<ClippedWebViewContainer> browser_;
     std::unique_ptr<FindBar> findBar_;
     ScopedConnection taking_; ///< While a browser is waited for.
     ScopedConnection loadingChanged_;
-    ScopedConnection findCommand_;
 };
 
 } // namespace tessaro

@@ -14,7 +14,7 @@ PageSelection::PageSelection(
       inbox_(inbox),
       accountChanged_(accountsVM.selectedAccount.observe([this] { followAccount(); })),
       pageChanged_(pagesVM.selectedPage.observe([this] { followPage(); })),
-      pageShown_(inbox.signalPageShown().connect([this](const std::string& pageId) {
+      pageShown_(context.inbox.shown.connect([this](const std::string& pageId) {
           selectPage(pageId);
           showSelected();
       })),

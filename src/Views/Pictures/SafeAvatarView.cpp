@@ -59,34 +59,34 @@ void SafeAvatarView::loadLocalImage() {
     loading_.cancel();
     loading_ = Cancellation();
     if (get_mapped())
-        load(this, lifetime_.watch(), loading_).detach();
+        load(loading_).detach();
 }
 
-Task<void> SafeAvatarView::load(SafeAvatarView* self, Lifetime::Watch alive, Cancellation loading) {
-    ImageLoader& images = self->images_;
-    if (!self->id_.empty()) {
-        auto reading = images.loadCached(self->id_, self->pixels(), loading, self->cutter());
+Task<void> SafeAvatarView::load(Cancellation loading) {
+    const auto alive = lifetime_.watch();
+    if (!id_.empty()) {
+        auto reading = images_.loadCached(id_, pixels(), loading, cutter());
         auto local = co_await std::move(reading);
         if (!alive || loading.isCancelled())
             co_return;
-        self->localImage_ = std::move(local);
-        self->queue_draw();
+        localImage_ = std::move(local);
+        queue_draw();
     }
-    if (self->localImage_ || !self->fallbackUrl_)
+    if (localImage_ || !fallbackUrl_)
         co_return;
-    if (!self->remoteAnswer_) {
-        auto fetching = images.fetch(*self->fallbackUrl_);
+    if (!remoteAnswer_) {
+        auto fetching = images_.fetch(*fallbackUrl_);
         auto answer = co_await std::move(fetching);
         if (!alive || loading.isCancelled() || !answer)
             co_return;
-        self->remoteAnswer_ = std::move(answer);
+        remoteAnswer_ = std::move(answer);
     }
-    auto decoding = images.decode(self->remoteAnswer_, self->pixels(), loading, self->cutter());
+    auto decoding = images_.decode(remoteAnswer_, pixels(), loading, cutter());
     auto remote = co_await std::move(decoding);
     if (!alive || loading.isCancelled())
         co_return;
-    self->remoteImage_ = std::move(remote);
-    self->queue_draw();
+    remoteImage_ = std::move(remote);
+    queue_draw();
 }
 
 std::string SafeAvatarView::initial() const {

@@ -51,7 +51,7 @@ protected:
     void on_unmap() override;
 
 private:
-    static Task<void> load(SafeAvatarView* self, Lifetime::Watch alive, Cancellation loading);
+    Task<void> load(Cancellation loading);
     ImageLoader::Finish cutter() const;
     int pixels() const;
 

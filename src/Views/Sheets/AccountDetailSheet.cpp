@@ -2,7 +2,9 @@
 
 #include "Platform/Text.h"
 #include "Views/Widgets/Accessible.h"
-#include "Views/Widgets/TextLine.h"
+#include "Views/Widgets/Layout.h"
+
+#include <gtkmm/grid.h>
 
 namespace tessaro {
 
@@ -79,10 +81,8 @@ void AccountDetailSheet::layOutProxy() {
     proxyEnabled_.add_css_class("mini");
     proxyEnabled_.set_valign(Gtk::Align::CENTER);
     accessible::setName(proxyEnabled_, "CẤU HÌNH PROXY");
-    head->append(caption);
-    head->append(proxyEnabled_);
-    section->append(*head);
-    section->append(proxySlide_);
+    appendAll(*head, caption, proxyEnabled_);
+    appendAll(*section, *head, proxySlide_);
     content().append(*section);
 
     setUpField(proxyHost_, "Host (IP hoặc domain)");
@@ -97,15 +97,11 @@ void AccountDetailSheet::layOutProxy() {
 
     auto* hostRow = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::HORIZONTAL, 8);
     proxyHost_.set_hexpand();
-    hostRow->append(proxyHost_);
-    hostRow->append(proxyPort_);
+    appendAll(*hostRow, proxyHost_, proxyPort_);
     auto* userRow = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::HORIZONTAL, 8);
     userRow->set_homogeneous();
-    userRow->append(proxyUsername_);
-    userRow->append(proxyPassword_);
-    proxyRows_.attach(*hostRow, 0, 0);
-    proxyRows_.attach(*userRow, 0, 1);
-    proxyRows_.set_row_spacing(8);
+    appendAll(*userRow, proxyUsername_, proxyPassword_);
+    appendAll(proxyRows_, *hostRow, *userRow);
     proxyRows_.add_css_class("proxy-rows");
 
     proxyEnabled_.property_active().signal_changed().connect(

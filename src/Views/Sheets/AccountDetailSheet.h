@@ -6,7 +6,6 @@
 #include "Views/Sheets/Sheet.h"
 
 #include <gtkmm/entry.h>
-#include <gtkmm/grid.h>
 #include <gtkmm/passwordentry.h>
 #include <gtkmm/switch.h>
 
@@ -52,7 +51,7 @@ private:
     Gtk::Entry proxyPort_;
     Gtk::Entry proxyUsername_;
     Gtk::PasswordEntry proxyPassword_;
-    Gtk::Grid proxyRows_;
+    Gtk::Box proxyRows_{Gtk::Orientation::VERTICAL, 8};
     FadeSlide proxySlide_;
 };
 

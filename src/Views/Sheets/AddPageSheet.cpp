@@ -1,7 +1,7 @@
 #include "Views/Sheets/AddPageSheet.h"
 
 #include "Views/Widgets/Accessible.h"
-#include "Views/Widgets/TextLine.h"
+#include "Views/Widgets/Layout.h"
 
 #include <glibmm/main.h>
 #include <gtkmm/separator.h>
@@ -22,9 +22,7 @@ Gtk::Box& previewBox(PageSummary& page, const Glib::ustring& caption) {
     auto& box = *Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL, 8);
     box.add_css_class("page-preview");
     box.set_hexpand();
-    box.append(captionRow);
-    box.append(*Gtk::make_managed<Gtk::Separator>());
-    box.append(page);
+    appendAll(box, captionRow, *Gtk::make_managed<Gtk::Separator>(), page);
     return box;
 }
 
@@ -39,8 +37,7 @@ AddPageSheet::AddPageSheet(const ScreenContext& context, PagesViewModel& pagesVM
       previewSlide_(previewPlace_, std::chrono::milliseconds(150)) {
     layOutToken();
     layOutError();
-    content().append(picker_);
-    content().append(previewSlide_);
+    appendAll(content(), error_, picker_, previewSlide_);
     token_.grab_focus();
     follow();
     showProgress();
@@ -60,9 +57,8 @@ void AddPageSheet::layOutToken() {
     editor->set_size_request(-1, 80);
     editor->set_child(token_);
     auto* tokenSection = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL, 6);
-    tokenSection->append(textLine("ACCESS TOKEN", {"section-caption"}));
-    tokenSection->append(*editor);
-    tokenSection->append(
+    appendAll(
+        *tokenSection, textLine("ACCESS TOKEN", {"section-caption"}), *editor,
         textLine("Nhập User Access Token hoặc Page Access Token", {"points-10", "secondary-text"}));
     content().append(*tokenSection);
     verify_.add_css_class("points-13");
@@ -84,9 +80,7 @@ void AddPageSheet::layOutError() {
     message_.set_wrap_mode(Pango::WrapMode::WORD_CHAR);
     error_.property_accessible_role() = Gtk::Accessible::Role::ALERT;
     error_.set_css_classes({"error-row", "points-11"});
-    error_.append(*line);
-    error_.append(message_);
-    content().append(error_);
+    appendAll(error_, *line, message_);
 }
 
 void AddPageSheet::follow() {

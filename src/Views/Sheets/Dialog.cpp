@@ -22,15 +22,13 @@ Dialog::Dialog(const Glib::ustring& title) : column_(Gtk::Orientation::VERTICAL)
             return true;
         },
         false);
-    addKeys(*this, Gtk::PropagationPhase::BUBBLE, sigc::mem_fun(*this, &Dialog::onKeyPressed));
-}
-
-bool Dialog::onKeyPressed(guint key, guint, Gdk::ModifierType modifiers) {
-    const auto typed = modifiers & (Gdk::ModifierType::CONTROL_MASK | Gdk::ModifierType::ALT_MASK);
-    if (key != GDK_KEY_Escape || typed != Gdk::ModifierType{})
-        return false;
-    dismiss();
-    return true;
+    addKeys(*this, Gtk::PropagationPhase::BUBBLE, [this](guint key, guint, Gdk::ModifierType held) {
+        held &= Gdk::ModifierType::CONTROL_MASK | Gdk::ModifierType::ALT_MASK;
+        const bool isEscape = key == GDK_KEY_Escape && held == Gdk::ModifierType{};
+        if (isEscape)
+            dismiss();
+        return isEscape;
+    });
 }
 
 void Dialog::dismiss() {

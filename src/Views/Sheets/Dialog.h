@@ -23,8 +23,6 @@ protected:
     void dismiss();
 
 private:
-    bool onKeyPressed(guint key, guint code, Gdk::ModifierType modifiers);
-
     std::function<void()> dismissAction_;
     Gtk::Box noTitlebar_;
     Gtk::Box column_;

@@ -1,20 +1,19 @@
 #include "Views/Sheets/PagePicker.h"
 
+#include <gtkmm/separator.h>
+
 namespace tessaro {
 
 PagePicker::PagePicker(const ScreenContext& context, AddPageFlow& flow)
-    : Gtk::Box(Gtk::Orientation::VERTICAL, 8),
-      context_(context),
-      flow_(flow),
-      header_(Gtk::Orientation::HORIZONTAL, 6),
-      info_("info.circle.fill", 11),
-      headerText_("Đây là User Token. Chọn Page bạn muốn kết nối:") {
-    divider_.set_margin_bottom(8); // Together with the spacing the 16 points between sections.
-    header_.set_css_classes({"page-picker-header", "points-11", "medium", "accent-text"});
-    header_.append(info_);
-    header_.append(headerText_);
-    append(divider_);
-    append(header_);
+    : Gtk::Box(Gtk::Orientation::VERTICAL, 8), context_(context), flow_(flow) {
+    auto& divider = *Gtk::make_managed<Gtk::Separator>();
+    divider.set_margin_bottom(8); // Together with the spacing the 16 points between sections.
+    auto& header = *Gtk::make_managed<Gtk::Box>(Gtk::Orientation::HORIZONTAL, 6);
+    header.set_css_classes({"page-picker-header", "points-11", "medium", "accent-text"});
+    header.append(*Gtk::make_managed<Symbol>("info.circle.fill", 11));
+    header.append(*Gtk::make_managed<Gtk::Label>("Đây là User Token. Chọn Page bạn muốn kết nối:"));
+    append(divider);
+    append(header);
     connections_.push_back(flow_.resolvedPages.observe([this] { showPages(); }));
     connections_.push_back(flow_.selectedResolvedPage.observe([this] { showSelection(); }));
 }

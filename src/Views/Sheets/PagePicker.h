@@ -4,7 +4,6 @@
 #include "Views/Sheets/PagePickerRow.h"
 
 #include <gtkmm/box.h>
-#include <gtkmm/separator.h>
 
 #include <vector>
 
@@ -25,10 +24,6 @@ private:
 
     const ScreenContext& context_;
     AddPageFlow& flow_;
-    Gtk::Separator divider_;
-    Gtk::Box header_;
-    Symbol info_;
-    Gtk::Label headerText_;
     std::vector<PagePickerRow*> rows_;
     std::vector<ScopedConnection> connections_;
 };

@@ -2,6 +2,7 @@
 
 #include "Views/Widgets/Accessible.h"
 #include "Views/Widgets/Keys.h"
+#include "Views/Widgets/Layout.h"
 
 #include <glibmm/main.h>
 #include <gtkmm/adjustment.h>
@@ -23,8 +24,7 @@ Sheet::Sheet(int width, int height, const Glib::ustring& title, const Glib::ustr
     close_.add_css_class("secondary-text");
     close_.set_valign(Gtk::Align::CENTER);
     accessible::setTooltip(close_, "Đóng");
-    header_.append(title_);
-    header_.append(close_);
+    appendAll(header_, title_, close_);
     header_.add_css_class("sheet-row");
     handle_.set_child(header_);
 
@@ -47,13 +47,10 @@ Sheet::Sheet(int width, int height, const Glib::ustring& title, const Glib::ustr
     cancel_.set_hexpand();
     cancel_.set_halign(Gtk::Align::START);
     accept_.add_css_class("suggested-action");
-    footer_.append(cancel_);
-    footer_.append(accept_);
+    appendAll(footer_, cancel_, accept_);
     footer_.add_css_class("sheet-row");
 
-    for (Gtk::Widget* part :
-         std::initializer_list<Gtk::Widget*>{&handle_, &above_, &scroller_, &below_, &footer_})
-        column().append(*part);
+    appendAll(column(), handle_, above_, scroller_, below_, footer_);
     column().set_size_request(width, height);
     set_default_size(width, height);
     set_default_widget(accept_);

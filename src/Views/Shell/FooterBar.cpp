@@ -2,7 +2,7 @@
 
 #include "Services/LogExcerpt.h"
 #include "Views/Widgets/Accessible.h"
-#include "Views/Widgets/TextLine.h"
+#include "Views/Widgets/Layout.h"
 
 #include <gtkmm/revealer.h>
 #include <gtkmm/separator.h>
@@ -43,8 +43,7 @@ Gtk::Button& linkButton(const FooterLink& link) {
     room.set_transition_duration(hoverMilliseconds);
     room.set_child(label);
     auto& row = *Gtk::make_managed<Gtk::Box>();
-    row.append(*Gtk::make_managed<Symbol>(link.icon, 11));
-    row.append(room);
+    appendAll(row, *Gtk::make_managed<Symbol>(link.icon, 11), room);
     auto& button = *Gtk::make_managed<Gtk::Button>();
     button.set_child(row);
     button.set_css_classes({"borderless", "footer-button", link.id});
@@ -76,11 +75,9 @@ FooterBar::FooterBar(const ScreenContext& context, AppLogger& logger, SupportCli
     supportButton_.signal_clicked().connect([this] { sendSupportLogs().detach(); });
     auto& space = *Gtk::make_managed<Gtk::Box>();
     space.set_hexpand();
-    append(dot);
-    append(textLine("Phiên bản v1.0", {"points-10", "medium", "secondary-text"}));
-    append(divider);
-    append(supportButton_);
-    append(space);
+    appendAll(
+        *this, dot, textLine("Phiên bản v1.0", {"points-10", "medium", "secondary-text"}), divider,
+        supportButton_, space);
     for (const auto& link : socialLinks(context.endpoints)) {
         auto& button = linkButton(link);
         button.signal_clicked().connect(

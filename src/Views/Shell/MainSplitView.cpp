@@ -1,6 +1,7 @@
 #include "Views/Shell/MainSplitView.h"
 
 #include "Platform/Gtk/PictureDecoder.h"
+#include "Views/Widgets/Layout.h"
 
 #include <gdkmm/frameclock.h>
 #include <gtkmm/separator.h>
@@ -20,16 +21,13 @@ MainSplitView::MainSplitView(
       selection_(context, accountsVM_, pagesVM_, inbox_) {
     set_size_request(900, 560);
     columns_.set_vexpand();
-    columns_.append(accounts_);
-    columns_.append(*Gtk::make_managed<Gtk::Separator>(Gtk::Orientation::VERTICAL));
-    columns_.append(pages_);
-    columns_.append(*Gtk::make_managed<Gtk::Separator>(Gtk::Orientation::VERTICAL));
-    columns_.append(inbox_);
-    append(columns_);
-    append(footer_);
+    appendAll(
+        columns_, accounts_, *Gtk::make_managed<Gtk::Separator>(Gtk::Orientation::VERTICAL), pages_,
+        *Gtk::make_managed<Gtk::Separator>(Gtk::Orientation::VERTICAL), inbox_);
+    appendAll(*this, columns_, footer_);
     accountChanged_ = accountsVM_.selectedAccount.observe(
         [this] { pages_.setAccount(*accountsVM_.selectedAccount); });
-    inbox_.signalFullScreen().connect(sigc::mem_fun(*this, &MainSplitView::showFullScreen));
+    context.inbox.fullScreen.connect(sigc::mem_fun(*this, &MainSplitView::showFullScreen));
 }
 
 void MainSplitView::on_map() {

@@ -1,8 +1,7 @@
 #include "Views/Shell/MainWindow.h"
 
 #include "Platform/Gtk/DigitKey.h"
-#include "Views/Shell/AboutWindow.h"
-#include "Views/Shell/ShortcutsWindow.h"
+#include "Views/Shell/InfoWindow.h"
 #include "Views/Shell/WindowCommand.h"
 #include "Views/Widgets/Accessible.h"
 #include "Views/Widgets/Keys.h"
@@ -84,10 +83,9 @@ void MainWindow::addActions() {
         "choose-page", Glib::VARIANT_TYPE_INT32, [this](const Glib::VariantBase& position) {
             inbox_.choosePage.emit(valueOf<int>(position));
         });
-    for (const auto& commands : {conversationCommands(), browserCommands()})
-        for (const auto& [action, title, accelerators] : commands)
-            get_application()->set_accels_for_action(
-                action, {accelerators.begin(), accelerators.end()});
+    for (const auto& command : windowCommands())
+        get_application()->set_accels_for_action(
+            command.action, {command.accelerators.begin(), command.accelerators.end()});
     for (int position = 1; position <= keyedPages; ++position) {
         const auto digit = std::to_string(position);
         get_application()->set_accels_for_action(
@@ -118,7 +116,9 @@ bool MainWindow::pressDigitByPlace(guint keyval, guint keycode, Gdk::ModifierTyp
 
 void MainWindow::addConversationMenu() {
     const auto menu = Gio::Menu::create();
-    for (const auto& command : conversationCommands()) {
+    for (const auto& command : windowCommands()) {
+        if (!command.isInMenu)
+            continue;
         // The toolkit draws a line between sections.
         const auto section = Gio::Menu::create();
         section->append(command.title, command.action);
@@ -130,8 +130,8 @@ void MainWindow::addConversationMenu() {
 }
 
 void MainWindow::addPrimaryMenu() {
-    add_action("shortcuts", [this] { showInfo(shortcuts_, std::make_unique<ShortcutsWindow>()); });
-    add_action("about", [this] { showInfo(about_, std::make_unique<AboutWindow>(engine_)); });
+    add_action("shortcuts", [this] { showInfo(shortcuts_, InfoWindow::shortcuts()); });
+    add_action("about", [this] { showInfo(about_, InfoWindow::about(engine_)); });
     get_application()->set_accel_for_action("win.shortcuts", "<Control>question");
     const auto menu = Gio::Menu::create();
     menu->append("Phím tắt", "win.shortcuts");

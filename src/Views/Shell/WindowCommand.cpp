@@ -12,16 +12,10 @@ std::string post(const char* notification) {
 
 } // namespace
 
-const std::vector<WindowCommand>& conversationCommands() {
+const std::vector<WindowCommand>& windowCommands() {
     static const std::vector<WindowCommand> commands{
-        {post(focusSearchField), "Tìm kiếm cuộc trò chuyện", {"<Control>k"}},
-        {post(refreshInbox), "Làm mới hộp thư", {"<Control>r"}},
-    };
-    return commands;
-}
-
-const std::vector<WindowCommand>& browserCommands() {
-    static const std::vector<WindowCommand> commands{
+        {post(focusSearchField), "Tìm kiếm cuộc trò chuyện", {"<Control>k"}, true},
+        {post(refreshInbox), "Làm mới hộp thư", {"<Control>r"}, true},
         {post(webViewGoHome), "Quay về Hộp thư", {"<Alt>Home"}},
         {post(webViewReload), "Tải lại trang", {"F5"}},
         {"win.find", "Tìm trong trang", {"<Control>f"}},

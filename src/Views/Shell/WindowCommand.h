@@ -10,12 +10,10 @@ struct WindowCommand {
     std::string action;                    ///< In GIO's notation, with its target if it has one.
     std::string title;                     ///< Shown in the menu and in the list of shortcuts.
     std::vector<std::string> accelerators; ///< In GTK's notation; the first one is shown.
+    bool isInMenu = false;                 ///< In the menu "Trò Chuyện".
 };
 
-/// The commands of the menu "Trò Chuyện", in its order.
-const std::vector<WindowCommand>& conversationCommands();
-
-/// The commands that are in no menu.
-const std::vector<WindowCommand>& browserCommands();
+/// In the order of the menu and of the list of shortcuts.
+const std::vector<WindowCommand>& windowCommands();
 
 } // namespace tessaro

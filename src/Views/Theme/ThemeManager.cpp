@@ -4,15 +4,12 @@
 #include "Views/Widgets/InboxCommands.h"
 
 #include <algorithm>
-#include <chrono>
 
 namespace tessaro {
 
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto inboxDelay = 100ms;
+constexpr Clock::Delay inboxDelay(100);
 
 } // namespace
 

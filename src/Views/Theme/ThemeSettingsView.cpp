@@ -5,8 +5,8 @@
 #include "Views/Theme/ThemeManager.h"
 #include "Views/Widgets/Accessible.h"
 #include "Views/Widgets/Keys.h"
+#include "Views/Widgets/Layout.h"
 #include "Views/Widgets/Symbol.h"
-#include "Views/Widgets/TextLine.h"
 
 #include <gdkmm/general.h>
 #include <gtkmm/noselection.h>
@@ -59,8 +59,7 @@ Gtk::Widget& ThemeSettingsView::modeSection() {
     buttons.append(appearanceButton("system", "Tự động", "desktopcomputer"));
 
     auto& section = *Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL, 6);
-    section.append(caption("CHẾ ĐỘ HIỂN THỊ"));
-    section.append(buttons);
+    appendAll(section, caption("CHẾ ĐỘ HIỂN THỊ"), buttons);
     return section;
 }
 
@@ -135,8 +134,7 @@ Gtk::Widget& ThemeSettingsView::colorSection() {
     box.add_overlay(scroller);
 
     auto& section = *Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL, 8);
-    section.append(header);
-    section.append(box);
+    appendAll(section, header, box);
     return section;
 }
 

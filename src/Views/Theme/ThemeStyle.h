@@ -20,8 +20,6 @@ public:
     /// @param theme  outlives this
     explicit ThemeStyle(ThemeManager& theme);
     ~ThemeStyle();
-    ThemeStyle(const ThemeStyle&) = delete;
-    ThemeStyle& operator=(const ThemeStyle&) = delete;
 
 private:
     void redefine();

@@ -32,6 +32,10 @@ struct InboxSignals {
     /// Page of that Graph id. The token permits the window to take the focus; it is empty where
     /// the desktop gives none.
     sigc::signal<void(const std::string& pageId, const std::string& activationToken)> requested;
+    /// The inbox of the Page of that Graph id has come on screen by itself, such as by going back.
+    sigc::signal<void(const std::string& pageId)> shown;
+    /// Something of the page begins or ceases to fill the screen.
+    sigc::signal<void(bool isFullScreen)> fullScreen;
     Property<UnreadCount> unread; ///< Of the selected Page, written by its browser.
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <gtkmm/box.h>
 #include <gtkmm/label.h>
 
 #include <vector>
@@ -14,6 +15,12 @@ inline Gtk::Label& textLine(const Glib::ustring& text, const std::vector<Glib::u
     label.set_xalign(0);
     label.set_css_classes(style);
     return label;
+}
+
+/// Appends the children to the box, in their order.
+template <typename... Children>
+void appendAll(Gtk::Box& box, Children&... children) {
+    (box.append(children), ...);
 }
 
 } // namespace tessaro
