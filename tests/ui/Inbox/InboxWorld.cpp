@@ -1,6 +1,5 @@
 #include "ui/Inbox/InboxWorld.h"
 
-#include "Views/Widgets/InboxCommands.h"
 #include "support/Gtk/Pointer.h"
 
 #include <webkit/webkit.h>
