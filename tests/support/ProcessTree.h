@@ -2,7 +2,9 @@
 
 #include "Platform/FileStore.h"
 
+#include <algorithm>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 

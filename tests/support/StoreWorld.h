@@ -60,6 +60,14 @@ inline Account makeAccount(const std::string& name = "Tài khoản") {
     };
 }
 
+/// The account with a proxy at that port of this computer.
+inline Account proxiedBy(std::int64_t port, Account account = makeAccount()) {
+    account.proxyEnabled = true;
+    account.proxyHost = "127.0.0.1";
+    account.proxyPort = port;
+    return account;
+}
+
 inline PageConfig
 makePage(const Account& account, const std::string& pageId, const std::string& name = "Trang") {
     return {

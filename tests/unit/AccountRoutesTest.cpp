@@ -12,12 +12,6 @@ namespace {
 
 class AccountRoutesTest : public testing::Test {
 protected:
-    AccountRoutesTest() {
-        proxied.proxyEnabled = true;
-        proxied.proxyHost = "127.0.0.1";
-        proxied.proxyPort = proxy.port();
-    }
-
     Task<Result<HttpResponse>> picture(const std::optional<Account>& owner, int number) {
         return world.routes.of(owner).pictures.fetch(addressOf(number));
     }
@@ -39,7 +33,7 @@ protected:
 
     GraphWorld world;
     LoopbackServer proxy;
-    Account proxied = makeAccount();
+    const Account proxied = proxiedBy(proxy.port());
 };
 
 } // namespace

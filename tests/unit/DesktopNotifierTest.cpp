@@ -13,7 +13,6 @@ using test::runUntil;
 
 namespace {
 
-constexpr const char* path = "/org/freedesktop/Notifications";
 const std::string name = "org.freedesktop.Notifications";
 
 class DesktopNotifierTest : public testing::Test {
@@ -43,6 +42,9 @@ protected:
                    }) == count;
         }));
     }
+    static void emit(const MockBusService& mock, const char* signal, const char* arguments) {
+        mock.emit("/org/freedesktop/Notifications", name + "." + signal, arguments);
+    }
     bool waitForClicks(const std::vector<std::string>& wanted) {
         return runUntil([&] { return clicks_ == wanted; });
     }
@@ -59,28 +61,26 @@ TEST_F(DesktopNotifierTest, ShowsPlainTextAndHearsOfItsOwnClicksAlone) {
     const std::string notify = name + ".Notify('Tessaro', 0, 'com.vandel.Tessaro', ";
     const std::string end = ", ['default', ''], {'desktop-entry': <'com.vandel.Tessaro'>, "
                             "'category': <'im.received'>}, -1)";
-    const auto emit = [&](const char* signal, const char* arguments) {
-        service.emit(path, name + "." + signal, arguments);
-    };
+    EXPECT_TRUE(test::await(askForNotifications(false)));
     show({"a", "Mai <3", "1 < 2 & <b>x</b>"});
     waitForCall(service, notify + "'Mai <3', '1 &lt; 2 &amp; &lt;b&gt;x&lt;/b&gt;'" + end);
     show({"b", "Lan", ""});
     waitForCall(service, notify + "'Lan', ''" + end);
 
-    emit("ActionInvoked", "(uint32 99, 'default')");
-    emit("ActivationToken", "(uint32 8, ' token')");
-    emit("ActionInvoked", "(uint32 8, 'default')");
-    emit("ActionInvoked", "(uint32 7, 'default')");
+    emit(service, "ActionInvoked", "(uint32 99, 'default')");
+    emit(service, "ActivationToken", "(uint32 8, ' token')");
+    emit(service, "ActionInvoked", "(uint32 8, 'default')");
+    emit(service, "ActionInvoked", "(uint32 7, 'default')");
     EXPECT_TRUE(waitForClicks({"b token", "a"}));
 
-    emit("NotificationClosed", "(uint32 7, uint32 2)");
-    emit("ActionInvoked", "(uint32 7, 'default')");
+    emit(service, "NotificationClosed", "(uint32 7, uint32 2)");
+    emit(service, "ActionInvoked", "(uint32 7, 'default')");
     notifier_->withdraw("b");
     waitForCall(service, name + ".CloseNotification(8,)");
-    emit("ActionInvoked", "(uint32 8, 'default')");
+    emit(service, "ActionInvoked", "(uint32 8, 'default')");
     show({"c", "Hoa", ""});
     waitForCall(service, notify + "'Hoa', ''" + end);
-    emit("ActionInvoked", "(uint32 9, 'default')");
+    emit(service, "ActionInvoked", "(uint32 9, 'default')");
     EXPECT_TRUE(waitForClicks({"b token", "a", "c"}));
 }
 
@@ -88,9 +88,6 @@ TEST_F(DesktopNotifierTest, LeavesNothingBehindThatWasWithdrawnReplacedOrDismiss
     auto service = mock(name);
     service.hold("Notify");
     const std::string close = name + ".CloseNotification";
-    const auto emit = [&](const char* signal, const char* arguments) {
-        service.emit(path, name + "." + signal, arguments);
-    };
     show({"a", "Mai", ""});
     waitForShown(service, 1);
     notifier_->withdraw("a");
@@ -103,15 +100,15 @@ TEST_F(DesktopNotifierTest, LeavesNothingBehindThatWasWithdrawnReplacedOrDismiss
     waitForShown(service, 3);
     service.answerHeld();
     waitForCall(service, close + "(8,)");
-    emit("ActionInvoked", "(uint32 9, 'default')");
+    emit(service, "ActionInvoked", "(uint32 9, 'default')");
     EXPECT_TRUE(waitForClicks({"b"}));
 
     show({"b", "Lan", "ba"});
     waitForShown(service, 4);
-    emit("NotificationClosed", "(uint32 9, uint32 2)");
+    emit(service, "NotificationClosed", "(uint32 9, uint32 2)");
     service.answerHeld();
     // The answer has arrived when this call has, because a bus keeps the order.
-    emit("ActionInvoked", "(uint32 10, 'default')");
+    emit(service, "ActionInvoked", "(uint32 10, 'default')");
     EXPECT_TRUE(waitForClicks({"b", "b"}));
     notifier_->withdraw("b");
     waitForCall(service, close + "(10,)");
@@ -121,6 +118,7 @@ TEST_F(DesktopNotifierTest, GoesThroughThePortalFromWithinAConfinedPackage) {
     notifier_.emplace(true);
     const auto portal = mock("org.freedesktop.portal.Desktop");
     const std::string interface = "org.freedesktop.portal.Notification.";
+    EXPECT_TRUE(test::await(askForNotifications(true)));
     show({"a", "Mai", "1 < 2"});
     waitForCall(
         portal, interface + "AddNotification('a', {'title': <'Mai'>, 'body': <'1 < 2'>, "
@@ -133,6 +131,7 @@ TEST_F(DesktopNotifierTest, GoesThroughThePortalFromWithinAConfinedPackage) {
 }
 
 TEST_F(DesktopNotifierTest, OutlivesADesktopWithoutNotifications) {
+    EXPECT_FALSE(test::await(askForNotifications(false)));
     show({"a", "Mai", ""});
     notifier_.reset();
     notifier_.emplace(false);

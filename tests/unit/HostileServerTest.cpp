@@ -235,13 +235,10 @@ TEST(HostileGraph, ServersThatEchoTheTokenAreToldOfWithoutIt) {
 }
 
 TEST(HostileGraph, ProxiesAreToldOfWithoutTheToken) {
-    auto account = makeAccount();
-    account.proxyEnabled = true;
-    account.proxyHost = "127.0.0.1";
-    account.proxyPassword = SecretText("marked password");
     for (const std::int64_t port : {std::int64_t{LoopbackServer().port()}, std::int64_t{70000}}) {
         GraphWorld world;
-        account.proxyPort = port;
+        auto account = proxiedBy(port);
+        account.proxyPassword = SecretText("marked password");
         EXPECT_THAT(errorsOf(world, account), Not(HasSubstr("marked")));
     }
 }

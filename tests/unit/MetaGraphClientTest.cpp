@@ -121,12 +121,9 @@ TEST_F(MetaGraphClientTest, GoesThroughTheAccountsProxyOnlyWhenItIsOnAndComplete
     LoopbackServer proxy;
     proxy.answer(world.baseUrl + "/me", R"({"id":"7","name":"Of the proxy"})");
     world.answerMe({200, R"({"id":"7","name":"Directly"})", {}});
-    auto account = makeAccount();
-    account.proxyHost = "127.0.0.1";
-    account.proxyPort = proxy.port();
+    auto account = proxiedBy(proxy.port());
     account.proxyUsername = "user";
     account.proxyPassword = SecretText("password");
-    account.proxyEnabled = true;
     const auto ask = [&](const Account& owner) {
         return await(world.makeClient(SecretText("token"), owner)->fetchPageInfo());
     };

@@ -47,8 +47,6 @@ TEST_F(SupportClientTest, UploadsALogInThreeMembersWhateverTheAnswerSays) {
     const std::string content = "dòng \"một\"\n\u0001 hai\xFF";
     ASSERT_TRUE(await(client_.uploadLog("0123abc-05-03-2025.log", content)));
     const auto request = server_.requests().at(0);
-    EXPECT_EQ(request.method, "POST");
-    EXPECT_EQ(request.headers.at("content-type"), "application/json");
     EXPECT_EQ(
         nlohmann::json::parse(request.body), (nlohmann::json{
                                                  {"uuid", world_.device.getDeviceUUID()},

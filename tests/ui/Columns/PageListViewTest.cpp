@@ -72,10 +72,7 @@ TEST_F(PageListViewTest, TheSelectedPageAloneWearsTheOutlineAndTheCount) {
 TEST_F(PageListViewTest, PicturesComeByTheAccountsProxyEachOnce) {
     LoopbackServer proxy;
     proxy.answer("*", pngPicture(80, 80, 0x0000FFFF));
-    account_.proxyEnabled = true;
-    account_.proxyHost = "127.0.0.1";
-    account_.proxyPort = proxy.port();
-    screen_.store.saveAccounts({account_});
+    screen_.store.saveAccounts({proxiedBy(proxy.port(), account_)});
     showPages({makePage(account_, "1", "Mai"), makePage(account_, "2", "Lan")});
     for (const char* name : {"Mai", "Lan"})
         EXPECT_TRUE(runUntil([&] {

@@ -50,8 +50,6 @@ InboxBrowser::InboxBrowser(InboxWorld& world, const std::string& pageId) : world
     EXPECT_TRUE(waitForLoads(1));
 }
 
-InboxBrowser::~InboxBrowser() = default;
-
 PageInboxWebView InboxBrowser::host(const std::string& pageId) const {
     return {world_.browserContext, pageId, isLoading};
 }

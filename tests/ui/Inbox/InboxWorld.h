@@ -58,7 +58,6 @@ class InboxBrowser {
 public:
     /// Returns when the inbox of that Page has loaded.
     explicit InboxBrowser(InboxWorld& world, const std::string& pageId = "1001");
-    ~InboxBrowser();
 
     /// Shows another Page, as after its selection.
     void show(const std::string& pageId);

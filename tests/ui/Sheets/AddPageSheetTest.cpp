@@ -110,9 +110,7 @@ TEST_F(AddPageSheetTest, ShowsThePicturesOfPagesByTheAccountsProxyEachOnce) {
     proxy.answer("http://graph.example/v25.0/me/accounts", R"({"data":[
         {"id":"1","name":"Mai","access_token":"t","picture":{"data":{"url":"http://nowhere.example/1.png"}}},
         {"id":"2","name":"","access_token":"t"}]})");
-    account_.proxyEnabled = true;
-    account_.proxyHost = "127.0.0.1";
-    account_.proxyPort = proxy.port();
+    account_ = proxiedBy(proxy.port(), account_);
     screen_.store.saveAccounts({account_});
     screen_.endpoints.graphApiOrigin = "http://graph.example";
     open();

@@ -80,19 +80,16 @@ TEST_F(
         updates->checkForUpdates();
         await(support_.checkUpdate()); // When this check has ended, the first one has too.
     };
-    const auto waitForAlerts = [this](std::size_t count) {
-        return runUntil([=, this] { return screen_.modals.alerts.size() == count; });
-    };
     check(R"({"version":"1.2.0","url":"https://a.example/","notes":""})");
     EXPECT_TRUE(screen_.modals.alerts.empty());
     check(newer);
-    ASSERT_TRUE(waitForAlerts(1));
+    ASSERT_EQ(screen_.modals.alerts.size(), 1u);
     EXPECT_EQ(screen_.modals.alerts[0].message, "Phiên bản mới: 1.3.0\n\nNội dung:\nFixes");
     check(newer);
     EXPECT_EQ(screen_.modals.alerts.size(), 1u);
     screen_.modals.answers[0](0);
     check(newer);
-    ASSERT_TRUE(waitForAlerts(2));
+    ASSERT_EQ(screen_.modals.alerts.size(), 2u);
     updates.reset();
     screen_.modals.answers[1](1);
     EXPECT_TRUE(screen_.desktop.opened.empty());
