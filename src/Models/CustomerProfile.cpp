@@ -4,25 +4,6 @@
 
 namespace tessaro {
 
-namespace {
-
-std::optional<std::vector<std::string>> readTags(JsonReader& reader) {
-    const auto* array = reader.optionalArray("tags");
-    if (!array)
-        return std::nullopt;
-    std::vector<std::string> tags;
-    for (const auto& tag : *array) {
-        if (!tag.is_string()) {
-            reader.reject("tags");
-            return std::nullopt;
-        }
-        tags.push_back(tag.get<std::string>());
-    }
-    return tags;
-}
-
-} // namespace
-
 void to_json(nlohmann::json& object, const CustomerProfile& profile) {
     object = {{"id", profile.id}};
     const auto write = [&](const char* key, const auto& value) {
@@ -48,7 +29,7 @@ Result<CustomerProfile> decodeCustomerProfile(const nlohmann::json& value) {
         .birthday = reader.optionalText("birthday"),
         .address = reader.optionalText("address"),
         .notes = reader.optionalText("notes"),
-        .tags = readTags(reader),
+        .tags = reader.optionalTexts("tags"),
     };
     return reader.finish(std::move(profile));
 }

@@ -1,61 +1,56 @@
 #include "Platform/DesktopNotifier.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace tessaro {
 
 namespace {
 
 constexpr const char* applicationId = "com.vandel.Tessaro";
+constexpr const char* portalInterface = "org.freedesktop.portal.Notification";
 
-/// One interface of a service on the session bus.
-struct Service {
-    const char* name;
-    const char* path;
-    const char* interface;
-};
-constexpr Service notificationService{
-    "org.freedesktop.Notifications", "/org/freedesktop/Notifications",
-    "org.freedesktop.Notifications"};
-constexpr Service portal{
-    "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
-    "org.freedesktop.portal.Notification"};
-
-constexpr Service portalProperties{portal.name, portal.path, "org.freedesktop.DBus.Properties"};
-
-using Bus = GObjectPtr<GDBusConnection>;
+using Service = GObjectPtr<GDBusProxy>;
 
 tl::unexpected<Error> failed(const GErrorSlot& error) {
     g_dbus_error_strip_remote_error(error.get());
     return failure("Notifications", error->code, error.message());
 }
 
-Task<Result<Bus>> sessionBus() {
+/// The desktop portal for a confined package, else the notification service.
+Task<Result<Service>> serviceFor(bool isConfined) {
     GErrorSlot error;
-    const auto bus = co_await AsyncCall(
-        [](GAsyncReadyCallback ready, gpointer data) {
-            g_bus_get(G_BUS_TYPE_SESSION, nullptr, ready, data);
+    const auto service = co_await AsyncCall(
+        [&](GAsyncReadyCallback ready, gpointer data) {
+            g_dbus_proxy_new_for_bus(
+                G_BUS_TYPE_SESSION,
+                static_cast<GDBusProxyFlags>(
+                    G_DBUS_PROXY_FLAGS_DO_NOT_LOAD_PROPERTIES |
+                    G_DBUS_PROXY_FLAGS_DO_NOT_AUTO_START_AT_CONSTRUCTION),
+                nullptr,
+                isConfined ? "org.freedesktop.portal.Desktop" : "org.freedesktop.Notifications",
+                isConfined ? "/org/freedesktop/portal/desktop" : "/org/freedesktop/Notifications",
+                isConfined ? portalInterface : "org.freedesktop.Notifications", nullptr, ready,
+                data);
         },
         [&](GObject*, GAsyncResult* result) {
-            return Bus::adopt(g_bus_get_finish(result, error.out()));
+            return Service::adopt(g_dbus_proxy_new_for_bus_finish(result, error.out()));
         });
-    if (!bus)
+    if (!service)
         co_return failed(error);
-    co_return bus;
+    co_return service;
 }
 
 /// The service's answer. Takes the arguments over when they are floating.
-Task<Result<GVariantPtr>> call(Bus bus, Service service, std::string method, GVariant* arguments) {
+Task<Result<GVariantPtr>> call(Service service, std::string method, GVariant* arguments) {
     GErrorSlot error;
     GVariantPtr answer = co_await AsyncCall(
         [&](GAsyncReadyCallback ready, gpointer data) {
-            g_dbus_connection_call(
-                bus.get(), service.name, service.path, service.interface, method.c_str(), arguments,
-                nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, ready, data);
+            g_dbus_proxy_call(
+                service.get(), method.c_str(), arguments, G_DBUS_CALL_FLAGS_NONE, -1, nullptr,
+                ready, data);
         },
         [&](GObject*, GAsyncResult* result) {
-            return GVariantPtr(g_dbus_connection_call_finish(bus.get(), result, error.out()));
+            return GVariantPtr(g_dbus_proxy_call_finish(service.get(), result, error.out()));
         });
     if (!answer)
         co_return failed(error);
@@ -67,12 +62,9 @@ bool readsMarkup(const Result<GVariantPtr>& capabilities) {
     if (!capabilities || !g_variant_is_of_type(capabilities->get(), G_VARIANT_TYPE("(as)")))
         return false;
     const GVariantPtr list(g_variant_get_child_value(capabilities->get(), 0));
-    for (gsize i = 0; i < g_variant_n_children(list.get()); ++i) {
-        const GVariantPtr capability(g_variant_get_child_value(list.get(), i));
-        if (g_variant_get_string(capability.get(), nullptr) == std::string_view("body-markup"))
-            return true;
-    }
-    return false;
+    const std::unique_ptr<const char*, Releaser<g_free>> names(
+        g_variant_get_strv(list.get(), nullptr));
+    return g_strv_contains(names.get(), "body-markup");
 }
 
 GVariant*
@@ -92,20 +84,15 @@ GVariant* portalArguments(const DesktopNotification& notification) {
 } // namespace
 
 Task<Result<void>> askForNotifications(bool isConfined) {
-    const auto bus = co_await sessionBus();
-    if (!bus)
-        co_return tl::unexpected<Error>(bus.error());
-    const auto service = isConfined ? portalProperties : notificationService;
-    const auto methods = isConfined
-                             ? std::vector<const char*>{"Get"}
-                             : std::vector<const char*>{"GetServerInformation", "GetCapabilities"};
-    for (const char* method : methods) {
-        GVariant* const arguments =
-            isConfined ? g_variant_new("(ss)", portal.interface, "version") : nullptr;
-        const auto answer = co_await call(*bus, service, method, arguments);
-        if (!answer)
-            co_return tl::unexpected<Error>(answer.error());
-    }
+    const auto service = co_await serviceFor(isConfined);
+    if (!service)
+        co_return tl::unexpected<Error>(service.error());
+    const char* method = isConfined ? "org.freedesktop.DBus.Properties.Get" : "GetCapabilities";
+    GVariant* const arguments =
+        isConfined ? g_variant_new("(ss)", portalInterface, "version") : nullptr;
+    const auto answer = co_await call(*service, method, arguments);
+    if (!answer)
+        co_return tl::unexpected<Error>(answer.error());
     co_return Result<void>();
 }
 
@@ -124,23 +111,22 @@ void DesktopNotifier::show(DesktopNotification notification, Clicked clicked) {
 
 Task<void> DesktopNotifier::send(DesktopNotification notification, std::shared_ptr<Shown> shown) {
     const auto alive = lifetime_.watch();
-    const auto bus = co_await sessionBus();
-    if (!alive || !bus || shown->isWithdrawn)
+    const auto service = co_await serviceFor(isConfined_);
+    if (!alive || !service || shown->isWithdrawn)
         co_return;
-    listen(*bus);
+    listen(*service);
     if (isConfined_) {
-        co_await call(*bus, portal, "AddNotification", portalArguments(notification));
+        co_await call(*service, "AddNotification", portalArguments(notification));
         co_return;
     }
-    const auto capabilities = co_await call(*bus, notificationService, "GetCapabilities", nullptr);
+    const auto capabilities = co_await call(*service, "GetCapabilities", nullptr);
     if (!alive || shown->isWithdrawn)
         co_return;
     std::string body = notification.body;
     if (readsMarkup(capabilities))
         body = takeString(g_markup_escape_text(body.c_str(), -1));
     const auto answer = co_await call(
-        *bus, notificationService, "Notify",
-        notifyArguments(shown->serverId, notification.title, body));
+        *service, "Notify", notifyArguments(shown->serverId, notification.title, body));
     shown->isUnderWay = false;
     if (!alive || !answer || !g_variant_is_of_type(answer->get(), G_VARIANT_TYPE("(u)")))
         co_return;
@@ -156,59 +142,50 @@ void DesktopNotifier::withdraw(const std::string& id) {
     shown->second->isWithdrawn = true;
     const auto serverId = shown->second->serverId;
     shown_.erase(shown);
-    if (isConfined_ && bus_)
-        call(bus_, portal, "RemoveNotification", g_variant_new("(s)", id.c_str())).detach();
+    if (isConfined_ && service_)
+        call(service_, "RemoveNotification", g_variant_new("(s)", id.c_str())).detach();
     else if (serverId)
         close(serverId);
 }
 
 void DesktopNotifier::close(std::uint32_t serverId) {
-    call(bus_, notificationService, "CloseNotification", g_variant_new("(u)", serverId)).detach();
+    call(service_, "CloseNotification", g_variant_new("(u)", serverId)).detach();
 }
 
-void DesktopNotifier::listen(const GObjectPtr<GDBusConnection>& bus) {
-    if (bus_)
+void DesktopNotifier::listen(const GObjectPtr<GDBusProxy>& service) {
+    if (service_)
         return;
-    bus_ = bus;
-    const Service& service = isConfined_ ? portal : notificationService;
-    const guint subscription = g_dbus_connection_signal_subscribe(
-        bus.get(), service.name, service.interface, nullptr, service.path, nullptr,
-        G_DBUS_SIGNAL_FLAGS_NONE,
-        [](GDBusConnection*, const char*, const char*, const char*, const char* name,
-           GVariant* arguments, gpointer data) {
-            auto* const self = static_cast<DesktopNotifier*>(data);
-            if (self->isConfined_)
-                self->onPortalSignal(name, arguments);
+    service_ = service;
+    signals_ = connectSignal<void(GDBusProxy*, const char*, const char*, GVariant*)>(
+        service.get(), "g-signal",
+        [this](GDBusProxy*, const char*, const char* name, GVariant* arguments) {
+            if (isConfined_)
+                onPortalSignal(name, arguments);
             else
-                self->onServiceSignal(name, arguments);
-        },
-        this, nullptr);
-    signals_ = ScopedConnection(
-        [bus, subscription] { g_dbus_connection_signal_unsubscribe(bus.get(), subscription); });
+                onServiceSignal(name, arguments);
+        });
 }
 
 void DesktopNotifier::onServiceSignal(const std::string& name, GVariant* arguments) {
-    if (g_variant_n_children(arguments) != 2)
+    if (!g_variant_is_of_type(arguments, G_VARIANT_TYPE("(u*)")))
         return;
-    const GVariantPtr serverId(g_variant_get_child_value(arguments, 0));
-    if (!g_variant_is_of_type(serverId.get(), G_VARIANT_TYPE_UINT32))
-        return;
-    const auto found = std::ranges::find_if(shown_, [&](const auto& entry) {
-        return entry.second->serverId == g_variant_get_uint32(serverId.get());
-    });
+    std::uint32_t serverId = 0;
+    const char* detail = nullptr;
+    g_variant_get_child(arguments, 0, "u", &serverId);
+    if (g_variant_is_of_type(arguments, G_VARIANT_TYPE("(us)")))
+        g_variant_get_child(arguments, 1, "&s", &detail);
+    const auto found = std::ranges::find_if(
+        shown_, [&](const auto& entry) { return entry.second->serverId == serverId; });
     // The service sends its signals about every program's notifications to all programs.
     if (found == shown_.end())
         return;
-    const GVariantPtr detail(g_variant_get_child_value(arguments, 1));
     if (name == "NotificationClosed" && found->second->isUnderWay)
         found->second->serverId = 0; // What replaces it comes all the same.
     else if (name == "NotificationClosed")
         shown_.erase(found);
-    else if (!g_variant_is_of_type(detail.get(), G_VARIANT_TYPE_STRING))
-        return;
-    else if (name == "ActivationToken")
-        found->second->activationToken = g_variant_get_string(detail.get(), nullptr);
-    else if (name == "ActionInvoked")
+    else if (detail && name == "ActivationToken")
+        found->second->activationToken = detail;
+    else if (detail && name == "ActionInvoked")
         click(found->first);
 }
 

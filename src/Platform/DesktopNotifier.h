@@ -54,13 +54,13 @@ private:
 
     Task<void> send(DesktopNotification notification, std::shared_ptr<Shown> shown);
     void close(std::uint32_t serverId);
-    void listen(const GObjectPtr<GDBusConnection>& bus);
+    void listen(const GObjectPtr<GDBusProxy>& service);
     void onServiceSignal(const std::string& name, GVariant* arguments);
     void onPortalSignal(const std::string& name, GVariant* arguments);
     void click(const std::string& id);
 
     const bool isConfined_;
-    GObjectPtr<GDBusConnection> bus_;
+    GObjectPtr<GDBusProxy> service_; ///< Null until the first notification is shown.
     std::map<std::string, std::shared_ptr<Shown>> shown_;
     ScopedConnection signals_;
     Lifetime lifetime_;

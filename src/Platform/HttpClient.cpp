@@ -16,6 +16,8 @@ namespace tessaro {
 namespace {
 
 constexpr int redirectLimit = 10;
+/// The most connections of a session. An idle one is closed when another host needs its place.
+constexpr int connectionLimit = 8;
 /// How many answers like "100 Continue" may precede the real one. Without a limit, a server that
 /// keeps sending them would keep one turn of the main loop, and so the window, busy.
 constexpr int informationalLimit = 20;
@@ -27,7 +29,8 @@ bool isHttp(GUri* uri) {
 }
 
 /// Null unless the text is an http or https address (RFC 3986). The library's parser would let
-/// blanks and line breaks through to the request line.
+/// blanks and line breaks through to the request line. isOpenableAddress() accepts more, because a
+/// browser encodes what stands behind the host.
 GUriPtr parseUrl(const std::string& url) {
     if (!std::all_of(url.begin(), url.end(), [](char c) { return g_ascii_isgraph(c); }))
         return nullptr;
@@ -85,8 +88,8 @@ GObjectPtr<GProxyResolver> resolverFor(const HttpOptions::Proxy& proxy) {
 /// the authorities cannot be used, because a request must then not go out another way.
 Result<GObjectPtr<SoupSession>> openSession(const HttpOptions& options) {
     auto session = GObjectPtr<SoupSession>::adopt(soup_session_new_with_options(
-        "timeout", static_cast<guint>(options.silenceLimit.count()), "max-conns",
-        options.connectionLimit, "max-conns-per-host", options.connectionLimit, nullptr));
+        "timeout", static_cast<guint>(options.silenceLimit.count()), "max-conns", connectionLimit,
+        "max-conns-per-host", connectionLimit, nullptr));
     soup_session_remove_feature_by_type(session.get(), SOUP_TYPE_CONTENT_DECODER);
     soup_session_remove_feature_by_type(session.get(), SOUP_TYPE_AUTH_MANAGER);
     if (options.proxy) {
@@ -192,10 +195,7 @@ HttpClient::HttpClient(HttpOptions options)
     : session_(std::make_shared<Session>(Session{std::move(options)})) {}
 
 Task<Result<HttpResponse>> HttpClient::send(HttpRequest request) {
-    return run(session_, std::move(request));
-}
-
-Task<Result<HttpResponse>> HttpClient::run(std::shared_ptr<Session> session, HttpRequest request) {
+    const auto session = session_; // This client may be gone after the first await.
     GUriPtr uri = parseUrl(request.url);
     if (!uri)
         co_return failure("HTTP", invalidUrl, "Địa chỉ không hợp lệ.");

@@ -27,9 +27,6 @@ struct HttpOptions {
     std::optional<std::chrono::milliseconds> totalLimit = std::chrono::seconds(60);
     /// The longest body that is accepted, in bytes.
     std::size_t bodyLimit = 16 * 1024 * 1024;
-    /// The most connections open at a time. An idle one is closed when another host needs its
-    /// place.
-    unsigned connectionLimit = 8;
     /// The HTTP proxy for plain and TLS requests. No credentials are sent.
     std::optional<Proxy> proxy;
     /// Use the desktop's proxy settings when `proxy` is empty.
@@ -77,7 +74,6 @@ public:
 
 private:
     struct Session;
-    static Task<Result<HttpResponse>> run(std::shared_ptr<Session> session, HttpRequest request);
 
     std::shared_ptr<Session> session_;
 };

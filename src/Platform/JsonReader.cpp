@@ -1,5 +1,6 @@
 #include "Platform/JsonReader.h"
 
+#include <algorithm>
 #include <functional>
 #include <limits>
 
@@ -8,10 +9,14 @@ namespace tessaro {
 namespace {
 
 // The library's own error texts quote the document, which may hold secrets.
-enum Code { malformed = 1, notAnObject, missing, wrongType };
+enum Code { malformed = 1, noObject, missing, wrongType };
 
 Error malformedDocument() {
     return {"JSON", malformed, "Dữ liệu không phải là JSON hợp lệ."};
+}
+
+Error notAnObject() {
+    return {"JSON", noObject, "Dữ liệu không phải là một đối tượng JSON."};
 }
 
 Error missingMember(const char* key) {
@@ -62,6 +67,11 @@ bool isInteger(const nlohmann::json& value) {
                                       : value.is_number_integer();
 }
 
+bool isArrayOfTexts(const nlohmann::json& value) {
+    return value.is_array() &&
+           std::ranges::all_of(value, [](const auto& element) { return element.is_string(); });
+}
+
 } // namespace
 
 Result<nlohmann::json> parseJson(std::string_view text) {
@@ -93,12 +103,14 @@ std::optional<Error> forEachInJsonArray(
     return failed;
 }
 
-JsonReader::JsonReader(const nlohmann::json& value) {
-    if (value.is_object())
-        object_ = &value;
-    else
-        error_ = Error{"JSON", notAnObject, "Dữ liệu không phải là một đối tượng JSON."};
+JsonReader::JsonReader(const nlohmann::json& value)
+    : JsonReader(value.is_object() ? &value : nullptr, std::make_shared<std::optional<Error>>()) {
+    if (!object_)
+        fail(notAnObject());
 }
+
+JsonReader::JsonReader(const nlohmann::json* object, SharedError error)
+    : object_(object), error_(std::move(error)) {}
 
 template <typename Check>
 const nlohmann::json* JsonReader::find(const char* key, bool isRequired, Check hasType) {
@@ -107,7 +119,7 @@ const nlohmann::json* JsonReader::find(const char* key, bool isRequired, Check h
     const auto member = object_->find(key);
     if (member == object_->end() || member->is_null()) {
         if (isRequired)
-            adopt(missingMember(key));
+            fail(missingMember(key));
         return nullptr;
     }
     if (std::invoke(hasType, *member))
@@ -117,12 +129,12 @@ const nlohmann::json* JsonReader::find(const char* key, bool isRequired, Check h
 }
 
 void JsonReader::reject(const char* key) {
-    adopt(wrongMember(key));
+    fail(wrongMember(key));
 }
 
-void JsonReader::adopt(const std::optional<Error>& nested) {
-    if (!error_)
-        error_ = nested;
+void JsonReader::fail(Error error) {
+    if (!*error_)
+        *error_ = std::move(error);
 }
 
 std::string JsonReader::text(const char* key) {
@@ -140,14 +152,19 @@ bool JsonReader::boolean(const char* key) {
     return member && member->get<bool>();
 }
 
-const nlohmann::json& JsonReader::array(const char* key) {
-    const auto* member = find(key, true, &nlohmann::json::is_array);
-    return member ? *member : nothing;
+JsonReader JsonReader::object(const char* key) {
+    return {find(key, true, &nlohmann::json::is_object), error_};
 }
 
-const nlohmann::json& JsonReader::object(const char* key) {
-    const auto* member = find(key, true, &nlohmann::json::is_object);
-    return member ? *member : nothing;
+void JsonReader::objects(const char* key, const std::function<void(JsonReader element)>& read) {
+    const auto* member = find(key, true, &nlohmann::json::is_array);
+    for (const auto& element : member ? *member : nothing) {
+        if (!element.is_object())
+            fail(notAnObject());
+        if (*error_)
+            return;
+        read({&element, error_});
+    }
 }
 
 std::optional<std::string> JsonReader::optionalText(const char* key) {
@@ -160,12 +177,14 @@ std::optional<std::int64_t> JsonReader::optionalInteger(const char* key) {
     return member ? std::optional(member->get<std::int64_t>()) : std::nullopt;
 }
 
-const nlohmann::json* JsonReader::optionalObject(const char* key) {
-    return find(key, false, &nlohmann::json::is_object);
+std::optional<std::vector<std::string>> JsonReader::optionalTexts(const char* key) {
+    using Texts = std::vector<std::string>;
+    const auto* member = find(key, false, isArrayOfTexts);
+    return member ? std::optional(member->get<Texts>()) : std::nullopt;
 }
 
-const nlohmann::json* JsonReader::optionalArray(const char* key) {
-    return find(key, false, &nlohmann::json::is_array);
+JsonReader JsonReader::optionalObject(const char* key) {
+    return {find(key, false, &nlohmann::json::is_object), error_};
 }
 
 } // namespace tessaro

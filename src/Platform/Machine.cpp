@@ -4,9 +4,6 @@
 #include "Platform/GHandle.h"
 #include "Platform/Text.h"
 
-#include <unistd.h>
-
-#include <climits>
 #include <sstream>
 #include <string_view>
 
@@ -26,9 +23,7 @@ std::string prettyName(const std::filesystem::path& file) {
 }
 
 std::string hostName() {
-    char name[HOST_NAME_MAX + 1] = {};
-    gethostname(name, HOST_NAME_MAX);
-    return toValidUtf8(name);
+    return toValidUtf8(g_get_host_name());
 }
 
 } // namespace tessaro::machine

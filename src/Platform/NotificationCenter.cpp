@@ -11,7 +11,7 @@ void NotificationCenter::post(
     const std::string& name, std::map<std::string, std::string> userInfo) {
     const auto found = observers_.find(name);
     if (found != observers_.end())
-        found->second.emit(Announcement{name, std::move(userInfo)});
+        found->second.emit(Announcement{std::move(userInfo)});
 }
 
 ScopedConnection NotificationCenter::observe(const std::string& name, Handler handler) {

@@ -10,9 +10,8 @@
 
 namespace tessaro {
 
-/// A process-wide announcement by name. It does not tell who sent it.
+/// What a process-wide announcement says. It does not tell who sent it.
 struct Announcement {
-    std::string name;
     std::map<std::string, std::string> userInfo;
 };
 

@@ -7,11 +7,8 @@ namespace tessaro {
 namespace {
 
 GSourcePtr attach(Clock::Delay delay, std::function<void()> action) {
-    GSourcePtr source(
-        delay.count() > 0 ? g_timeout_source_new(static_cast<guint>(delay.count()))
-                          : g_idle_source_new());
-    // An idle source would otherwise wait behind redraws.
-    g_source_set_priority(source.get(), G_PRIORITY_DEFAULT);
+    // Not an idle source even without a delay, because that would wait behind redraws.
+    GSourcePtr source(g_timeout_source_new(static_cast<guint>(delay.count())));
     g_source_set_callback(
         source.get(),
         [](gpointer data) noexcept -> gboolean {

@@ -1,9 +1,8 @@
 #include "Platform/Text.h"
 
 #include <unicode/brkiter.h>
-#include <unicode/uchar.h>
+#include <unicode/uniset.h>
 #include <unicode/unistr.h>
-#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <charconv>
@@ -17,43 +16,25 @@ icu::StringPiece piece(std::string_view text) {
     return {text.data(), static_cast<int32_t>(text.size())};
 }
 
-/// A negative code point stands for damaged bytes.
-bool isBlank(UChar32 c) {
-    return c == '\t' || (c >= 0 && u_charType(c) == U_SPACE_SEPARATOR);
-}
-
-bool isLineBreak(UChar32 c) {
-    constexpr UChar32 nextLine = 0x85, lineSeparator = 0x2028, paragraphSeparator = 0x2029;
-    return (c >= '\n' && c <= '\r') || c == nextLine || c == lineSeparator ||
-           c == paragraphSeparator;
-}
-
-template <typename Predicate>
-std::string trim(std::string_view text, Predicate drops) {
-    const auto* bytes = reinterpret_cast<const uint8_t*>(text.data());
-    int32_t begin = 0, end = static_cast<int32_t>(text.size());
-    UChar32 c;
-    for (int32_t next = 0; next < end; begin = next) {
-        U8_NEXT(bytes, next, end, c);
-        if (!drops(c))
-            break;
-    }
-    for (int32_t next = end; next > begin; end = next) {
-        U8_PREV(bytes, begin, next, c);
-        if (!drops(c))
-            break;
-    }
-    return std::string(text.data() + begin, static_cast<std::size_t>(end - begin));
+/// The text without the characters of the set at both ends. Damaged bytes are in no set.
+/// @param pattern  a set by the rules of UTS #18
+std::string trim(std::string_view text, const char16_t* pattern) {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::UnicodeSet dropped(pattern, status);
+    const auto size = static_cast<int32_t>(text.size());
+    const int32_t begin = dropped.spanUTF8(text.data(), size, USET_SPAN_CONTAINED);
+    const int32_t end = dropped.spanBackUTF8(text.data(), size, USET_SPAN_CONTAINED);
+    return begin < end ? std::string(text.substr(begin, end - begin)) : std::string();
 }
 
 } // namespace
 
 std::string trimWhitespaceAndNewlines(std::string_view text) {
-    return trim(text, [](UChar32 c) { return isBlank(c) || isLineBreak(c); });
+    return trim(text, u"[\\p{Zs}\\t-\\r\\u0085\\u2028\\u2029]");
 }
 
 std::string trimBlanks(std::string_view text) {
-    return trim(text, isBlank);
+    return trim(text, u"[\\p{Zs}\\t]");
 }
 
 std::string firstCharacterUpperCased(std::string_view text) {

@@ -34,30 +34,19 @@ private:
 
 /// A UUID of one kind of thing. The compiler keeps the identifiers of different kinds apart.
 template <typename Tag>
-class Identifier {
+class Identifier : Uuid {
 public:
-    explicit Identifier(Uuid uuid) : uuid_(uuid) {}
+    explicit Identifier(Uuid uuid) : Uuid(uuid) {}
     static Identifier random() { return Identifier(Uuid::random()); }
 
-    const Uuid& uuid() const { return uuid_; }
-    std::string text() const { return uuid_.text(); }
+    using Uuid::hash, Uuid::text;
 
     auto operator<=>(const Identifier&) const = default;
-
-private:
-    Uuid uuid_;
 };
 
 } // namespace tessaro
 
-template <>
-struct std::hash<tessaro::Uuid> {
-    std::size_t operator()(const tessaro::Uuid& uuid) const noexcept { return uuid.hash(); }
-};
-
 template <typename Tag>
 struct std::hash<tessaro::Identifier<Tag>> {
-    std::size_t operator()(const tessaro::Identifier<Tag>& id) const noexcept {
-        return id.uuid().hash();
-    }
+    std::size_t operator()(const tessaro::Identifier<Tag>& id) const noexcept { return id.hash(); }
 };

@@ -17,7 +17,7 @@ struct Site {
 };
 
 /// Nothing unless the address is http or https and has a host. The part behind the host is not
-/// checked, because servers accept more there than the standard allows.
+/// checked, because browsers encode there what the standard does not allow.
 std::optional<Site> siteOf(const std::string& address) {
     const auto authority = address.find("://");
     // GLib accepts blanks, and stops reading at a zero byte.

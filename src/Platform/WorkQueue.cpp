@@ -1,49 +1,47 @@
 #include "Platform/WorkQueue.h"
 
+#include "Platform/Background.h"
+
 #include <future>
 #include <memory>
 #include <utility>
 
 namespace tessaro {
 
-WorkQueue::~WorkQueue() {
-    {
-        const std::lock_guard lock(mutex_);
-        stopping_ = true;
-    }
-    wake_.notify_one();
-    if (thread_.joinable())
-        thread_.join();
+namespace {
+
+using Work = std::function<void()>;
+
+void drop(gpointer work) {
+    delete static_cast<Work*>(work);
+}
+
+void run(gpointer work, gpointer) noexcept {
+    detail::handOvers.fetch_add(1);
+    (*static_cast<Work*>(work))();
+    drop(work);
+    detail::handOvers.fetch_add(1);
+}
+
+} // namespace
+
+WorkQueue::WorkQueue()
+    : pool_(g_thread_pool_new_full(run, nullptr, drop, /*max_threads=*/1, FALSE, nullptr)) {}
+
+void WorkQueue::End::operator()(GThreadPool* pool) const {
+    g_thread_pool_free(pool, /*immediate=*/TRUE, /*wait_=*/TRUE);
+    detail::handOvers.load();
 }
 
 void WorkQueue::post(std::function<void()> work) {
-    {
-        const std::lock_guard lock(mutex_);
-        waiting_.push_back(std::move(work));
-        if (!thread_.joinable())
-            thread_ = std::thread(&WorkQueue::run, this);
-    }
-    wake_.notify_one();
+    detail::handOvers.fetch_add(1);
+    g_thread_pool_push(pool_.get(), new Work(std::move(work)), nullptr);
 }
 
 void WorkQueue::finish(std::chrono::milliseconds limit) {
     const auto reached = std::make_shared<std::promise<void>>();
     post([reached] { reached->set_value(); });
     reached->get_future().wait_for(limit);
-}
-
-void WorkQueue::run() {
-    std::unique_lock lock(mutex_);
-    for (;;) {
-        wake_.wait(lock, [this] { return stopping_ || !waiting_.empty(); });
-        if (stopping_)
-            return;
-        const auto work = std::move(waiting_.front());
-        waiting_.pop_front();
-        lock.unlock();
-        work();
-        lock.lock();
-    }
 }
 
 } // namespace tessaro

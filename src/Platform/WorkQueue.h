@@ -1,36 +1,31 @@
 #pragma once
 
+#include <glib.h>
+
 #include <chrono>
-#include <condition_variable>
-#include <deque>
 #include <functional>
-#include <mutex>
-#include <thread>
+#include <memory>
 
 namespace tessaro {
 
-/// Runs pieces of work one after the other, in the order in which they were posted, on a thread of
-/// its own. The thread starts with the first piece. Any thread.
+/// Runs pieces of work one after the other, in the order in which they were posted, on one thread
+/// of GLib's pool at a time. Any thread.
+///
+/// The destructor waits for the piece that is running; those that have not begun are dropped.
 class WorkQueue {
 public:
-    WorkQueue() = default;
-    /// Waits for the piece that is running; those that have not begun are dropped.
-    ~WorkQueue();
-    WorkQueue(const WorkQueue&) = delete;
-    WorkQueue& operator=(const WorkQueue&) = delete;
+    WorkQueue();
 
     void post(std::function<void()> work);
     /// Waits until everything that was posted before has run, at most for `limit`.
     void finish(std::chrono::milliseconds limit);
 
 private:
-    void run();
+    struct End {
+        void operator()(GThreadPool* pool) const;
+    };
 
-    std::mutex mutex_; ///< Guards everything below.
-    std::condition_variable wake_;
-    std::deque<std::function<void()>> waiting_;
-    bool stopping_ = false;
-    std::thread thread_;
+    std::unique_ptr<GThreadPool, End> pool_;
 };
 
 } // namespace tessaro

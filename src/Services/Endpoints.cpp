@@ -28,7 +28,6 @@ Endpoints Endpoints::fromSettings(const SettingsStore& settings) {
             withoutSlashAtEnd(configured("graph_api_origin", "https://graph.facebook.com")),
         .inboxOrigin =
             withoutSlashAtEnd(configured("inbox_origin", "https://business.facebook.com")),
-        .supportServer = configured("skarn_server_url", build::supportServer),
         .linkMessenger = configured("link_messenger", build::linkMessenger),
         .linkTelegram = configured("link_telegram", build::linkTelegram),
         .linkZalo = configured("link_zalo", build::linkZalo),
@@ -57,14 +56,12 @@ std::string Endpoints::pageIdIn(const std::string& address) const {
     if (query == std::string::npos || !isInboxSite(address))
         return {};
     const auto end = std::min(address.find('#', query), address.size());
-    for (auto from = query; from < end;) {
-        const auto next = std::min(address.find('&', ++from), end);
-        const auto parameter = address.substr(from, next - from);
-        if (parameter.starts_with(pageParameter))
-            return parameter.substr(std::string_view(pageParameter).size());
-        from = next;
-    }
-    return {};
+    const auto parameters = "&" + address.substr(query + 1, end - query - 1);
+    const auto name = parameters.find(std::string("&") + pageParameter);
+    if (name == std::string::npos)
+        return {};
+    const auto value = name + 1 + std::string_view(pageParameter).size();
+    return parameters.substr(value, parameters.find('&', value) - value);
 }
 
 } // namespace tessaro

@@ -11,7 +11,6 @@ namespace tessaro {
 struct Endpoints {
     std::string graphApiOrigin; ///< Scheme and host of the Graph API, without a slash at the end.
     std::string inboxOrigin;    ///< Scheme and host of the inbox site, likewise.
-    std::string supportServer;  ///< Base address of the support server, as configured.
     std::string linkMessenger;
     std::string linkTelegram;
     std::string linkZalo;

@@ -11,7 +11,7 @@ namespace {
 
 using Time = std::chrono::steady_clock;
 
-/// Fewer than HttpOptions::connectionLimit.
+/// Fewer than the connections of an HttpClient.
 constexpr int places = 6;
 constexpr auto failuresAreKept = std::chrono::minutes(1);
 

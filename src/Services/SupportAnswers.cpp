@@ -4,22 +4,19 @@
 
 namespace tessaro {
 
-template <>
-Result<UpdateInfo> decodeSupportAnswer(const nlohmann::json& value) {
+Result<UpdateInfo> decodeUpdateInfo(const nlohmann::json& value) {
     JsonReader reader(value);
     UpdateInfo info{reader.text("version"), reader.text("url"), reader.text("notes")};
     return reader.finish(std::move(info));
 }
 
-template <>
-Result<SimpleResponse> decodeSupportAnswer(const nlohmann::json& value) {
+Result<SimpleResponse> decodeSimpleResponse(const nlohmann::json& value) {
     JsonReader reader(value);
     SimpleResponse response{reader.boolean("success"), reader.optionalText("message")};
     return reader.finish(std::move(response));
 }
 
-template <>
-Result<APIErrorResponse> decodeSupportAnswer(const nlohmann::json& value) {
+Result<APIErrorResponse> decodeAPIErrorResponse(const nlohmann::json& value) {
     JsonReader reader(value);
     APIErrorResponse response{reader.optionalText("error"), reader.optionalText("message")};
     return reader.finish(std::move(response));

@@ -18,15 +18,8 @@ struct APIErrorResponse {
     std::optional<std::string> message;
 };
 
-/// Defined for UpdateInfo and the two above.
-template <typename Answer>
-Result<Answer> decodeSupportAnswer(const nlohmann::json& value);
-
-template <>
-Result<UpdateInfo> decodeSupportAnswer(const nlohmann::json& value);
-template <>
-Result<SimpleResponse> decodeSupportAnswer(const nlohmann::json& value);
-template <>
-Result<APIErrorResponse> decodeSupportAnswer(const nlohmann::json& value);
+Result<UpdateInfo> decodeUpdateInfo(const nlohmann::json& value);
+Result<SimpleResponse> decodeSimpleResponse(const nlohmann::json& value);
+Result<APIErrorResponse> decodeAPIErrorResponse(const nlohmann::json& value);
 
 } // namespace tessaro

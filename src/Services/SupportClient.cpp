@@ -46,15 +46,15 @@ SupportClient& SupportClient::shared() {
 }
 
 Task<Result<UpdateInfo>> SupportClient::checkUpdate() {
-    return performRequest<UpdateInfo>("/api/update/check", "GET", std::nullopt);
+    return performRequest("/api/update/check", "GET", std::nullopt, &decodeUpdateInfo);
 }
 
 Task<Result<void>> SupportClient::uploadLog(std::string filename, std::string content) {
     const nlohmann::json body{
         {"uuid", device_.getDeviceUUID()}, {"filename", filename}, {"content", content}};
-    const auto answer = co_await performRequest<SimpleResponse>(
+    const auto answer = co_await performRequest(
         "/api/support/upload-log", "POST",
-        body.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+        body.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace), &decodeSimpleResponse);
     if (!answer)
         co_return tl::unexpected<Error>(answer.error());
     co_return Result<void>();
@@ -62,7 +62,8 @@ Task<Result<void>> SupportClient::uploadLog(std::string filename, std::string co
 
 template <typename Answer>
 Task<Result<Answer>> SupportClient::performRequest(
-    std::string path, std::string method, std::optional<std::string> body) {
+    std::string path, std::string method, std::optional<std::string> body,
+    Result<Answer> (*decode)(const nlohmann::json&)) {
     const auto address = withScheme(*serverURL) + path;
     // The client itself may be gone when the answer arrives.
     AppLogger& logger = logger_;
@@ -88,14 +89,13 @@ Task<Result<Answer>> SupportClient::performRequest(
             response.error());
     const unsigned status = response->status;
     if (!response->isSuccess()) {
-        auto decoding =
-            decodedAnswer(std::move(response->body), &decodeSupportAnswer<APIErrorResponse>);
+        auto decoding = decodedAnswer(std::move(response->body), &decodeAPIErrorResponse);
         const auto message = messageOf(co_await std::move(decoding), status);
         co_return fail(
             "Yêu cầu " + method + " tới " + address + " thất bại: " + message,
             {domain, static_cast<int>(status), message});
     }
-    auto decoding = decodedAnswer(std::move(response->body), &decodeSupportAnswer<Answer>);
+    auto decoding = decodedAnswer(std::move(response->body), decode);
     auto answer = co_await std::move(decoding);
     if (!answer)
         co_return fail(

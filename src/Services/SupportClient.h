@@ -7,6 +7,8 @@
 #include "Services/AppLogger.h"
 #include "Services/DeviceIdentity.h"
 
+#include <nlohmann/json_fwd.hpp>
+
 #include <optional>
 #include <string>
 
@@ -47,8 +49,9 @@ public:
 
 private:
     template <typename Answer>
-    Task<Result<Answer>>
-    performRequest(std::string path, std::string method, std::optional<std::string> body);
+    Task<Result<Answer>> performRequest(
+        std::string path, std::string method, std::optional<std::string> body,
+        Result<Answer> (*decode)(const nlohmann::json&));
 
     const DeviceIdentity& device_;
     AppLogger& logger_;

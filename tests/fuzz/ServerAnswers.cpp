@@ -13,8 +13,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     decodePageInfo(*value);
     decodeManagedPages(*value);
     decodeGraphError(*value);
-    decodeSupportAnswer<UpdateInfo>(*value);
-    decodeSupportAnswer<SimpleResponse>(*value);
-    decodeSupportAnswer<APIErrorResponse>(*value);
+    decodeUpdateInfo(*value);
+    decodeSimpleResponse(*value);
+    decodeAPIErrorResponse(*value);
     return 0;
 }
