@@ -65,10 +65,9 @@ Task<Result<Answer>> SupportClient::performRequest(
     std::string path, std::string method, std::optional<std::string> body,
     Result<Answer> (*decode)(const nlohmann::json&)) {
     const auto address = withScheme(*serverURL) + path;
-    // The client itself may be gone when the answer arrives.
-    AppLogger& logger = logger_;
-    const auto fail = [&logger](const std::string& line, Error error) {
-        logger.log("SupportClient: " + line, "ERROR");
+    const auto fail = [this, alive = lifetime_.watch()](const std::string& line, Error error) {
+        if (alive)
+            logger_.log("SupportClient: " + line, "ERROR");
         return tl::unexpected<Error>(std::move(error));
     };
 

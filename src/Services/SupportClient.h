@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/HttpClient.h"
+#include "Platform/Lifetime.h"
 #include "Platform/Property.h"
 #include "Platform/Result.h"
 #include "Platform/SettingsStore.h"
@@ -23,8 +24,8 @@ struct UpdateInfo {
     bool operator==(const UpdateInfo&) const = default;
 };
 
-/// A client of the maker's support server. Every failure is logged and returned; its domain is
-/// "SupportClient", "HTTP" or "JSON". UI thread.
+/// A client of the maker's support server. Every failure is returned, and logged unless the client
+/// is gone by then; its domain is "SupportClient", "HTTP" or "JSON". UI thread.
 class SupportClient {
 public:
     static constexpr const char* serverURLKey = "skarn_server_url";
@@ -32,7 +33,6 @@ public:
     /// @param settings          read once, for serverURLKey
     /// @param defaultServerURL  used when the settings hold none
     /// @param device            names this computer in an upload
-    /// @param logger            outlives every request
     SupportClient(
         const SettingsStore& settings, std::string defaultServerURL, const DeviceIdentity& device,
         AppLogger& logger, HttpOptions options);
@@ -56,6 +56,7 @@ private:
     const DeviceIdentity& device_;
     AppLogger& logger_;
     HttpClient http_;
+    Lifetime lifetime_;
 };
 
 } // namespace tessaro

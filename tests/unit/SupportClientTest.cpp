@@ -78,6 +78,16 @@ TEST_F(SupportClientTest, TakesTheBaseAddressFromTheSettingsAndAddsOnlyAMissingS
     }
 }
 
+TEST_F(SupportClientTest, DoesNotTouchItsLoggerWhenItIsGoneBeforeTheAnswer) {
+    server_.answer(checkPath, {404, "{}", {}});
+    std::optional<SupportClient> client(
+        std::in_place, world_.settings, origin_, world_.device, world_.logger, HttpOptions{});
+    auto checking = client->checkUpdate();
+    client.reset();
+    EXPECT_FALSE(await(std::move(checking)));
+    EXPECT_THAT(world_.loggedLines(), testing::Not(HasSubstr("ERROR")));
+}
+
 TEST_F(SupportClientTest, ReturnsAndLogsWhyARequestFailed) {
     for (const auto& [body, message] : std::map<std::string, std::string>{
              {R"({"error":"E","message":"M"})", "E"},
