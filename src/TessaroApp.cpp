@@ -5,6 +5,7 @@
 #include "Platform/FileStore.h"
 #include "Platform/Gtk/GtkDesktop.h"
 #include "Platform/Paths.h"
+#include "Services/AccountRoutes.h"
 #include "Views/Shell/ContentView.h"
 #include "Views/Shell/GtkModals.h"
 #include "Views/Shell/MainWindow.h"

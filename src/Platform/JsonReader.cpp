@@ -19,14 +19,6 @@ Error notAnObject() {
     return {"JSON", noObject, "Dữ liệu không phải là một đối tượng JSON."};
 }
 
-Error missingMember(const char* key) {
-    return {"JSON", missing, std::string("Dữ liệu thiếu trường \"") + key + "\"."};
-}
-
-Error wrongMember(const char* key) {
-    return {"JSON", wrongType, std::string("Trường \"") + key + "\" không hợp lệ."};
-}
-
 const nlohmann::json nothing;
 
 /// Far more than any document has that the program reads.
@@ -119,7 +111,7 @@ const nlohmann::json* JsonReader::find(const char* key, bool isRequired, Check h
     const auto member = object_->find(key);
     if (member == object_->end() || member->is_null()) {
         if (isRequired)
-            fail(missingMember(key));
+            fail({"JSON", missing, std::string("Dữ liệu thiếu trường \"") + key + "\"."});
         return nullptr;
     }
     if (std::invoke(hasType, *member))
@@ -129,7 +121,7 @@ const nlohmann::json* JsonReader::find(const char* key, bool isRequired, Check h
 }
 
 void JsonReader::reject(const char* key) {
-    fail(wrongMember(key));
+    fail({"JSON", wrongType, std::string("Trường \"") + key + "\" không hợp lệ."});
 }
 
 void JsonReader::fail(Error error) {

@@ -10,13 +10,13 @@ std::optional<HttpOptions::Proxy> AccountRoutes::proxyOf(const std::optional<Acc
     return HttpOptions::Proxy{account->proxyHost, account->proxyPort};
 }
 
-AccountRoutes::Route AccountRoutes::of(const std::optional<Account>& account) {
+std::shared_ptr<AccountRoute> AccountRoutes::of(const std::optional<Account>& account) {
     auto options = options_;
     options.proxy = proxyOf(account);
-    const auto known = routes_.find(options.proxy);
-    return known != routes_.end()
-               ? known->second
-               : routes_.emplace(options.proxy, Route{HttpClient(options)}).first->second;
+    auto& route = routes_[options.proxy];
+    if (!route)
+        route = std::make_shared<AccountRoute>(AccountRoute{HttpClient(options)});
+    return route;
 }
 
 } // namespace tessaro

@@ -48,14 +48,9 @@ void AppLogger::log(const std::string& message, const std::string& level) {
         queued_.emplace_back();
         writer_.post([this] { writeNextBlock(); });
     }
-    const auto now = clock_.now();
-    const auto second = std::chrono::floor<std::chrono::seconds>(now);
-    if (second != stampedSecond_ || stamp_.empty()) {
-        stampedSecond_ = second;
-        stamp_ = formatLocalTime(now, "%Y-%m-%d %H:%M:%S");
-    }
+    const auto stamp = formatLocalTime(clock_.now(), "%Y-%m-%d %H:%M:%S");
     auto& block = queued_.back();
-    block.append("[").append(stamp_).append("] [").append(level).append("] ");
+    block.append("[").append(stamp).append("] [").append(level).append("] ");
     block.append(message).append("\n");
 }
 

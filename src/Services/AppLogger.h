@@ -46,11 +46,9 @@ private:
     const DeviceIdentity& device_;
     const Clock& clock_;
 
-    std::mutex mutex_;                         ///< Guards everything below but the writer.
-    std::deque<std::string> queued_;           ///< Blocks of whole lines, each with its line feed.
-    std::chrono::sys_seconds stampedSecond_{}; ///< The second that `stamp_` tells.
-    std::string stamp_;
-    WorkQueue writer_; ///< One piece of work for each block.
+    std::mutex mutex_;               ///< Guards the queue.
+    std::deque<std::string> queued_; ///< Blocks of whole lines, each with its line feed.
+    WorkQueue writer_;               ///< One piece of work for each block.
 };
 
 } // namespace tessaro

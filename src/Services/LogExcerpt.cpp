@@ -13,9 +13,7 @@ constexpr int keptLines = 200;
 std::size_t startOfKeptLines(const std::string& text) {
     auto lineFeed = text.size();
     for (int line = 0; line < keptLines; ++line) {
-        if (lineFeed == 0)
-            return 0;
-        lineFeed = text.rfind('\n', lineFeed - 1);
+        lineFeed = lineFeed > 0 ? text.rfind('\n', lineFeed - 1) : std::string::npos;
         if (lineFeed == std::string::npos)
             return 0;
     }

@@ -1,5 +1,6 @@
 #include "Services/MetaGraphClient.h"
 
+#include "Services/AccountRoutes.h"
 #include "Services/AnswerDecoding.h"
 #include "Services/GraphAnswers.h"
 #include "Services/TokenRedaction.h"
@@ -67,14 +68,14 @@ MetaGraphClient::MetaGraphClient(
     AccountRoutes& routes)
     : graphBaseURL_(std::move(graphBaseURL)),
       pageToken_(std::move(pageToken)),
-      session_(routes.of(account)) {}
+      route_(routes.of(account)) {}
 
 std::string MetaGraphClient::addressOf(const std::string& path) const {
     return graphBaseURL_ + path + encodedForQuery(pageToken_);
 }
 
 Task<Result<std::string>> MetaGraphClient::get(const std::string& path) {
-    return bodyOf(session_.http.send({.url = addressOf(path)}), pageToken_);
+    return bodyOf(route_->http.send({.url = addressOf(path)}), pageToken_);
 }
 
 Task<Result<PageInfo>> MetaGraphClient::fetchPageInfo() {
@@ -95,7 +96,7 @@ Task<Result<std::vector<MetaGraphClient::ResolvedPage>>> MetaGraphClient::fetchM
 
 Task<Result<std::string>> MetaGraphClient::fetchCustomerAvatarData(PageId customerId) {
     const auto address = addressOf("/" + customerId.text + "/picture?type=normal&access_token=");
-    return bodyOf(session_.pictures.fetch(address), pageToken_);
+    return bodyOf(route_->pictures.fetch(address), pageToken_);
 }
 
 } // namespace tessaro

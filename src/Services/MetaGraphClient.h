@@ -5,7 +5,7 @@
 #include "Platform/Lifetime.h"
 #include "Platform/Result.h"
 #include "Platform/SecretText.h"
-#include "Services/AccountRoutes.h"
+#include "Platform/Task.h"
 
 #include <functional>
 #include <memory>
@@ -14,6 +14,9 @@
 #include <vector>
 
 namespace tessaro {
+
+class AccountRoutes;
+struct AccountRoute;
 
 /// A client of the Facebook Graph API for one access token and, optionally, the account under which
 /// it is used. Short-lived; UI thread. Errors have the domain "MetaGraph", "HTTP" or "JSON", and
@@ -54,7 +57,7 @@ private:
 
     std::string graphBaseURL_;
     SecretText pageToken_;
-    AccountRoutes::Route session_;
+    std::shared_ptr<AccountRoute> route_;
     std::optional<PageInfo> cachedPageInfo_;
     Lifetime lifetime_;
 };

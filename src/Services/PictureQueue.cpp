@@ -1,5 +1,7 @@
 #include "Services/PictureQueue.h"
 
+#include "Platform/HttpClient.h"
+
 #include <chrono>
 #include <map>
 #include <utility>

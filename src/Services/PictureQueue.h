@@ -1,11 +1,15 @@
 #pragma once
 
-#include "Platform/HttpClient.h"
+#include "Platform/Result.h"
+#include "Platform/Task.h"
 
 #include <memory>
 #include <string>
 
 namespace tessaro {
+
+class HttpClient;
+struct HttpResponse;
 
 /// Downloads the pictures of one route, six at a time, so that other requests always find a
 /// connection. The latest request comes first, because its picture is on screen now.

@@ -1,6 +1,7 @@
 #include "ViewModels/PagesViewModel.h"
 
 #include "Platform/Background.h"
+#include "Services/AccountRoutes.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -2,6 +2,7 @@
 
 #include "Models/PageConfig.h"
 #include "Platform/Clock.h"
+#include "Platform/HttpClient.h"
 #include "Platform/Lifetime.h"
 #include "Platform/Property.h"
 #include "Platform/Task.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Services/AccountRoutes.h"
 #include "Services/MetaGraphClient.h"
 #include "support/LoopbackServer.h"
 #include "support/MainLoop.h"

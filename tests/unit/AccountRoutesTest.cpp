@@ -13,7 +13,7 @@ namespace {
 class AccountRoutesTest : public testing::Test {
 protected:
     Task<Result<HttpResponse>> picture(const std::optional<Account>& owner, int number) {
-        return world.routes.of(owner).pictures.fetch(addressOf(number));
+        return world.routes.of(owner)->pictures.fetch(addressOf(number));
     }
     std::string addressOf(int number) { return world.baseUrl + "/" + std::to_string(number); }
     /// Asks for that many pictures and waits until as many requests as allowed are under way.
@@ -87,7 +87,7 @@ TEST_F(AccountRoutesTest, WhatWasAskedForLastComesFirstAndNothingTwice) {
 }
 
 TEST_F(AccountRoutesTest, WhoOnlyShowsAPictureIsContentWithWhatOthersGot) {
-    auto queue = world.routes.of(std::nullopt).pictures;
+    auto queue = world.routes.of(std::nullopt)->pictures;
     const auto show = [&] { return await(queue.fetchOnce(addressOf(1))); };
     world.server.answer("*", {500, "", {}});
     EXPECT_EQ(await(queue.fetch(addressOf(1))).value().status, 500u);

@@ -9,15 +9,10 @@ namespace tessaro {
 namespace {
 
 AdwColorScheme toAdw(ColorScheme scheme) {
-    switch (scheme) {
-    case ColorScheme::light:
-        return ADW_COLOR_SCHEME_FORCE_LIGHT;
-    case ColorScheme::dark:
-        return ADW_COLOR_SCHEME_FORCE_DARK;
-    case ColorScheme::system:
-        break;
-    }
-    return ADW_COLOR_SCHEME_DEFAULT;
+    if (scheme == ColorScheme::system)
+        return ADW_COLOR_SCHEME_DEFAULT;
+    return scheme == ColorScheme::light ? ADW_COLOR_SCHEME_FORCE_LIGHT
+                                        : ADW_COLOR_SCHEME_FORCE_DARK;
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "Platform/Background.h"
 #include "Platform/FileStore.h"
 #include "Platform/Gtk/PictureDecoder.h"
+#include "Services/AccountRoutes.h"
 
 #include <glibmm/wrap.h>
 
@@ -64,7 +65,7 @@ Task<PictureQueue::Answer> ImageLoader::fetch(WebPicture picture) {
     const auto account = store_.account(picture.account);
     if (!account)
         co_return nullptr;
-    auto fetching = routes_.of(account).pictures.fetchOnce(std::move(picture.url));
+    auto fetching = routes_.of(account)->pictures.fetchOnce(std::move(picture.url));
     const auto answer = co_await std::move(fetching);
     co_return *answer && (*answer)->isSuccess() ? answer : nullptr;
 }

@@ -3,8 +3,9 @@
 #include "Platform/Cancellation.h"
 #include "Platform/GHandle.h"
 #include "Platform/NotificationCenter.h"
-#include "Services/AccountRoutes.h"
+#include "Platform/Task.h"
 #include "Services/DataStore.h"
+#include "Services/PictureQueue.h"
 
 #include <gdkmm/texture.h>
 #include <glibmm/refptr.h>
@@ -13,6 +14,8 @@
 #include <string>
 
 namespace tessaro {
+
+class AccountRoutes;
 
 /// The web address of a picture, and the account through whose proxy it is fetched.
 struct WebPicture {

@@ -1,6 +1,7 @@
 #include "Views/Pictures/SafeAvatarView.h"
 
 #include "Platform/Gtk/SmoothRectangle.h"
+#include "Platform/HttpClient.h"
 #include "Platform/Text.h"
 
 #include <gdkmm/general.h>

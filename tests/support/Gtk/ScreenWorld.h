@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Services/AccountRoutes.h"
 #include "Views/ScreenContext.h"
 #include "support/Gtk/FakeAppearance.h"
 #include "support/Gtk/FakeEngine.h"
