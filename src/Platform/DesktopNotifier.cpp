@@ -62,9 +62,13 @@ bool readsMarkup(const Result<GVariantPtr>& capabilities) {
     if (!capabilities || !g_variant_is_of_type(capabilities->get(), G_VARIANT_TYPE("(as)")))
         return false;
     const GVariantPtr list(g_variant_get_child_value(capabilities->get(), 0));
-    const std::unique_ptr<const char*, Releaser<g_free>> names(
-        g_variant_get_strv(list.get(), nullptr));
-    return g_strv_contains(names.get(), "body-markup");
+    const char* capability = nullptr;
+    for (gsize i = 0; i < g_variant_n_children(list.get()); ++i) {
+        g_variant_get_child(list.get(), i, "&s", &capability);
+        if (capability == std::string_view("body-markup"))
+            return true;
+    }
+    return false;
 }
 
 GVariant*
