@@ -23,7 +23,7 @@ WalkTest::~WalkTest() {
         return;
     walk_.explainFailure();
     for (const char* file : {"failed.txt", "program-output.txt"})
-        std::cout << readFile(home_ / file) << std::endl;
+        std::cout << demo::readFile(home_ / file) << std::endl;
 }
 
 std::string WalkTest::readOrigin() const {
@@ -52,7 +52,7 @@ std::string WalkTest::logs() const {
     std::string all;
     std::error_code missing;
     for (const auto& file : std::filesystem::directory_iterator(data_ / "logs", missing))
-        all += readFile(file.path());
+        all += demo::readFile(file.path());
     return all;
 }
 
