@@ -29,7 +29,11 @@ public:
     /// Whether the screens are dark at this moment.
     virtual bool isEffectivelyDark() const = 0;
 
-    /// Calls `observer` after every change of isEffectivelyDark(), including one by the desktop.
+    /// Whether the person asks the desktop for high contrast.
+    virtual bool isHighContrast() const = 0;
+
+    /// Calls `observer` after every change of isEffectivelyDark(), including one by the desktop,
+    /// and of isHighContrast().
     [[nodiscard]] virtual ScopedConnection observeEffective(std::function<void()> observer) = 0;
 };
 

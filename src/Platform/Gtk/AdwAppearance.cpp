@@ -4,6 +4,8 @@
 
 #include <adwaita.h>
 
+#include <string_view>
+
 namespace tessaro {
 
 namespace {
@@ -57,12 +59,20 @@ bool AdwAppearance::isEffectivelyDark() const {
     return isReady() && adw_style_manager_get_dark(adw_style_manager_get_default());
 }
 
+bool AdwAppearance::isHighContrast() const {
+    return isReady() && adw_style_manager_get_high_contrast(adw_style_manager_get_default());
+}
+
 ScopedConnection AdwAppearance::observeEffective(std::function<void()> observer) {
     if (!isReady())
         return {};
     return connectSignal<void(AdwStyleManager*, GParamSpec*)>(
-        adw_style_manager_get_default(), "notify::dark",
-        [observer = std::move(observer)](AdwStyleManager*, GParamSpec*) { observer(); });
+        adw_style_manager_get_default(), "notify",
+        [observer = std::move(observer)](AdwStyleManager*, GParamSpec* property) {
+            const std::string_view name = property->name;
+            if (name == "dark" || name == "high-contrast")
+                observer();
+        });
 }
 
 } // namespace tessaro

@@ -4,8 +4,8 @@
 
 namespace tessaro {
 
-/// Light and dark through libadwaita's style manager, which follows the desktop's choice (the
-/// settings portal) by itself. It keeps one scheme for all windows of a display.
+/// Light, dark and high contrast through libadwaita's style manager, which follows the desktop's
+/// choice (the settings portal) by itself. It keeps one scheme for all windows of a display.
 class AdwAppearance final : public Appearance {
 public:
     bool isReady() const override;
@@ -14,6 +14,7 @@ public:
     void setWindowScheme(Window window, ColorScheme scheme) override;
     std::vector<Window> openWindows() const override;
     bool isEffectivelyDark() const override;
+    bool isHighContrast() const override;
     ScopedConnection observeEffective(std::function<void()> observer) override;
 };
 

@@ -5,6 +5,8 @@
 
 #include <glib.h>
 
+#include <algorithm>
+#include <cmath>
 #include <string>
 
 namespace tessaro {
@@ -35,6 +37,16 @@ Bytes scan(const std::string& digits) {
     return {byte(16), byte(8), byte(0)};
 }
 
+/// As WCAG 2.2 defines it: 0 for black, 1 for white.
+double relativeLuminance(const Gdk::RGBA& color) {
+    const auto linear = [](double component) {
+        return component <= 0.04045 ? component / 12.92
+                                    : std::pow((component + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.get_red()) + 0.7152 * linear(color.get_green()) +
+           0.0722 * linear(color.get_blue());
+}
+
 } // namespace
 
 Gdk::RGBA rgbaFromHex(std::string_view hex) {
@@ -48,6 +60,19 @@ bool isLightHex(std::string_view hex) {
     const Bytes bytes = scan(digits);
     const double luminance = (bytes.red * 299 + bytes.green * 587 + bytes.blue * 114) / 1000.0;
     return characterCount(digits) == 6 && luminance > lightestForWhiteText;
+}
+
+double contrastRatio(const Gdk::RGBA& one, const Gdk::RGBA& other) {
+    const auto [dark, light] = std::minmax({relativeLuminance(one), relativeLuminance(other)});
+    return (light + 0.05) / (dark + 0.05);
+}
+
+Gdk::RGBA readableTextOn(const Gdk::RGBA& ground) {
+    for (const char* text : {"#FFFFFF", "#1F2937"}) {
+        if (contrastRatio(rgbaFromHex(text), ground) >= readableContrast)
+            return rgbaFromHex(text);
+    }
+    return rgbaFromHex("#000000");
 }
 
 Gdk::RGBA

@@ -60,6 +60,9 @@ public:
     /// Whether what is on screen is dark.
     bool isEffectivelyDark() const { return appearance_.isEffectivelyDark(); }
 
+    /// Whether the person asks the desktop for high contrast.
+    bool isHighContrast() const { return appearance_.isHighContrast(); }
+
     /// The accent, as it is on screen now.
     Gdk::RGBA themePrimary() const;
     /// The accent at an opacity of 0.16 in dark and 0.08 in light.
@@ -68,8 +71,8 @@ public:
     /// The text colour that reads on the accent.
     Gdk::RGBA themePrimaryContrastText() const;
 
-    /// Calls `observer` when a choice changed and when the desktop turned light or dark. A widget
-    /// that draws with this manager's colours draws again then.
+    /// Calls `observer` when a choice changed and when the desktop turned light, dark or to another
+    /// contrast. A widget that draws with this manager's colours draws again then.
     [[nodiscard]] ScopedConnection observe(std::function<void()> observer);
 
 private:

@@ -14,6 +14,7 @@ class FakeAppearance final : public Appearance {
 public:
     bool ready = true;
     bool desktopIsDark = false;
+    bool highContrast = false;
 
     std::optional<ColorScheme> applicationScheme; ///< Empty until one is set.
 
@@ -36,6 +37,7 @@ public:
         const bool isForced = applicationScheme && applicationScheme != ColorScheme::system;
         return isForced ? applicationScheme == ColorScheme::dark : desktopIsDark;
     }
+    bool isHighContrast() const override { return highContrast; }
     ScopedConnection observeEffective(std::function<void()> observer) override {
         return ScopedConnection(changed_.connect(std::move(observer)));
     }

@@ -83,6 +83,18 @@ TEST_F(ThemeManagerTest, GivesTheColoursOfAPresetInLightAndDarkAndEmeraldsForNon
     EXPECT_EQ(black, Gdk::RGBA(31 / 255.0F, 41 / 255.0F, 55 / 255.0F));
 }
 
+TEST(ColorPresets, LeaveTextAndFocusRingsReadableInLightAndDark) {
+    const Gdk::RGBA grounds[] = {rgbaFromHex("#FAFAFA"), rgbaFromHex("#242424")}; // The windows'.
+    for (const ColorPreset& preset : colorPresets()) {
+        for (const bool isDark : {false, true}) {
+            const Gdk::RGBA accent = dynamicPresetColor(preset, isDark);
+            EXPECT_GE(contrastRatio(readableTextOn(accent), accent), 4.5) << preset.id << isDark;
+            EXPECT_GE(contrastRatio(accent, grounds[isDark]), 3) << preset.id << isDark;
+        }
+    }
+    EXPECT_NEAR(contrastRatio(rgbaFromHex("#34D399"), rgbaFromHex("#FFFFFF")), 1.92, 0.005);
+}
+
 TEST_F(ThemeManagerTest, WaitsForTheToolkitAndThenFollowsTheDesktop) {
     settings_.setText(ThemeManager::appearanceModeKey, "dark");
     appearance_.ready = false;
