@@ -11,6 +11,7 @@ constexpr unsigned long sideNavColor = 0xad1457;
 constexpr int clip = 60;
 // What stands left of the inbox: two columns of 56 points and a divider after each.
 constexpr int columns = 2 * (56 + 1);
+constexpr int footer = 28;
 // What the window draws around itself on a display without transparency, at most.
 constexpr int borders = 12;
 
@@ -46,9 +47,11 @@ void walkInbox(Walk& walk) {
     if (walk.screen().countPixels(window, navBarColor) > 0 ||
         walk.screen().countPixels(window, sideNavColor) > 0)
         throw WalkFailure("the site's navigation is seen");
+    const auto look = walk.look();
     const int width = walk.server().view()["width"];
-    const int visible = width - clip;
-    if (visible > window.width - columns || visible < window.width - columns - borders)
+    const double visible = (width - clip) * look.text;
+    const int room = window.width / look.scale - columns;
+    if (visible > room + look.text || visible < room - borders)
         throw WalkFailure(
             "the page is " + std::to_string(width) + " points wide in a window of " +
             std::to_string(window.width));
@@ -68,7 +71,13 @@ void walkInbox(Walk& walk) {
     expectView(walk, "it may", {{"notifications", "granted"}});
 
     walk.step("Write an answer in the page: a customer replies");
-    walk.screen().click(window.x + window.width - 300, window.y + window.height - 75);
+    // Counted from the page's lower right corner, which is that of the window but for the footer.
+    const auto answer = walk.server().view()["answerMiddle"];
+    const double points = look.text * look.scale;
+    walk.screen().click(
+        window.x + window.width + static_cast<int>(answer["x"].get<double>() * points),
+        window.y + window.height - footer * look.scale +
+            static_cast<int>(answer["y"].get<double>() * points));
     expectView(walk, "the cursor is in its text field", {{"focus", "answer"}});
     for (const char* key : {"c", "h", "a", "o", "Return"})
         walk.screen().typeKey(key);
@@ -81,7 +90,8 @@ void walkInbox(Walk& walk) {
     expectView(walk, "the file is in focus", {{"focus", "file"}});
     walk.screen().typeKey("Return");
     walk.see(button("Mở thư mục"));
-    walk.screen().movePointer(window.x + window.width / 2, window.y + 20); // No tooltip there.
+    walk.screen().movePointer(
+        window.x + window.width / 2, window.y + 20 * look.scale); // No tooltip there.
     walk.picture("inbox-download");
     walk.press(button("Đóng"));
     walk.seeGone(button("Mở thư mục"));

@@ -43,7 +43,8 @@ std::string describe(const Wanted& wanted) {
 
 } // namespace
 
-Walk::Walk(Places places) : places_(std::move(places)), server_(places_.origin) {
+Walk::Walk(Places places, Look look)
+    : places_(std::move(places)), look_(look), server_(places_.origin) {
     Node::startLibrary();
     if (!screen_.isOpen())
         throw WalkFailure("no display");

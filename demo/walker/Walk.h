@@ -42,6 +42,12 @@ inline Wanted mainWindow() {
     return {Wanted::Kind::window, "Tessaro"};
 }
 
+/// How the desktop is set.
+struct Look {
+    double text = 1; ///< How many times as large as usual text is, and with it the page.
+    int scale = 1;   ///< Pixels for a point.
+};
+
 /// A walk through the program as a user would take it: press, type, look, and wait until what is
 /// expected is seen. Every wait has a limit and throws a WalkFailure when the limit has passed.
 class Walk {
@@ -57,9 +63,10 @@ public:
         std::filesystem::path opened;   ///< One line for each address that the desktop was to open.
         std::string origin;             ///< The demo server's.
     };
-    explicit Walk(Places places);
+    explicit Walk(Places places, Look look = {});
 
     const Places& places() const { return places_; }
+    const Look& look() const { return look_; }
     const ServerControl& server() const { return server_; }
     const Screen& screen() const { return screen_; }
 
@@ -102,6 +109,7 @@ private:
     std::optional<Node> find(const Wanted& wanted) const;
 
     Places places_;
+    Look look_;
     ServerControl server_;
     Screen screen_;
     std::optional<Program> program_;

@@ -5,12 +5,13 @@
 using namespace tessaro::demo;
 
 int main(int argc, char** argv) {
-    if (argc != 4) {
+    if (argc != 6) {
         std::cerr
-            << "usage: tessaro-demo-walker PROGRAM ORIGIN FOLDER\n\n"
+            << "usage: tessaro-demo-walker PROGRAM ORIGIN FOLDER TEXT SCALE\n\n"
                "Walks through the program against the demo server at ORIGIN as a user would,\n"
                "by the accessibility bus, and writes a picture of each screen to FOLDER.\n"
-               "The program keeps its things in FOLDER/data and FOLDER/config.\n";
+               "The program keeps its things in FOLDER/data and FOLDER/config. The desktop shows\n"
+               "text at TEXT percent of its usual size and a point as SCALE by SCALE pixels.\n";
         return 2;
     }
     const std::filesystem::path folder = std::filesystem::absolute(argv[3]);
@@ -21,7 +22,8 @@ int main(int argc, char** argv) {
              .settings = folder / "config/Tessaro/settings.ini",
              .pictures = folder,
              .opened = folder / "opened.txt",
-             .origin = argv[2]});
+             .origin = argv[2]},
+            {.text = std::stoi(argv[4]) / 100.0, .scale = std::stoi(argv[5])});
         try {
             for (const auto stretch :
                  {walkAccounts, walkPages, walkInbox, walkTheme, walkSecondStart, walkSupport})

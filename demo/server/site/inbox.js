@@ -154,6 +154,7 @@ const visible = (selector) => {
 };
 let reported = "";
 setInterval(() => {
+  const answer = find(".answer").getBoundingClientRect();
   const view = JSON.stringify({
     assetId,
     navBar: visible('[data-testid="mbs_nav_bar"]'),
@@ -161,6 +162,7 @@ setInterval(() => {
     dark: getComputedStyle(document.documentElement).filter !== "none",
     width: innerWidth,
     zoom: Math.round(devicePixelRatio * 100) / 100,
+    answerMiddle: { x: answer.x + answer.width / 2 - innerWidth, y: answer.y + answer.height / 2 - innerHeight },
     focus: document.activeElement.className,
     conversation: open?.name ?? "",
     conversations: conversations.length,

@@ -14,7 +14,8 @@ PageListView::PageListView(const ScreenContext& context, PagesViewModel& pagesVM
       arrow_("arrow.left", 14) {
     set_css_classes({"sidebar-column", "page-column"});
     set_size_request(56);
-    arrow_.set_css_classes({"secondary-text", "arrow-hint"});
+    arrow_.add_css_class("secondary-text");
+    arrow_.add_css_class("arrow-hint");
     arrow_.set_halign(Gtk::Align::CENTER);
     arrow_.set_valign(Gtk::Align::CENTER);
     arrow_.set_can_target(false);

@@ -1,5 +1,7 @@
 #include "Views/Inbox/ClippedWebViewContainer.h"
 
+#include <gtkmm/settings.h>
+
 namespace tessaro {
 
 ClippedWebViewContainer::ClippedWebViewContainer(std::shared_ptr<WebView> webView)
@@ -28,10 +30,14 @@ void ClippedWebViewContainer::measure_vfunc(
 }
 
 void ClippedWebViewContainer::size_allocate_vfunc(int width, int height, int baseline) {
-    const int clip = mouseBlocker_.get_visible() ? static_cast<int>(sidebarClip) : 0;
+    // The engine draws a page larger by as much as the person has text drawn.
+    const int dpi = get_settings()->property_gtk_xft_dpi(); // In 1024ths; 96 is usual.
+    const double textScale = dpi > 0 ? dpi / (96.0 * 1024.0) : 1;
+    const auto scaled = [&](double points) { return static_cast<int>(points * textScale); };
+    const int clip = mouseBlocker_.get_visible() ? scaled(sidebarClip) : 0;
     Gtk::Allocation page(-clip, 0, width + clip, height);
     webView_->widget().size_allocate(page, baseline);
-    Gtk::Allocation shield(0, 0, static_cast<int>(shieldWidth), height);
+    Gtk::Allocation shield(0, 0, scaled(shieldWidth), height);
     if (mouseBlocker_.get_visible())
         mouseBlocker_.size_allocate(shield, baseline);
 }

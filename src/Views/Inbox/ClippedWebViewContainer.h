@@ -14,8 +14,8 @@ namespace tessaro {
 /// the pointer off the strip next to it.
 class ClippedWebViewContainer : public Gtk::Widget {
 public:
-    static constexpr double sidebarClip = 60.0; ///< Cut off the page's left side, in points.
-    static constexpr double shieldWidth = 30.0; ///< Shielded right of the cut, in points.
+    static constexpr double sidebarClip = 60.0; ///< Cut off the page's left side, in its points.
+    static constexpr double shieldWidth = 30.0; ///< Shielded right of the cut, likewise.
 
     explicit ClippedWebViewContainer(std::shared_ptr<WebView> webView);
     ~ClippedWebViewContainer() override;

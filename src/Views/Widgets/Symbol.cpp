@@ -4,7 +4,7 @@ namespace tessaro {
 
 Symbol::Symbol(const std::string& name, int size) {
     g_object_set(gobj(), "accessible-role", GTK_ACCESSIBLE_ROLE_PRESENTATION, nullptr);
-    set_pixel_size(size);
+    add_css_class("symbol-" + std::to_string(size));
     setSymbol(name);
 }
 

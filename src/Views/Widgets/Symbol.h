@@ -11,7 +11,8 @@ namespace tessaro {
 class Symbol : public Gtk::Image {
 public:
     /// @param name  the symbol's name, such as "house.fill"
-    /// @param size  width and height in points
+    /// @param size  width and height in points, one of those in data/style.css; the symbol grows
+    ///              with the text around it
     Symbol(const std::string& name, int size);
 
     /// Shows another symbol at the same size.
