@@ -18,7 +18,8 @@ void fillHint(Gtk::Box& hint) {
     hint.set_halign(Gtk::Align::CENTER);
     hint.set_valign(Gtk::Align::CENTER);
     auto& icon = *Gtk::make_managed<Symbol>("bubble.left.and.bubble.right", 48);
-    icon.set_css_classes({"secondary-text", "placeholder-icon"});
+    icon.add_css_class("secondary-text");
+    icon.add_css_class("placeholder-icon");
     auto& title = *Gtk::make_managed<Gtk::Label>("Chọn một Page để mở hộp thư");
     title.set_css_classes({"points-15", "medium", "secondary-text"});
     auto& subtitle = *Gtk::make_managed<Gtk::Label>("Hộp thư sẽ hiển thị trực tiếp từ Facebook");
