@@ -69,6 +69,7 @@ struct TessaroApp::Scene {
               .inbox = inbox,
               .settings = SettingsStore::shared(),
               .clock = SystemClock::shared(),
+              .logger = AppLogger::shared(),
               .desktop = desktop,
               .engine = engine,
               .modals = modals,
@@ -82,9 +83,7 @@ struct TessaroApp::Scene {
                           endpoints.graphBaseUrl(), std::move(token), account, routes);
                   },
           },
-          content(
-              context, AppLogger::shared(), SupportClient::shared(),
-              NotificationService::shared()) {
+          content(context, SupportClient::shared(), NotificationService::shared()) {
         window.set_child(content);
         window.askBeforeClosing = [this](std::function<void(bool)> answered) {
             content.inbox().requestLeave(std::move(answered));

@@ -30,7 +30,7 @@ MainContent::MainContent(int accountCount) {
     screen_.store.savePages(pages);
     for (std::size_t i = 0; i < std::min(accountsInView, accounts.size()); ++i)
         storePictures(screen_.store.pages(accounts[i].id));
-    view_.emplace(screen_.context, screen_.logger, support_);
+    view_.emplace(screen_.context, support_);
     screen_.show(*view_);
 }
 

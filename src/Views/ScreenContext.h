@@ -5,6 +5,7 @@
 #include "Platform/Clock.h"
 #include "Platform/Desktop.h"
 #include "Platform/NotificationCenter.h"
+#include "Services/AppLogger.h"
 #include "Services/DataStore.h"
 #include "Services/DeviceIdentity.h"
 #include "Services/Endpoints.h"
@@ -24,6 +25,7 @@ struct ScreenContext {
     InboxSignals& inbox;
     SettingsStore& settings;
     Clock& clock;
+    AppLogger& logger;
     Desktop& desktop;
     EngineLoader& engine;
     Modals& modals;

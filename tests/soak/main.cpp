@@ -46,7 +46,7 @@ public:
         }
         screen_.store.saveAccounts(accounts_);
         screen_.store.savePages(pages);
-        view_.emplace(screen_.context, screen_.logger, support_);
+        view_.emplace(screen_.context, support_);
         screen_.show(*view_);
     }
     ~Day() { screen_.window.unset_child(); }

@@ -11,10 +11,9 @@ namespace tessaro {
 class ContentView : public MainSplitView {
 public:
     ContentView(
-        const ScreenContext& context, AppLogger& logger, SupportClient& support,
-        NotificationService& notifications)
-        : MainSplitView(context, logger, support),
-          updateCheck_(support, logger, context.modals, context.desktop) {
+        const ScreenContext& context, SupportClient& support, NotificationService& notifications)
+        : MainSplitView(context, support),
+          updateCheck_(support, context.logger, context.modals, context.desktop) {
         add_css_class("fade-in");
         signal_map().connect([this, &notifications] {
             updateCheck_.checkForUpdates();

@@ -58,9 +58,8 @@ Gtk::Button& linkButton(const FooterLink& link) {
 
 } // namespace
 
-FooterBar::FooterBar(const ScreenContext& context, AppLogger& logger, SupportClient& support)
+FooterBar::FooterBar(const ScreenContext& context, SupportClient& support)
     : context_(context),
-      logger_(logger),
       support_(support),
       supportButton_("Hỗ trợ", "exclamationmark.bubble", 10) {
     add_css_class("footer-bar");
@@ -90,7 +89,7 @@ Task<void> FooterBar::sendSupportLogs() {
     const auto alive = lifetime_.watch();
     supportButton_.setState(true, true);
     const auto sent = co_await support_.uploadLog(
-        logger_.currentLogURL().filename(), logExcerpt(logger_.readCurrentLog()));
+        context_.logger.currentLogURL().filename(), logExcerpt(context_.logger.readCurrentLog()));
     if (!alive)
         co_return;
     supportButton_.setState(true, false);

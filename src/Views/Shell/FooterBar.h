@@ -2,7 +2,6 @@
 
 #include "Platform/Lifetime.h"
 #include "Platform/Task.h"
-#include "Services/AppLogger.h"
 #include "Services/SupportClient.h"
 #include "Views/ScreenContext.h"
 #include "Views/Widgets/BusyButton.h"
@@ -17,7 +16,7 @@ namespace tessaro {
 /// log to the support staff, and links to the maker. UI thread only.
 class FooterBar : public Gtk::Box {
 public:
-    FooterBar(const ScreenContext& context, AppLogger& logger, SupportClient& support);
+    FooterBar(const ScreenContext& context, SupportClient& support);
 
 private:
     /// Sends today's log and then shows the identifier under which the support staff finds it.
@@ -26,7 +25,6 @@ private:
     void showLogAlert(std::string message);
 
     const ScreenContext& context_;
-    AppLogger& logger_;
     SupportClient& support_;
     BusyButton supportButton_;
     Lifetime lifetime_;

@@ -8,16 +8,16 @@
 
 namespace tessaro {
 
-MainSplitView::MainSplitView(
-    const ScreenContext& context, AppLogger& logger, SupportClient& support)
+MainSplitView::MainSplitView(const ScreenContext& context, SupportClient& support)
     : Gtk::Box(Gtk::Orientation::VERTICAL),
       context_(context),
       accountsVM_(context.store, context.device, context.clock),
-      pagesVM_(context.store, logger, context.clock, context.makeGraphClient, isWholePicture),
+      pagesVM_(
+          context.store, context.logger, context.clock, context.makeGraphClient, isWholePicture),
       accounts_(context, accountsVM_),
       pages_(context, pagesVM_),
       inbox_(context, pagesVM_),
-      footer_(context, logger, support),
+      footer_(context, support),
       selection_(context, accountsVM_, pagesVM_, inbox_) {
     set_size_request(900, 560);
     columns_.set_vexpand();

@@ -11,7 +11,7 @@ namespace tessaro {
 /// Owns the two list models for its whole life.
 class MainSplitView : public Gtk::Box {
 public:
-    MainSplitView(const ScreenContext& context, AppLogger& logger, SupportClient& support);
+    MainSplitView(const ScreenContext& context, SupportClient& support);
 
     AccountsViewModel& accountsVM() { return accountsVM_; }
     PagesViewModel& pagesVM() { return pagesVM_; }

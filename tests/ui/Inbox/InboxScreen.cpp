@@ -32,7 +32,7 @@ void InboxScreen::SetUp() {
     world.store.savePages(
         {makePage(account, DemoWorld::flowers), makePage(account, DemoWorld::coffee),
          makePage(account, DemoWorld::books)});
-    content.emplace(world.browserContext, world.logger, support);
+    content.emplace(world.browserContext, support);
     window.set_child(*content);
     window.present();
     content->accountsVM().selectAccount(account);

@@ -17,7 +17,7 @@ protected:
     MainSplitViewTest() {
         screen_.store.saveAccounts({first_, second_});
         screen_.store.savePages({makePage(first_, "1", "Mai"), makePage(second_, "2", "Lan")});
-        view_.emplace(screen_.context, screen_.logger, support_);
+        view_.emplace(screen_.context, support_);
         screen_.show(*view_);
     }
     ~MainSplitViewTest() override { screen_.window.unset_child(); }

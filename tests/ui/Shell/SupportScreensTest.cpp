@@ -19,7 +19,7 @@ constexpr const char* buttonName = "Hỗ trợ";
 class SupportScreens : public testing::Test {
 protected:
     void showBar() {
-        bar_.emplace(screen_.context, screen_.logger, support_);
+        bar_.emplace(screen_.context, support_);
         bar_->set_valign(Gtk::Align::END);
         screen_.show(*bar_);
     }
