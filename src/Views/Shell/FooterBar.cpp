@@ -59,9 +59,7 @@ Gtk::Button& linkButton(const FooterLink& link) {
 } // namespace
 
 FooterBar::FooterBar(const ScreenContext& context, SupportClient& support)
-    : context_(context),
-      support_(support),
-      supportButton_("Hỗ trợ", "exclamationmark.bubble", 10) {
+    : context_(context), support_(support), supportButton_("Hỗ trợ", "exclamationmark.bubble", 10) {
     add_css_class("footer-bar");
     auto& dot = *Gtk::make_managed<Gtk::Box>();
     dot.add_css_class("footer-dot");

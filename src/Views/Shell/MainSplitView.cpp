@@ -1,10 +1,13 @@
 #include "Views/Shell/MainSplitView.h"
 
 #include "Platform/Gtk/PictureDecoder.h"
+#include "Views/Shell/SystemReport.h"
 #include "Views/Widgets/Layout.h"
 
 #include <gdkmm/frameclock.h>
 #include <gtkmm/separator.h>
+
+#include <utility>
 
 namespace tessaro {
 
@@ -36,7 +39,10 @@ void MainSplitView::on_map() {
     accounts_.child_focus(Gtk::DirectionType::TAB_FORWARD);
     firstFrame_ = connectSignal<void(GdkFrameClock*)>(
         get_frame_clock()->gobj(), "after-paint", [this](GdkFrameClock*) {
-            context_.engine.load();
+            engineLoaded_ = context_.engine.whenLoaded([this](Engine* engine) {
+                if (get_realized() && !std::exchange(isReported_, true))
+                    context_.logger.log(systemReport(engine, *this), "INFO");
+            });
             firstFrame_.disconnect();
         });
 }

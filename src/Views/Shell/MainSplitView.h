@@ -34,6 +34,8 @@ private:
     PageSelection selection_;
     ScopedConnection accountChanged_;
     ScopedConnection firstFrame_;
+    ScopedConnection engineLoaded_;
+    bool isReported_ = false; ///< Whether the log tells what the program runs on.
 };
 
 } // namespace tessaro

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "Engine/Engine.h"
+
+#include <gtkmm/widget.h>
+
+#include <string>
+
+namespace tessaro {
+
+/// One line for the log from which the support staff sees what the program runs on: its version,
+/// engine and toolkit with theirs, the kind of session, how windows are drawn, and whether web
+/// pages are locked into their sandbox. Holds nothing of the person's. UI thread only.
+/// @param engine  null when there is none
+/// @param widget  is on screen
+std::string systemReport(const Engine* engine, const Gtk::Widget& widget);
+
+} // namespace tessaro
