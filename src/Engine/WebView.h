@@ -53,6 +53,10 @@ public:
     virtual double pageZoom() const = 0;
     /// Runs a script in the main frame; its result and its errors are ignored.
     virtual void evaluateScript(const std::string& script) = 0;
+    /// Runs a script in the main frame and calls `answered` with its result as text, unless it
+    /// throws or the page goes first.
+    virtual void
+    askPage(const std::string& script, std::function<void(const std::string&)> answered) = 0;
     /// Calls `painted` once what earlier scripts have changed can be seen, or the page is gone.
     virtual void whenPainted(std::function<void()> painted) = 0;
     /// The address of the page shown; empty before the first one.

@@ -103,6 +103,23 @@ Task<void> waitUntilPainted(GObjectPtr<WebKitWebView> view, std::function<void()
     painted();
 }
 
+Task<void> askForText(
+    GObjectPtr<WebKitWebView> view, std::string script,
+    std::function<void(const std::string&)> answered) {
+    const auto value = co_await AsyncCall(
+        [&](GAsyncReadyCallback ready, gpointer data) {
+            webkit_web_view_evaluate_javascript(
+                view.get(), script.data(), static_cast<gssize>(script.size()), nullptr, nullptr,
+                nullptr, ready, data);
+        },
+        [&](GObject*, GAsyncResult* result) {
+            return GObjectPtr<JSCValue>::adopt(
+                webkit_web_view_evaluate_javascript_finish(view.get(), result, nullptr));
+        });
+    if (value)
+        answered(takeString(jsc_value_to_string(value.get())));
+}
+
 /// Whether the engine puts a page of its own, which tells the error, in place of the one that
 /// failed to load.
 bool showsErrorPage(const GError& error) {
@@ -236,6 +253,11 @@ void WebKitView::evaluateScript(const std::string& script) {
     webkit_web_view_evaluate_javascript(
         view_.get(), script.data(), static_cast<gssize>(script.size()), nullptr, nullptr, nullptr,
         nullptr, nullptr);
+}
+
+void WebKitView::askPage(
+    const std::string& script, std::function<void(const std::string&)> answered) {
+    askForText(view_, script, std::move(answered)).detach();
 }
 
 void WebKitView::whenPainted(std::function<void()> painted) {

@@ -39,6 +39,8 @@ public:
     void setPageZoom(double factor) override;
     double pageZoom() const override;
     void evaluateScript(const std::string& script) override;
+    void
+    askPage(const std::string& script, std::function<void(const std::string&)> answered) override;
     void whenPainted(std::function<void()> painted) override;
     std::string address() const override;
     bool isAwaitingPage() const override { return isAwaitingPage_; }

@@ -1,7 +1,9 @@
 #include "Views/Inbox/PageAppearance.h"
 
 #include "Views/Inbox/PageScripts.h"
+#include "Views/Inbox/SiteCheck.h"
 
+#include <iterator>
 #include <utility>
 
 namespace tessaro {
@@ -35,9 +37,12 @@ void PageAppearance::injectTopBarHider() {
     const auto webView = webView_.lock();
     if (!webView)
         return;
-    webView->evaluateScript(scripts::topBarHider);
+    webView->evaluateScript(scripts::topBarHider());
     for (const auto delay : hiderDelays)
-        context_.clock.post(delay, [webView] { webView->evaluateScript(scripts::topBarHider); });
+        context_.clock.post(delay, [webView] { webView->evaluateScript(scripts::topBarHider()); });
+    context_.clock.post(std::end(hiderDelays)[-1], [&context = context_, webView] {
+        checkSite(context, *webView);
+    });
     applyTheme();
 }
 

@@ -2,6 +2,26 @@
 
 namespace tessaro::scripts {
 
+namespace {
+
+/// What the site's own navigation is found by.
+constexpr const char* topBar = R"([data-testid="mbs_nav_bar"])";
+constexpr const char* sideNavigation[] = {
+    R"([data-testid="mbs_side_nav"])",
+    R"([data-testid="BizWeb.SideNav"])",
+    R"(div[data-pagelet="LeftRail"])",
+    R"(div[data-pagelet="left_nav"])",
+};
+
+std::string sideNavigationBy(const char* separator) {
+    std::string text;
+    for (const char* selector : sideNavigation)
+        text += (text.empty() ? "" : separator) + std::string(selector);
+    return text;
+}
+
+} // namespace
+
 const char* const darkModeStyle = R"js((function () {
     var old = document.getElementById('__tsr_darkmode');
     if (old) old.remove();
@@ -27,18 +47,19 @@ const char* const darkModeRemover = R"js((function () {
     if (old) old.remove();
 })();)js";
 
-const char* const topBarHider = R"js((function () {
+const std::string& topBarHider() {
+    static const std::string script = std::string(R"js((function () {
     var old = document.getElementById('__tsr_topbar_hide');
     if (old) old.remove();
     var style = document.createElement('style');
     style.id = '__tsr_topbar_hide';
     style.textContent = `
-        [data-testid="mbs_nav_bar"] {
+        )js") + topBar + R"js( {
             display: none !important;
             height: 0 !important;
         }
-        [data-testid="mbs_side_nav"], [data-testid="BizWeb.SideNav"],
-        div[data-pagelet="LeftRail"], div[data-pagelet="left_nav"] {
+        )js" + sideNavigationBy(", ") +
+                                      R"js( {
             pointer-events: none !important;
             visibility: hidden !important;
             width: 0 !important;
@@ -48,6 +69,27 @@ const char* const topBarHider = R"js((function () {
         }`;
     document.head.appendChild(style);
 })();)js";
+    return script;
+}
+
+const std::string& navigationCount() {
+    static const std::string script = std::string(R"js((function () {
+    var selectors = [')js") + topBar + "', '" +
+                                      sideNavigationBy("', '") + R"js('];
+    var counts = selectors.map((selector) => document.querySelectorAll(selector).length);
+    var left = 0, above = 0;
+    for (var part of document.querySelectorAll('nav, [role="navigation"], [role="banner"]')) {
+        var place = part.getBoundingClientRect();
+        if (getComputedStyle(part).visibility !== 'visible' || !place.width || !place.height)
+            continue;
+        if (place.left < 90 && place.right > 60 && place.height > innerHeight / 2) ++left;
+        if (place.top < 60 && place.bottom > 0 && place.width > innerWidth / 2) ++above;
+    }
+    var found = counts.reduce((sum, count) => sum + count);
+    return `${found} found (${counts.join(' ')}), seen: ${left} left, ${above} above`;
+})();)js";
+    return script;
+}
 
 const char* const searchFieldFocuser = R"js((function () {
     var fields = document.querySelectorAll('input, textarea, [role="searchbox"]');

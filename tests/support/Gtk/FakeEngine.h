@@ -31,6 +31,7 @@ public:
     void setPageZoom(double factor) override { zoom_ = factor; }
     double pageZoom() const override { return zoom_; }
     void evaluateScript(const std::string& script) override { scripts.push_back(script); }
+    void askPage(const std::string&, std::function<void(const std::string&)>) override {}
     void whenPainted(std::function<void()> painted) override { painted(); }
     std::string address() const override { return loads.empty() ? "" : loads.back(); }
     bool isAwaitingPage() const override { return false; }

@@ -75,8 +75,8 @@ struct ScreenWorld : StoreWorld {
 
     /// The context with another clock.
     ScreenContext contextOn(Clock& itsClock) {
-        return {theme,  notifications, inbox,  settings, itsClock, logger,    desktop,
-                engine, modals,        store,  device,   images,   endpoints, makeGraphClient};
+        return {theme,  notifications, inbox, settings, itsClock, logger,    desktop,
+                engine, modals,        store, device,   images,   endpoints, makeGraphClient};
     }
 };
 

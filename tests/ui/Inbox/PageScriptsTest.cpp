@@ -2,6 +2,8 @@
 
 #include "Views/Widgets/InboxCommands.h"
 
+#include <gmock/gmock.h>
+
 namespace tessaro::test {
 namespace {
 
@@ -94,6 +96,29 @@ TEST(PageScripts, HiderRunsAgainForTenSecondsAndReplacesWhatItLeft) {
         EXPECT_EQ(browser.ask(hiderCount), "1");
     }
     EXPECT_EQ(world.clock.pending(), 0U);
+}
+
+TEST(PageScripts, TellTheLogOnceADayWhetherTheSiteIsAsTheyKnowIt) {
+    InboxWorld world(InboxWorld::Time::standsStill);
+    const auto lineAfter = [&](const std::string& body) {
+        world.server.answer(InboxWorld::inboxPath, InboxWorld::page(body));
+        const std::string before = world.loggedLines();
+        InboxBrowser browser(world);
+        world.clock.advance(10s);
+        browser.ask("0"); // Answered after the count.
+        return world.loggedLines().substr(before.size());
+    };
+    world.logger.log("Start", "INFO");
+    EXPECT_THAT(
+        lineAfter("<div data-pagelet=LeftRail></div><div data-pagelet=LeftRail></div>"
+                  "<nav style='position: fixed; top: 0; left: 70px; height: 100%'>Menu</nav>"),
+        testing::EndsWith("[INFO] Inbox navigation: 2 found (0 0 0 2 0), seen: 1 left, 0 above\n"));
+    EXPECT_EQ(lineAfter("<p>Another site</p>"), "");
+    world.clock.advance(24h);
+    world.logger.log("The next day's file", "INFO");
+    EXPECT_THAT(
+        lineAfter("<p>Another site</p>"),
+        testing::EndsWith("[WARN] Inbox navigation: 0 found (0 0 0 0 0), seen: 0 left, 0 above\n"));
 }
 
 TEST(PageScripts, CursorGoesToTheFirstVisibleSearchField) {
