@@ -21,9 +21,20 @@ std::string siteFile(const std::string& name) {
     return {data, size};
 }
 
-Reply file(const std::string& name, const char* contentType) {
-    return {200, contentType, siteFile(name), {}};
-}
+struct SiteFile {
+    const char* name;
+    const char* contentType;
+};
+
+/// By the last part of the address.
+const std::map<std::string, SiteFile> siteFiles{
+    {"all", {"inbox.html", "text/html; charset=utf-8"}},
+    {"inbox.css", {"inbox.css", "text/css; charset=utf-8"}},
+    {"inbox.js", {"inbox.js", "text/javascript; charset=utf-8"}},
+    {"video.mp4", {"video.mp4", "video/mp4"}},
+    {"voice.m4a", {"voice.m4a", "audio/mp4"}},
+    {"voice.ogg", {"voice.ogg", "audio/ogg"}},
+};
 
 /// The plain page with this heading and sentence. Both are the server's own texts, so nothing is
 /// escaped.
@@ -54,12 +65,8 @@ InboxSite::InboxSite() : files_{{"Mẫu hoa.png", drawPicture(Motif::flower, 600
 
 Reply InboxSite::answer(const Request& request) {
     const std::string name = request.path.substr(std::string("/latest/inbox/").size());
-    if (name == "all")
-        return file("inbox.html", "text/html; charset=utf-8");
-    if (name == "inbox.css")
-        return file("inbox.css", "text/css; charset=utf-8");
-    if (name == "inbox.js")
-        return file("inbox.js", "text/javascript; charset=utf-8");
+    if (const auto found = siteFiles.find(name); found != siteFiles.end())
+        return {200, found->second.contentType, siteFile(found->second.name), {}};
     if (name == "conversations")
         return conversations(request.value("asset_id"));
     if (name == "help")

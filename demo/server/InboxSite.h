@@ -4,8 +4,8 @@
 
 namespace tessaro::demo {
 
-/// Answers "/latest/inbox/…": the message inbox of one Page, its conversations, the files that are
-/// attached to them, a help page.
+/// Answers "/latest/inbox/…": the message inbox of one Page, its conversations, their videos and
+/// voice messages, the files that are attached to them, a help page.
 class InboxSite {
 public:
     InboxSite();
@@ -13,7 +13,7 @@ public:
     /// The open page's latest report of how it is shown; null before the first one. The page
     /// reports whenever one of these changes: which of its bars are visible, whether it wears a
     /// dark style, its width, where the cursor is, which conversation is open, whether it may show
-    /// notifications.
+    /// notifications, what it has played, whether it records.
     const nlohmann::json& view() const { return view_; }
 
 private:

@@ -14,6 +14,9 @@ public:
 
     /// What it calls itself, with its version.
     virtual std::string name() const = 0;
+    /// What it can decode of sound and moving pictures on this system: names with commas between
+    /// them, such as "H.264, AAC, Opus". Takes some hundred milliseconds at first. Any thread.
+    virtual std::string decodableMedia() const = 0;
     /// Whether it can lock its web processes into their sandbox on this system. Ask before each
     /// view is made. Takes some ten milliseconds.
     virtual bool worksHere() const = 0;

@@ -7,6 +7,8 @@ const find = (selector) => document.querySelector(selector);
 let conversations = [];
 let open = null;
 let sent = 0;
+let played = 0;
+let recorder = null;
 
 function element(tag, className, text = "") {
   const made = document.createElement(tag);
@@ -50,7 +52,7 @@ function showList() {
     const picture = element("span", "picture");
     picture.append(face(one.name, one.color));
     row.append(picture, element("span", "name", one.name), element("span", "time", one.messages.at(-1).time),
-      element("span", "last", one.messages.at(-1).text || one.messages.at(-1).file));
+      element("span", "last", one.messages.at(-1).text || one.messages.at(-1).file || "Tin nhắn thoại"));
     if (one.unread) row.append(element("span", "unread", one.unread));
     row.addEventListener("click", () => openConversation(one));
     const item = document.createElement("li");
@@ -58,6 +60,17 @@ function showList() {
     return item;
   }));
   find(".nothing").hidden = shown.length > 0;
+}
+
+// A video or a voice message, and a button that plays it.
+function player(media) {
+  const made = element(/mp4$/.test(media) ? "video" : "audio", "");
+  made.src = media;
+  made.addEventListener("ended", () => played += 1);
+  const play = element("button", "play", "▶ Phát");
+  play.type = "button";
+  play.addEventListener("click", () => made.play());
+  return [made, play];
 }
 
 function showThread() {
@@ -71,6 +84,7 @@ function showThread() {
     ...open.messages.map((message) => {
       const item = element("li", message.from, message.text);
       if (message.file) item.append(Object.assign(element("a", "file", `⬇ ${message.file}`), { href: address(message.file) }));
+      if (message.media) item.append(...player(message.media));
       return item;
     }));
   if (open.typing) list.append(element("li", "typing", `${open.name} đang nhập…`));
@@ -84,9 +98,9 @@ function openConversation(one) {
   showThread();
 }
 
-function add(one, from, text, file) {
+function add(one, from, text, file, media) {
   const time = new Date().toLocaleTimeString("vi", { hour: "2-digit", minute: "2-digit" });
-  one.messages.push({ from, text, file, time });
+  one.messages.push({ from, text, file, media, time });
   showList();
   showThread();
 }
@@ -122,6 +136,26 @@ find(".chosen").addEventListener("change", async (event) => {
   await fetch(address(file.name), { method: "POST", body: file });
   event.target.value = "";
   add(one, "us", "", file.name);
+});
+
+// The first press begins a voice message, the second one sends it.
+find(".record").addEventListener("click", async () => {
+  if (recorder) return recorder.stop();
+  const one = open;
+  const stream = await navigator.mediaDevices.getUserMedia({ audio: true }).catch(() => null);
+  if (!stream) return;
+  const parts = [];
+  recorder = new MediaRecorder(stream);
+  recorder.addEventListener("dataavailable", (event) => parts.push(event.data));
+  recorder.addEventListener("stop", () => {
+    stream.getTracks().forEach((track) => track.stop());
+    const voice = new Blob(parts, { type: recorder.mimeType });
+    recorder = null;
+    find(".record").ariaPressed = "false";
+    if (voice.size) add(one, "us", "", "", URL.createObjectURL(voice));
+  });
+  recorder.start();
+  find(".record").ariaPressed = "true";
 });
 
 find(".composer").addEventListener("submit", (event) => {
@@ -168,6 +202,8 @@ setInterval(() => {
     conversations: conversations.length,
     messages: open?.messages.length ?? 0,
     sent,
+    played,
+    recording: recorder !== null,
     notifications: Notification.permission,
     userAgent: navigator.userAgent,
   });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Engine/Engine.h"
+#include "Engine/WebKit/WebKitMedia.h"
 
 #include <memory>
 #include <vector>
@@ -11,6 +12,7 @@ namespace tessaro {
 class WebKitEngine final : public Engine {
 public:
     std::string name() const override;
+    std::string decodableMedia() const override { return tessaro::decodableMedia(); }
     /// Does what WebKitGTK does, with a program that ends at once.
     bool worksHere() const override;
     WebSession& makeSession(

@@ -66,6 +66,7 @@ public:
         return *this;
     }
     std::shared_ptr<WebView> makeView(Clock&, WebNotifications::PermittedOrigin) override {
+    std::string decodableMedia() const override { return "Opus"; }
         const auto view = std::make_shared<FakeView>();
         views.push_back(view);
         return view;
