@@ -32,7 +32,8 @@ public:
     /// What to put into a window.
     virtual Gtk::Widget& widget() const = 0;
 
-    /// Replaces the engine's identity in every request to come.
+    /// Replaces the engine's identity in every request to come, and in what pages can see of the
+    /// browser.
     virtual void setCustomUserAgent(const std::string& userAgent) = 0;
     /// Asks whether the page may be left: the page itself, and where it has something to lose the
     /// delegate (runLeaveConfirm()). One that does not answer within leaveTimeout is ended and may

@@ -1,5 +1,7 @@
 #include "Engine/WebKit/WebKitView.h"
 
+#include "Engine/WebKit/WebKitIdentity.h"
+
 #include <gtkmm/window.h>
 #include <webkit/webkit.h>
 
@@ -141,6 +143,7 @@ WebKitView::WebKitView(
       clock_(clock),
       leaveQuestion_(view_.get(), clock) {
     const auto connect =
+    agreeWithIdentity(view_.get());
         [this]<typename Signature>(const char* signal, std::function<Signature> handler) {
             signals_.push_back(connectSignal<Signature>(view_.get(), signal, std::move(handler)));
         };
