@@ -5,8 +5,8 @@
 
 namespace tessaro {
 
-/// The desktop notifications that the pages in one web view want to show. Without a delegate every
-/// request is refused. UI thread only.
+/// The desktop notifications that the pages in one web view show, once they are permitted
+/// (WebPermissions). UI thread only.
 class WebNotifications {
 public:
     /// What a page wants to be shown, in plain text.
@@ -18,8 +18,6 @@ public:
     class Delegate {
     public:
         virtual ~Delegate() = default;
-        /// The page asks for permission and waits for the answer; dropping it refuses.
-        virtual void didRequestPermission(std::function<void(bool)> answer) = 0;
         virtual void show(const Content& content) = 0;
         /// The page has closed the notification, or is gone itself.
         virtual void didClose(const std::string& id) = 0;

@@ -2,6 +2,7 @@
 
 #include "Engine/PageFinder.h"
 #include "Engine/WebNotifications.h"
+#include "Engine/WebPermissions.h"
 #include "Engine/WebViewDelegate.h"
 
 #include <gdkmm/rgba.h>
@@ -71,5 +72,6 @@ public:
     virtual WebNotifications& notifications() = 0;
     virtual PageFinder& finder() = 0;
 };
+    virtual WebPermissions& permissions() = 0;
 
 } // namespace tessaro

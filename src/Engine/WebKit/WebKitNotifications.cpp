@@ -21,20 +21,6 @@ void permit(WebKitWebContext* context, const std::string& origin) {
 
 WebKitNotifications::WebKitNotifications(WebKitWebView* view, PermittedOrigin permittedOrigin)
     : permittedOrigin_(std::move(permittedOrigin)) {
-    signals_.push_back(connectSignal<gboolean(WebKitWebView*, WebKitPermissionRequest*)>(
-        view, "permission-request",
-        [this](WebKitWebView*, WebKitPermissionRequest* request) -> gboolean {
-            if (!delegate_ || !WEBKIT_IS_NOTIFICATION_PERMISSION_REQUEST(request))
-                return FALSE; // The engine refuses.
-            delegate_->didRequestPermission(
-                [kept = GObjectPtr<WebKitPermissionRequest>::share(request)](bool isGranted) {
-                    if (isGranted)
-                        webkit_permission_request_allow(kept.get());
-                    else
-                        webkit_permission_request_deny(kept.get());
-                });
-            return TRUE;
-        }));
     signals_.push_back(connectSignal<gboolean(WebKitWebView*, WebKitNotification*)>(
         view, "show-notification",
         [this](WebKitWebView*, WebKitNotification* notification) -> gboolean {

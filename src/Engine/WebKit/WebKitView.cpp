@@ -139,11 +139,12 @@ WebKitView::WebKitView(
     : view_(makeView(session)),
       widget_(Glib::wrap(GTK_WIDGET(view_.get()))),
       notifications_(view_.get(), std::move(permittedOrigin)),
+      permissions_(view_.get(), *widget_, clock),
       finder_(view_.get()),
       clock_(clock),
       leaveQuestion_(view_.get(), clock) {
-    const auto connect =
     agreeWithIdentity(view_.get());
+    const auto connect =
         [this]<typename Signature>(const char* signal, std::function<Signature> handler) {
             signals_.push_back(connectSignal<Signature>(view_.get(), signal, std::move(handler)));
         };

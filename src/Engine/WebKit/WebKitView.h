@@ -3,6 +3,7 @@
 #include "Engine/WebKit/WebKitFinder.h"
 #include "Engine/WebKit/WebKitLeaveQuestion.h"
 #include "Engine/WebKit/WebKitNotifications.h"
+#include "Engine/WebKit/WebKitPermissions.h"
 #include "Engine/WebView.h"
 
 #include "Platform/Clock.h"
@@ -47,6 +48,7 @@ public:
     bool isLoading() const override;
     std::string title() const override;
     WebNotifications& notifications() override { return notifications_; }
+    WebPermissions& permissions() override { return permissions_; }
     PageFinder& finder() override { return finder_; }
 
 private:
@@ -65,6 +67,7 @@ private:
     GObjectPtr<WebKitWebView> view_;
     Gtk::Widget* widget_;
     WebKitNotifications notifications_;
+    WebKitPermissions permissions_;
     WebKitFinder finder_;
     Clock& clock_;
     WebKitLeaveQuestion leaveQuestion_;

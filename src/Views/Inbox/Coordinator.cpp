@@ -39,6 +39,7 @@ void Coordinator::attach(const std::shared_ptr<WebView>& webView) {
     mainWebView_ = webView;
     appearance_.emplace(parent_.context, webView);
     siteNotifications_.emplace(parent_.context, webView);
+    sitePermissions_.emplace(parent_.context, webView);
 }
 
 void Coordinator::setupNotifications() {

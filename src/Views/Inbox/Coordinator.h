@@ -5,6 +5,7 @@
 #include "Views/Inbox/PageInboxWebView.h"
 #include "Views/Inbox/ScriptDialogs.h"
 #include "Views/Inbox/SiteNotifications.h"
+#include "Views/Inbox/SitePermissions.h"
 
 #include <sigc++/signal.h>
 
@@ -70,6 +71,7 @@ private:
     double currentZoom_ = naturalZoom;
     std::optional<PageAppearance> appearance_;
     std::optional<SiteNotifications> siteNotifications_;
+    std::optional<SitePermissions> sitePermissions_;
     std::string pageOnScreen_; ///< While it is told of.
     int startedLoads_ = 0;
     sigc::signal<void()> processTerminated_;

@@ -1,7 +1,7 @@
 #include "Views/Inbox/InboxColumn.h"
 
 #include "Platform/Paths.h"
-#include "Views/Inbox/SiteNotifications.h"
+#include "Views/Inbox/SitePermissions.h"
 #include "Views/Widgets/Layout.h"
 #include "Views/Widgets/Symbol.h"
 
@@ -36,7 +36,7 @@ InboxColumn::InboxColumn(const ScreenContext& context, const PagesViewModel& pag
       downloads_(context.desktop),
       browsers_(
           context.engine, paths::webDataFolder(), paths::webCacheFolder(), context.clock,
-          [&context] { return SiteNotifications::permittedOrigin(context); }) {
+          [&context] { return SitePermissions::notifyingOrigin(context); }) {
     set_hexpand();
     fillHint(hint_);
     appendAll(*this, hint_, downloads_);

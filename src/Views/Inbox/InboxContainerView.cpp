@@ -23,7 +23,8 @@ InboxContainerView::InboxContainerView(
       browsers_(browsers),
       pageConfig_(std::move(pageConfig)),
       account_(std::move(account)),
-      veil_(context.clock) {
+      veil_(context.clock),
+      recordingDot_(context.inbox) {
     set_expand();
     set_child(stack_);
     reloadButton_.set_halign(Gtk::Align::CENTER);
@@ -40,6 +41,7 @@ InboxContainerView::InboxContainerView(
     notice_.set_justify(Gtk::Justification::CENTER);
     notice_.set_css_classes({"points-13", "secondary-text"});
     stack_.add(notice_);
+    add_overlay(recordingDot_);
     add_overlay(veil_);
     loadingChanged_ = isLoading_->observe([this] { showLoading(); });
     context_.inbox.find.connect(sigc::mem_fun(*this, &InboxContainerView::find));

@@ -7,6 +7,7 @@
 #include "Platform/Property.h"
 #include "Views/Inbox/FindBar.h"
 #include "Views/Inbox/LoadingVeil.h"
+#include "Views/Inbox/RecordingDot.h"
 #include "Views/ScreenContext.h"
 
 #include <gtkmm/box.h>
@@ -24,8 +25,8 @@ class ClippedWebViewContainer;
 class Coordinator;
 
 /// The inbox of the selected Page in the browser, and above it a veil while it loads.
-/// Where the page crashed, a button to load it again is in its place; where no browser can be had,
-/// a sentence.
+/// A dot in the corner tells that a page is recording. Where the page crashed, a button to load it
+/// again is in its place; where no browser can be had, a sentence.
 class InboxContainerView : public Gtk::Overlay {
 public:
     /// `context` and `browsers` outlive the view.
@@ -63,6 +64,7 @@ private:
     Gtk::Label notice_;
     Gtk::Box page_{Gtk::Orientation::VERTICAL}; ///< The browser below the bar.
     LoadingVeil veil_;
+    RecordingDot recordingDot_;
     bool hasLoaded_ = false; ///< Whether there was a page before the one that loads.
 
     std::unique_ptr<Coordinator> coordinator_;

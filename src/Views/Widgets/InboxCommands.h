@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Engine/WebPermissions.h"
+
 #include "Platform/Property.h"
 #include "ViewModels/UnreadCount.h"
 
@@ -37,6 +39,7 @@ struct InboxSignals {
     /// Something of the page begins or ceases to fill the screen.
     sigc::signal<void(bool isFullScreen)> fullScreen;
     Property<UnreadCount> unread; ///< Of the selected Page, written by its browser.
+    Property<WebPermissions::Recording> recording; ///< By pages, written likewise.
 };
 
 } // namespace tessaro

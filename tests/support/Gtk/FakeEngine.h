@@ -10,7 +10,10 @@
 namespace tessaro::test {
 
 /// A browser whose web pages are empty and load at once.
-class FakeView final : public WebView, public WebNotifications, public PageFinder {
+class FakeView final : public WebView,
+                       public WebNotifications,
+                       public WebPermissions,
+                       public PageFinder {
 public:
     FakeView() { widget_.set_focusable(); }
 
@@ -38,9 +41,11 @@ public:
     bool isLoading() const override { return false; }
     std::string title() const override { return {}; }
     WebNotifications& notifications() override { return *this; }
+    WebPermissions& permissions() override { return *this; }
     PageFinder& finder() override { return *this; }
 
     void setDelegate(WebNotifications::Delegate*) override {}
+    void setDelegate(WebPermissions::Delegate*) override {}
     void click(const std::string&) override {}
 
     void find(const std::string&) override {}
@@ -61,12 +66,12 @@ private:
 class FakeEngine final : public Engine, public WebSession {
 public:
     std::string name() const override { return "FakeEngine 1.0"; }
+    std::string decodableMedia() const override { return "Opus"; }
     bool worksHere() const override { return true; }
     WebSession& makeSession(const std::filesystem::path&, const std::filesystem::path&) override {
         return *this;
     }
     std::shared_ptr<WebView> makeView(Clock&, WebNotifications::PermittedOrigin) override {
-    std::string decodableMedia() const override { return "Opus"; }
         const auto view = std::make_shared<FakeView>();
         views.push_back(view);
         return view;

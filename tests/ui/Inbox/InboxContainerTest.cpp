@@ -34,7 +34,7 @@ protected:
     InboxWorld world;
     WebViewReserve browsers{
         realEngine(), world.folder / "web", world.folder / "web-cache", world.browserContext.clock,
-        [this] { return SiteNotifications::permittedOrigin(world.browserContext); }};
+        [this] { return SitePermissions::notifyingOrigin(world.browserContext); }};
     const Account account = makeAccount();
     Gtk::Window window;
     std::optional<InboxContainerView> container;
@@ -56,7 +56,8 @@ TEST_F(InboxContainer, TakesTheBrowserWhoseProcessRunsAlready) {
 }
 
 TEST_F(InboxContainer, OffersToLoadThePageAgainAfterItsProcessCrashed) {
-    NotificationConsent(world.settings, originOf(world.endpoints.inboxOrigin)).keep(true);
+    SiteConsent(world.settings, SiteConsent::notifications, originOf(world.endpoints.inboxOrigin))
+        .keep(true);
     show();
     ASSERT_TRUE(waitForLoaded());
     WebView& webView = *widgetsOf<ClippedWebViewContainer>(*container).at(0)->webView();

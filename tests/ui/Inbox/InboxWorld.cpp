@@ -42,7 +42,7 @@ InboxBrowser::InboxBrowser(InboxWorld& world, const std::string& pageId) : world
     const auto& context = world.browserContext;
     container =
         host(pageId).makeView(*coordinator, world.session->makeView(context.clock, [&context] {
-            return SiteNotifications::permittedOrigin(context);
+            return SitePermissions::notifyingOrigin(context);
         }));
     window.set_default_size(800, 600);
     window.set_child(*container);

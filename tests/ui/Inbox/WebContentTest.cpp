@@ -5,7 +5,6 @@
 #include "Views/Widgets/InboxCommands.h"
 
 #include <gmock/gmock.h>
-#include <webkit/webkit.h>
 
 #include <filesystem>
 
@@ -64,43 +63,6 @@ TEST(WebContent, ReachesNoLocalFileAndNoOtherProgram) {
     // For an address of another program the engine shows its own error page.
     ASSERT_TRUE(browser.follow("tessaro-other-program:start"));
     EXPECT_TRUE(world.desktop.opened.empty());
-}
-
-TEST(WebContent, GetsNoCameraMicrophoneOrLocation) {
-    InboxWorld world;
-    InboxBrowser browser(world);
-    auto* const view = WEBKIT_WEB_VIEW(browser.webView().widget().gobj());
-    // Made-up devices, which exist on every computer.
-    webkit_settings_set_enable_mock_capture_devices(webkit_web_view_get_settings(view), TRUE);
-    auto* const places =
-        webkit_web_context_get_geolocation_manager(webkit_web_view_get_context(view));
-    const auto started = connectSignal<gboolean(WebKitGeolocationManager*)>(
-        places, "start", [](WebKitGeolocationManager* manager) -> gboolean {
-            webkit_geolocation_manager_update_position(
-                manager, webkit_geolocation_position_new(10.8, 106.7, 1));
-            return TRUE;
-        });
-    const auto answers = [&] {
-        browser.ask("(window.answers = {}, ['audio', 'video'].forEach(device => "
-                    "navigator.mediaDevices.getUserMedia({[device]: true}).then("
-                    "() => answers[device] = 'granted', error => answers[device] = error.name)), "
-                    "navigator.geolocation.getCurrentPosition(() => answers.place = 'granted', "
-                    "error => answers.place = error.message))");
-        EXPECT_TRUE(browser.waitUntil("Object.keys(answers).length === 3"));
-        return browser.ask("['audio', 'video', 'place'].map(each => answers[each])");
-    };
-    constexpr const char* refused = "NotAllowedError,NotAllowedError,User denied Geolocation";
-    EXPECT_EQ(answers(), refused);
-    // The reason of the failure is the missing permission.
-    const auto permitted = connectSignal<gboolean(WebKitWebView*, WebKitPermissionRequest*)>(
-        view, "permission-request",
-        [](WebKitWebView*, WebKitPermissionRequest* request) -> gboolean {
-            webkit_permission_request_allow(request);
-            return TRUE;
-        });
-    // The engine asks for the location only once for each web page.
-    ASSERT_TRUE(browser.follow("/elsewhere"));
-    EXPECT_EQ(answers(), "granted,granted,granted");
 }
 
 TEST(WebContent, DoesNotSurviveItsBrowser) {
