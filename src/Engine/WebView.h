@@ -43,7 +43,9 @@ public:
     /// Starts a navigation, with the cache used as HTTP has it. The page that is shown is not
     /// asked.
     virtual void load(const std::string& address) = 0;
-    /// Likewise.
+    /// Likewise. Where its process has ended, the last page comes back at its place and in its
+    /// zoom, as by going back to it: from the cache where the server permits. What was typed is
+    /// lost.
     virtual void reload() = 0;
     /// Ends the page and everything that it does. Nothing more is done with the view, save that
     /// scripts may still be run, in vain.
@@ -70,8 +72,8 @@ public:
     virtual std::string title() const = 0;
 
     virtual WebNotifications& notifications() = 0;
+    virtual WebPermissions& permissions() = 0;
     virtual PageFinder& finder() = 0;
 };
-    virtual WebPermissions& permissions() = 0;
 
 } // namespace tessaro

@@ -64,6 +64,7 @@ void Coordinator::openInbox(const std::string& pageId, const std::string& addres
     if (!webView || pageId == pageOnScreen_)
         return;
     parent_.context.inbox.unread.set({});
+    hasShownInbox_ = false;
     loadHome(*webView);
 }
 
@@ -111,6 +112,13 @@ void Coordinator::setZoom(double factor) {
 
 void Coordinator::handleReload() {
     leaveBy([](WebView& webView) { webView.reload(); });
+}
+
+void Coordinator::handleRecovery() {
+    if (const auto webView = mainWebView_.lock(); webView && hasShownInbox_)
+        webView->reload();
+    else
+        handleGoHome();
 }
 
 void Coordinator::handleGoHome() {
@@ -162,6 +170,7 @@ void Coordinator::didShowPage(WebView& webView) {
     if (pageId.empty())
         return;
     siteNotifications_->setPageId(pageId);
+    hasShownInbox_ = true;
     if (pageId == currentPageId_)
         return;
     pageOnScreen_ = pageId;

@@ -39,6 +39,9 @@ public:
     void handleZoomIn();
     void handleZoomOut();
     void handleReload();
+    /// After the page's process has crashed: leads back to where the person was, or to the inbox
+    /// where none has been shown yet.
+    void handleRecovery();
     void handleGoHome();
     void handleThemeChanged();
     void handleFocusSearchField();
@@ -72,7 +75,8 @@ private:
     std::optional<PageAppearance> appearance_;
     std::optional<SiteNotifications> siteNotifications_;
     std::optional<SitePermissions> sitePermissions_;
-    std::string pageOnScreen_; ///< While it is told of.
+    bool hasShownInbox_ = false; ///< That of the current Page.
+    std::string pageOnScreen_;   ///< While it is told of.
     int startedLoads_ = 0;
     sigc::signal<void()> processTerminated_;
     std::vector<ScopedConnection> commands_;

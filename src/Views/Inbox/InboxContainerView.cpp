@@ -29,8 +29,7 @@ InboxContainerView::InboxContainerView(
     set_child(stack_);
     reloadButton_.set_halign(Gtk::Align::CENTER);
     reloadButton_.set_valign(Gtk::Align::CENTER);
-    // Not a reload: the engine has nothing to reload when the process died during the first load.
-    reloadButton_.signal_clicked().connect([this] { coordinator_->handleGoHome(); });
+    reloadButton_.signal_clicked().connect([this] { coordinator_->handleRecovery(); });
     stack_.add(page_);
     stack_.add(reloadButton_);
     notice_.set_wrap();
@@ -41,8 +40,8 @@ InboxContainerView::InboxContainerView(
     notice_.set_justify(Gtk::Justification::CENTER);
     notice_.set_css_classes({"points-13", "secondary-text"});
     stack_.add(notice_);
-    add_overlay(recordingDot_);
     add_overlay(veil_);
+    add_overlay(recordingDot_);
     loadingChanged_ = isLoading_->observe([this] { showLoading(); });
     context_.inbox.find.connect(sigc::mem_fun(*this, &InboxContainerView::find));
     context_.inbox.fullScreen.connect(sigc::mem_fun(*this, &InboxContainerView::showFullScreen));

@@ -6,6 +6,8 @@
 #include "support/Gtk/TestScreen.h"
 #include "support/ScopedEnvironment.h"
 
+#include <webkit/webkit.h>
+
 #include <algorithm>
 #include <csignal>
 #include <future>
@@ -26,6 +28,16 @@ protected:
         window.present();
     }
     std::size_t inboxRequests() const { return world.server.requestCount(InboxWorld::inboxPath); }
+    /// What the engine knows of the page's place.
+    static std::string sessionState(WebView& webView) {
+        const std::unique_ptr<
+            WebKitWebViewSessionState, Releaser<webkit_web_view_session_state_unref>>
+            state(webkit_web_view_get_session_state(WEBKIT_WEB_VIEW(webView.widget().gobj())));
+        const GBytesPtr bytes(webkit_web_view_session_state_serialize(state.get()));
+        gsize size = 0;
+        const auto* data = static_cast<const char*>(g_bytes_get_data(bytes.get(), &size));
+        return {data, size};
+    }
     bool isShown(const std::string& text) { return showsText(*container, text); }
     bool waitForLoaded() {
         return runUntil([&] { return isShown(veil); }) && runUntil([&] { return !isShown(veil); });
@@ -58,9 +70,14 @@ TEST_F(InboxContainer, TakesTheBrowserWhoseProcessRunsAlready) {
 TEST_F(InboxContainer, OffersToLoadThePageAgainAfterItsProcessCrashed) {
     SiteConsent(world.settings, SiteConsent::notifications, originOf(world.endpoints.inboxOrigin))
         .keep(true);
+    world.server.answer(InboxWorld::inboxPath, InboxWorld::page("<p style='height: 5000px'>inbox"));
     show();
     ASSERT_TRUE(waitForLoaded());
     WebView& webView = *widgetsOf<ClippedWebViewContainer>(*container).at(0)->webView();
+    world.notifications.post(webViewZoomIn);
+    const auto atTheTop = sessionState(webView);
+    ask(webView, "(scrollTo(0, 900), 1)");
+    ASSERT_TRUE(runUntil([&] { return sessionState(webView) != atTheTop; }));
     ask(webView, "(document.title = '(3) hộp thư', new Notification('Mai'))");
     ASSERT_TRUE(runUntil([&] {
         return world.inbox.unread->number == 3 && world.desktop.notifications.size() == 1;
@@ -75,9 +92,25 @@ TEST_F(InboxContainer, OffersToLoadThePageAgainAfterItsProcessCrashed) {
     EXPECT_EQ(webView.title(), "");
 
     press(*container, "Tải lại trang");
-    ASSERT_TRUE(runUntil([&] { return inboxRequests() == 2; }));
     EXPECT_TRUE(runUntil([&] { return !widgetsOf<ClippedWebViewContainer>(*container).empty(); }));
     EXPECT_FALSE(isShown("Tải lại trang"));
+    EXPECT_TRUE(waitUntil(webView, "scrollY === 900")) << "At the place where the person was.";
+    EXPECT_EQ(webView.pageZoom(), 1.1);
+}
+
+TEST_F(InboxContainer, LoadsThePageThatWasChosenWhenTheProcessCrashedBeforeItCame) {
+    show();
+    ASSERT_TRUE(waitForLoaded());
+    world.server.hold(InboxWorld::inboxPath);
+    container->setPage(makePage(account, "1002"), account);
+    ASSERT_TRUE(runUntil([&] { return inboxRequests() == 2; }));
+    WebView& webView = *widgetsOf<ClippedWebViewContainer>(*container).at(0)->webView();
+    webView.close();
+    ASSERT_TRUE(runUntil([&] { return isShown("Tải lại trang"); }));
+    world.server.release();
+    press(*container, "Tải lại trang");
+    ASSERT_TRUE(runUntil([&] { return world.endpoints.pageIdIn(webView.address()) == "1002"; }));
+    EXPECT_TRUE(waitUntil(webView, "location.search.includes('1002')"));
 }
 
 TEST_F(InboxContainer, SaysWhatToDoWhereTheSandboxIsForbidden) {
