@@ -20,6 +20,8 @@ struct DemoPage {
 /// The Pages of the user token, in the order of the Graph API's answer, then the one whose Page
 /// token can be pasted.
 const std::vector<DemoPage>& demoPages();
+/// The sixty Pages of a chain of shops, more than the Graph API gives at once.
+const std::vector<DemoPage>& chainPages();
 /// Null when no Page has that id.
 const DemoPage* findPage(std::string_view id);
 

@@ -5,6 +5,10 @@
 
 #include <glib.h>
 
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+
 namespace tessaro::demo {
 
 namespace {
@@ -12,6 +16,7 @@ namespace {
 using nlohmann::json;
 
 constexpr std::string_view version = "/v25.0";
+constexpr std::size_t pagesAtOnce = 25;
 
 /// The Graph API's error body; everything it refuses is a 400.
 Reply refuse(const std::string& message, const std::string& type, int code) {
@@ -50,14 +55,21 @@ Reply accounts(const Request& request, const TokenOwner& owner) {
         return refuse(
             "(#100) Tried accessing nonexisting field (accounts) on node type (Page)",
             "OAuthException", 100);
+    // A cursor is the number of Pages before its part.
+    const auto count = owner.managed.size();
+    const auto begin = std::min(std::size_t(std::atoi(request.value("after").c_str())), count);
+    const auto end = std::min(begin + pagesAtOnce, count);
     json data = json::array();
-    for (const DemoPage* page : owner.managed) {
-        data.push_back(describe(request, page->id, page->name));
+    for (auto i = begin; i < end; ++i) {
+        const DemoPage& page = *owner.managed[i];
+        data.push_back(describe(request, page.id, page.name));
         if (wants(request, "access_token"))
-            data.back()["access_token"] = page->token;
+            data.back()["access_token"] = page.token;
     }
-    return Reply::json(
-        {{"data", data}, {"paging", {{"cursors", {{"before", "QQ"}, {"after", "QQ"}}}}}});
+    json paging{{"cursors", {{"before", std::to_string(begin)}, {"after", std::to_string(end)}}}};
+    if (end < count) // Nobody listens there: the program asks by the cursor.
+        paging["next"] = "http://127.0.0.1:9" + request.path;
+    return Reply::json({{"data", data}, {"paging", paging}});
 }
 
 } // namespace

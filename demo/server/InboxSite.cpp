@@ -109,7 +109,8 @@ Reply answerFrontPage() {
     return plainPage(
         "Máy chủ minh họa",
         "Đóng vai Graph API, trang hộp thư và máy chủ hỗ trợ. Các token để thử: "
-        "<code>demo-user-token</code>, <code>demo-single-token</code>, "
+        "<code>demo-user-token</code>, <code>demo-chain-token</code>, "
+        "<code>demo-single-token</code>, "
         "<code>demo-page-token</code>.");
 }
 

@@ -39,9 +39,13 @@ void walkAccounts(Walk& walk) {
     walk.step("Add an account with a proxy");
     beginAccount(walk, proxyAccount);
     walk.press(button("CẤU HÌNH PROXY"));
-    walk.type(field("Host (IP hoặc domain)"), "proxy.example");
+    walk.type(field("Host"), "proxy.example");
+    walk.type(field("Port"), "80800");
+    walk.see(label("Port phải là một số từ 1 đến 65535."));
+    walk.picture("account-sheet-wrong-port");
     walk.type(field("Port"), "8080");
-    walk.type(field("Username (tùy chọn)"), "minhhoa");
+    walk.seeGone(label("Port phải là một số từ 1 đến 65535."));
+    walk.type(field("Username"), "minhhoa");
     walk.picture("account-sheet-proxy");
     save(walk, 2);
     const auto account = readRecords(walk, "accounts.json")[1];

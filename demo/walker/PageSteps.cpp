@@ -27,7 +27,7 @@ void walkUserToken(Walk& walk) {
     walk.type(field("ACCESS TOKEN"), "demo-user-token");
     walk.server().hold("graph");
     walk.press(button("Xác minh Token"));
-    walk.seeGone(label(badTokenError));
+    walk.seeGone(field("Lọc theo tên Page"));
     walk.picture("page-sheet-verifying", std::chrono::milliseconds(300));
     walk.server().release("graph");
     walk.see(label(userTokenNote));
@@ -39,6 +39,23 @@ void walkUserToken(Walk& walk) {
     walk.press(button("Tiệm Hoa Nắng Mai"));
     walk.see(label(pickedNote));
     walk.picture("page-sheet-picked");
+}
+
+void walkLongList(Walk& walk) {
+    walk.step("Verify a token of sixty Pages: they come in parts and can be filtered by name");
+    walk.type(field("ACCESS TOKEN"), "demo-chain-token");
+    walk.press(button("Xác minh Token"));
+    walk.see(label("25 Page"));
+    walk.picture("page-sheet-long-list");
+    walk.press(button("Tải thêm Page"));
+    walk.see(label("50 Page"));
+    walk.press(button("Tải thêm Page"));
+    walk.see(label("60 Page"));
+    walk.seeGone(button("Tải thêm Page"));
+    walk.type(field("Lọc theo tên Page"), "dong que so 6");
+    walk.see(label("2 trong 60 Page"));
+    walk.see(button("Cửa hàng Đồng Quê số 60"));
+    walk.picture("page-sheet-filtered");
 }
 
 /// The stored record and picture of the Page that was added last.
@@ -55,6 +72,7 @@ void checkStored(const Walk& walk, const std::string& name, const std::string& t
 
 void walkPages(Walk& walk) {
     walkBadToken(walk);
+    walkLongList(walk);
     walkUserToken(walk);
 
     walk.step("Add it: its inbox loads and is shown");

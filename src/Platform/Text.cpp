@@ -1,6 +1,9 @@
 #include "Platform/Text.h"
 
 #include <unicode/brkiter.h>
+#include <unicode/normalizer2.h>
+#include <unicode/schriter.h>
+#include <unicode/uchar.h>
 #include <unicode/uniset.h>
 #include <unicode/unistr.h>
 
@@ -53,6 +56,23 @@ std::string firstCharacterUpperCased(std::string_view text) {
     std::string result;
     icu::UnicodeString(start, 0, end).toUpper(icu::Locale::getRoot()).toUTF8String(result);
     return result;
+}
+
+std::string searchForm(std::string_view text) {
+    UErrorCode status = U_ZERO_ERROR;
+    const auto* compatible = icu::Normalizer2::getNFKDInstance(status);
+    if (U_FAILURE(status))
+        return std::string(text);
+    const auto letters =
+        compatible->normalize(icu::UnicodeString::fromUTF8(piece(text)).foldCase(), status);
+    icu::UnicodeString result;
+    for (icu::StringCharacterIterator at(letters); at.hasNext();) {
+        const UChar32 letter = at.next32PostInc();
+        if (u_charType(letter) != U_NON_SPACING_MARK)
+            result.append(UChar32(letter == U'đ' ? U'd' : letter));
+    }
+    std::string utf8;
+    return result.toUTF8String(utf8);
 }
 
 std::size_t characterCount(std::string_view text) {

@@ -19,6 +19,10 @@ std::string trimBlanks(std::string_view text);
 /// rules; empty for an empty text.
 std::string firstCharacterUpperCased(std::string_view text);
 
+/// The text as a person looks for it: without case and without marks above or below letters, and
+/// "d" for "đ", which has no mark of its own.
+std::string searchForm(std::string_view text);
+
 /// The number of Unicode code points; a damaged byte sequence counts as one.
 std::size_t characterCount(std::string_view text);
 

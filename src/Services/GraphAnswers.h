@@ -16,6 +16,6 @@ struct GraphError {
 Result<GraphError> decodeGraphError(const nlohmann::json& value);
 
 /// The Pages that a user token manages. One malformed Page makes the whole list fail.
-Result<std::vector<MetaGraphClient::ResolvedPage>> decodeManagedPages(const nlohmann::json& value);
+Result<MetaGraphClient::ManagedPages> decodeManagedPages(const nlohmann::json& value);
 
 } // namespace tessaro

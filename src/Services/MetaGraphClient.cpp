@@ -1,5 +1,6 @@
 #include "Services/MetaGraphClient.h"
 
+#include "Platform/GHandle.h"
 #include "Services/AccountRoutes.h"
 #include "Services/AnswerDecoding.h"
 #include "Services/GraphAnswers.h"
@@ -89,9 +90,13 @@ Task<Result<PageInfo>> MetaGraphClient::fetchPageInfo() {
     co_return info;
 }
 
-Task<Result<std::vector<MetaGraphClient::ResolvedPage>>> MetaGraphClient::fetchManagedPages() {
-    return decoded(
-        get("/me/accounts?fields=id,name,access_token,picture&access_token="), &decodeManagedPages);
+Task<Result<MetaGraphClient::ManagedPages>> MetaGraphClient::fetchManagedPages(std::string after) {
+    std::string path = "/me/accounts?fields=id,name,access_token,picture";
+    // The answer's own address of the next part is never used: it may lead to another host.
+    if (!after.empty())
+        path += std::string("&after=") +
+                GCharPtr(g_uri_escape_string(after.c_str(), nullptr, FALSE)).get();
+    return decoded(get(path + "&access_token="), &decodeManagedPages);
 }
 
 Task<Result<std::string>> MetaGraphClient::fetchCustomerAvatarData(PageId customerId) {

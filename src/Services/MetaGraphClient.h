@@ -34,6 +34,12 @@ public:
         bool operator==(const ResolvedPage&) const = default;
     };
 
+    /// One part of the list of Pages that a user token manages. A part may be empty.
+    struct ManagedPages {
+        std::vector<ResolvedPage> pages;
+        std::string next; ///< The cursor of the next part; empty when this is the last one.
+    };
+
     /// @param graphBaseURL  scheme, host and version path that begin every request
     /// @param account       its proxy is used when it is switched on and complete
     MetaGraphClient(
@@ -45,7 +51,8 @@ public:
     /// server.
     virtual Task<Result<PageInfo>> fetchPageInfo();
     /// The Pages that a user token manages, "/me/accounts", in the order received.
-    virtual Task<Result<std::vector<ResolvedPage>>> fetchManagedPages();
+    /// @param after  the cursor of the part that is asked for; empty for the first one
+    virtual Task<Result<ManagedPages>> fetchManagedPages(std::string after = {});
     /// The bytes of the picture of any Graph object, fetched through the route's picture queue.
     virtual Task<Result<std::string>> fetchCustomerAvatarData(PageId customerId);
 

@@ -40,9 +40,9 @@ protected:
 
     void giveProxy() {
         walk_.press(button("CẤU HÌNH PROXY"));
-        walk_.type(field("Host (IP hoặc domain)"), "127.0.0.1");
+        walk_.type(field("Host"), "127.0.0.1");
         walk_.type(field("Port"), "1"); // Nobody listens there.
-        walk_.type(field("Username (tùy chọn)"), "user");
+        walk_.type(field("Username"), "user");
         walk_.type(field("Password"), "marked-proxy-password");
     }
 

@@ -3,6 +3,7 @@
 #include "support/GraphWorld.h"
 
 #include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
 
 using namespace tessaro;
 using namespace tessaro::test;
@@ -72,4 +73,49 @@ TEST_F(AddPageFlowTest, MayBeDroppedWhileItVerifiesOrAdds) {
     EXPECT_TRUE(runUntil([&] { return !*pages.isVerifying; }));
     EXPECT_EQ(dismissed, 0);
     EXPECT_THAT(*pages.pages, SizeIs(1)) << "the Pages model goes on by itself";
+}
+
+TEST_F(AddPageFlowTest, LoadsMorePagesEachOnceUntilTheListEndsOrIsLong) {
+    // Part N follows the cursor "N". Some parts bring nothing new.
+    const auto part = [](int first, int last, const std::string& next) {
+        auto data = nlohmann::json::array();
+        for (int i = first; i <= last; ++i)
+            data.push_back({{"id", std::to_string(i)}, {"name", ""}, {"access_token", "t"}});
+        nlohmann::json answer{{"data", data}};
+        if (!next.empty())
+            answer["paging"] = {{"next", "n"}, {"cursors", {{"after", next}}}};
+        return LoopbackServer::Answer{200, answer.dump(), {}};
+    };
+    const auto load = [&](const LoopbackServer::Answer& answer) {
+        world.answerAccounts(answer);
+        flow->loadMorePages();
+        EXPECT_TRUE(runUntil([&] { return !*flow->isLoadingMore; }));
+        return flow->resolvedPages->size();
+    };
+    world.answerAccounts(part(1, 2, "1"));
+    verify();
+    const std::size_t before = world.server.requests().size();
+    EXPECT_EQ(load({500, "", {}}), 2u);
+    EXPECT_EQ(*flow->errorMessage, "Lỗi kết nối (500).");
+    EXPECT_EQ(load(part(1, 0, "2")), 2u) << "Parts without Pages are no end.";
+    EXPECT_EQ(world.server.requests().size(), before + 11) << "But it gives up at some time.";
+    EXPECT_EQ(load(part(2, 4, "3")), 4u);
+    EXPECT_EQ(*flow->errorMessage, std::nullopt);
+    EXPECT_EQ(load(part(5, 1000, "4")), AddPageFlow::mostPages);
+    EXPECT_FALSE(*flow->hasMorePages);
+    EXPECT_EQ(flow->resolvedPages->back().id.text, "500");
+
+    // Another verification meanwhile takes the place of the list.
+    world.answerAccounts(part(1, 2, "1"));
+    verify();
+    world.server.hold("/v25.0/me/accounts");
+    flow->loadMorePages();
+    world.answerAccounts(part(7, 8, ""));
+    verify("another token");
+    world.server.release();
+    EXPECT_TRUE(runUntil([&] { return world.server.openConnections() == 0; }));
+    runPending();
+    EXPECT_THAT(*flow->resolvedPages, SizeIs(2));
+    EXPECT_FALSE(*flow->hasMorePages);
+    EXPECT_FALSE(*flow->isLoadingMore);
 }

@@ -271,7 +271,7 @@ TEST(HostileGraph, ALongListDoesNotStallTheLoopAndAnAnswerAboveTheLimitIsRefused
     const PeakMemory memory;
     auto asking = client->fetchManagedPages();
     EXPECT_LT(longestTurnUntil([&] { return asking.isDone(); }), turnLimit);
-    EXPECT_EQ(await(std::move(asking)).value().size(), static_cast<std::size_t>(manyPages));
+    EXPECT_EQ(await(std::move(asking)).value().pages.size(), static_cast<std::size_t>(manyPages));
     EXPECT_LT(memory.growth(), (96 << 20) * memoryFactor);
 
     world.answerAccounts({200, std::string(HttpOptions().bodyLimit + 1, ' '), {}});

@@ -47,18 +47,29 @@ TEST_F(MetaGraphClientTest, ListsTheManagedPagesInTheOrderReceived) {
          R"({"data":[
         {"id":"2","name":"Hai","access_token":"t2","picture":{"data":{"url":"u2"}}},
         {"id":"1","name":"Một","access_token":"t1","picture":{"data":{}}},
-        {"id":"3","name":"Ba","access_token":"t3","picture":null}],"paging":{"next":"n"}})",
+        {"id":"3","name":"Ba","access_token":"t3","picture":null}],
+        "paging":{"next":"http://elsewhere.example/","cursors":{"after":"a&access_token=b=="}}})",
          {}});
     using Page = MetaGraphClient::ResolvedPage;
+    const auto managed = await(clientFor()->fetchManagedPages()).value();
     EXPECT_THAT(
-        await(clientFor()->fetchManagedPages()).value(),
-        ElementsAre(
-            Page{PageId{"2"}, "Hai", SecretText("t2"), "u2"},
-            Page{PageId{"1"}, "Một", SecretText("t1"), std::nullopt},
-            Page{PageId{"3"}, "Ba", SecretText("t3"), std::nullopt}));
+        managed.pages, ElementsAre(
+                           Page{PageId{"2"}, "Hai", SecretText("t2"), "u2"},
+                           Page{PageId{"1"}, "Một", SecretText("t1"), std::nullopt},
+                           Page{PageId{"3"}, "Ba", SecretText("t3"), std::nullopt}));
     EXPECT_EQ(server.requests().size(), 1u) << "no further page of the list is asked for";
-    EXPECT_EQ(
-        lastTarget(), "/v25.0/me/accounts?fields=id,name,access_token,picture&access_token=EAAB");
+    const std::string request = "/v25.0/me/accounts?fields=id,name,access_token,picture";
+    EXPECT_EQ(lastTarget(), request + "&access_token=EAAB");
+
+    // Whoever has no next part, or tells it in another way, has no more Pages.
+    for (const char* paging :
+         {R"({"next":"n"})", R"({"next":"n","cursors":[]})",
+          R"({"next":"n","cursors":{"after":7}})", R"({"cursors":{"after":"a"}})",
+          R"({"next":null,"cursors":{"after":"a"}})", "[]", "1"}) {
+        world.answerAccounts({200, std::string(R"({"data":[],"paging":)") + paging + "}", {}});
+        EXPECT_EQ(await(clientFor()->fetchManagedPages(managed.next)).value().next, "") << paging;
+    }
+    EXPECT_EQ(lastTarget(), request + "&after=a%26access_token%3Db%3D%3D&access_token=EAAB");
 }
 
 TEST_F(MetaGraphClientTest, TellsFailuresAsTheGraphApiPutsThem) {

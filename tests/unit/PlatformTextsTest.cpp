@@ -27,6 +27,12 @@ TEST(Text, TakesOnePerceivedCharacterInUpperCase) {
     EXPECT_EQ(firstCharacterUpperCased("🇻🇳🇫🇷"), "🇻🇳");
 }
 
+TEST(Text, IsLookedForWithoutCaseAndMarks) {
+    for (const char* name : {"Cửa hàng Đồng Quê", "CU\u031B\u0309A HA\u0300NG đồng quê"})
+        EXPECT_EQ(searchForm(name), "cua hang dong que");
+    EXPECT_EQ(searchForm("ﬁ\xFF مَتْجَر"), "fi\uFFFD متجر");
+}
+
 TEST(Text, ReadsAWholeNumberOrNothing) {
     const std::pair<const char*, std::optional<std::int64_t>> numbers[] = {
         {"8080", 8080}, {"+21", 21}, {"-5", -5},  {"", {}},     {"8080 ", {}},

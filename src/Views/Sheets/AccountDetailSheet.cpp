@@ -10,12 +10,27 @@ namespace tessaro {
 
 namespace {
 
-/// A text field that is named by what it shows while it is empty.
-void setUpField(Gtk::Entry& field, const Glib::ustring& placeholder) {
-    field.set_placeholder_text(placeholder);
-    field.set_activates_default();
+/// Sets up a text field whose caption stands above it: a Gtk::Entry or a Gtk::PasswordEntry.
+template <typename Field>
+void setUpField(Field& field, const Glib::ustring& caption, const Glib::ustring& placeholder) {
+    field.property_placeholder_text() = placeholder;
+    field.property_activates_default() = true;
     field.set_width_chars(1); // The sheet gives the width, not the text.
-    accessible::setName(field, placeholder);
+    accessible::setName(field, caption);
+}
+
+/// The field under its caption, which can be read when the field is filled, too.
+Gtk::Box& captioned(Gtk::Widget& field, const Glib::ustring& caption) {
+    auto& column = *Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL, 2);
+    appendAll(column, textLine(caption, {"points-10", "secondary-text"}), field);
+    return column;
+}
+
+/// A sentence about the proxy, on as many lines as it needs.
+Gtk::Label& note(const Glib::ustring& text, const char* style) {
+    auto& label = textLine(text, {"points-10", style});
+    label.set_wrap();
+    return label;
 }
 
 void addDeviceLine(Gtk::Grid& grid, int row, const Glib::ustring& title, Gtk::Label& value) {
@@ -30,6 +45,11 @@ void addDeviceLine(Gtk::Grid& grid, int row, const Glib::ustring& title, Gtk::La
     grid.attach(value, 1, row);
 }
 
+bool isPort(const std::string& text) {
+    const auto number = wholeNumber(text);
+    return number && *number >= 1 && *number <= 65535;
+}
+
 } // namespace
 
 AccountDetailSheet::AccountDetailSheet(const ScreenContext& context, Mode mode, OnSave onSave)
@@ -37,8 +57,10 @@ AccountDetailSheet::AccountDetailSheet(const ScreenContext& context, Mode mode, 
           420, 460, mode.edited ? "Chỉnh sửa tài khoản" : "Thêm tài khoản mới",
           mode.edited ? "Lưu thay đổi" : "Thêm tài khoản"),
       device_(context.device),
+      desktop_(context.desktop),
       mode_(std::move(mode)),
       onSave_(std::move(onSave)),
+      copyDeviceId_("doc.on.doc", 13, "Sao chép Device ID"),
       proxySlide_(proxyRows_, std::chrono::milliseconds(200)) {
     layOutName();
     layOutDevice();
@@ -49,8 +71,7 @@ AccountDetailSheet::AccountDetailSheet(const ScreenContext& context, Mode mode, 
 void AccountDetailSheet::layOutName() {
     auto* section = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL, 6);
     section->append(textLine("TÊN TÀI KHOẢN", {"section-caption"}));
-    setUpField(name_, "Ví dụ: Tài khoản chính");
-    accessible::setName(name_, "TÊN TÀI KHOẢN");
+    setUpField(name_, "TÊN TÀI KHOẢN", "Ví dụ: Tài khoản chính");
     section->append(name_);
     content().append(*section);
 
@@ -69,6 +90,14 @@ void AccountDetailSheet::layOutDevice() {
     deviceId_.set_selectable();
     addDeviceLine(*box, 0, "Device ID:", deviceId_);
     addDeviceLine(*box, 1, "Device Name:", deviceName_);
+    copyDeviceId_.set_size_request(24, 24);
+    copyDeviceId_.set_valign(Gtk::Align::START);
+    copyDeviceId_.signal_clicked().connect([this] {
+        desktop_.copyText(deviceId_.get_text().raw());
+        copyDeviceId_.setSymbol("checkmark");
+        accessible::setTooltip(copyDeviceId_, "Đã sao chép Device ID");
+    });
+    box->attach(copyDeviceId_, 2, 0, 1, 2);
     section->append(*box);
     content().append(*section);
 }
@@ -85,27 +114,56 @@ void AccountDetailSheet::layOutProxy() {
     appendAll(*section, *head, proxySlide_);
     content().append(*section);
 
-    setUpField(proxyHost_, "Host (IP hoặc domain)");
-    setUpField(proxyPort_, "Port");
+    layOutProxyFields();
+    proxyEnabled_.property_active().signal_changed().connect([this] {
+        const bool isOn = proxyEnabled_.get_active();
+        proxySlide_.reveal(isOn);
+        if (isOn && proxyEnabled_.has_focus()) // The person has switched it on.
+            showEnd();
+    });
+}
+
+void AccountDetailSheet::layOutProxyFields() {
+    setUpField(proxyHost_, "Host", "Host (IP hoặc domain)");
+    setUpField(proxyPort_, "Port", "Port");
     proxyPort_.set_size_request(80);
     proxyPort_.set_max_width_chars(1);
-    setUpField(proxyUsername_, "Username (tùy chọn)");
-    proxyPassword_.property_placeholder_text() = "Password";
-    proxyPassword_.property_activates_default() = true;
-    proxyPassword_.set_width_chars(1);
-    accessible::setName(proxyPassword_, "Password");
+    setUpField(proxyUsername_, "Username", "Username (tùy chọn)");
+    setUpField(proxyPassword_, "Password", "Password");
+    proxyPassword_.set_show_peek_icon();
+    portError_.append(note("Port phải là một số từ 1 đến 65535.", "error-text"));
+    portError_.property_accessible_role() = Gtk::Accessible::Role::ALERT;
+    auto& unsent =
+        note("Username và Password chỉ được lưu lại, không gửi cho proxy.", "secondary-text");
 
     auto* hostRow = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::HORIZONTAL, 8);
-    proxyHost_.set_hexpand();
-    appendAll(*hostRow, proxyHost_, proxyPort_);
+    auto& host = captioned(proxyHost_, "Host");
+    host.set_hexpand();
+    appendAll(*hostRow, host, captioned(proxyPort_, "Port"));
     auto* userRow = Gtk::make_managed<Gtk::Box>(Gtk::Orientation::HORIZONTAL, 8);
     userRow->set_homogeneous();
-    appendAll(*userRow, proxyUsername_, proxyPassword_);
-    appendAll(proxyRows_, *hostRow, *userRow);
+    appendAll(
+        *userRow, captioned(proxyUsername_, "Username"), captioned(proxyPassword_, "Password"));
+    appendAll(proxyRows_, *hostRow, portError_, *userRow, unsent);
     proxyRows_.add_css_class("proxy-rows");
 
-    proxyEnabled_.property_active().signal_changed().connect(
-        [this] { proxySlide_.reveal(proxyEnabled_.get_active()); });
+    proxyPort_.signal_changed().connect(sigc::mem_fun(*this, &AccountDetailSheet::checkPort));
+    checkPort();
+}
+
+void AccountDetailSheet::checkPort() {
+    const std::string text = proxyPort_.get_text().raw();
+    const bool isWrong = !text.empty() && !isPort(text);
+    if (isWrong)
+        proxyPort_.add_css_class("error");
+    else
+        proxyPort_.remove_css_class("error");
+    accessible::setInvalid(proxyPort_, isWrong);
+    portError_.set_visible(isWrong);
+}
+
+bool AccountDetailSheet::onReturn(Gtk::Widget* focus) {
+    return focus != &copyDeviceId_ && Sheet::onReturn(focus);
 }
 
 void AccountDetailSheet::on_show() {

@@ -4,8 +4,10 @@
 #include "Views/ScreenContext.h"
 #include "Views/Sheets/FadeSlide.h"
 #include "Views/Sheets/Sheet.h"
+#include "Views/Widgets/SymbolButton.h"
 
 #include <gtkmm/entry.h>
+#include <gtkmm/label.h>
 #include <gtkmm/passwordentry.h>
 #include <gtkmm/switch.h>
 
@@ -33,24 +35,31 @@ protected:
     void on_show() override;
 
 private:
+    bool onReturn(Gtk::Widget* focus) override;
     void layOutName();
     void layOutDevice();
     void layOutProxy();
+    void layOutProxyFields();
+    /// Tells at the field whether its text is no port. Saving stays possible.
+    void checkPort();
     void fillIn();
     void save();
 
     const DeviceIdentity& device_;
+    Desktop& desktop_;
     const Mode mode_;
     const OnSave onSave_;
 
     Gtk::Entry name_;
     Gtk::Label deviceId_;
     Gtk::Label deviceName_;
+    SymbolButton copyDeviceId_;
     Gtk::Switch proxyEnabled_;
     Gtk::Entry proxyHost_;
     Gtk::Entry proxyPort_;
     Gtk::Entry proxyUsername_;
     Gtk::PasswordEntry proxyPassword_;
+    Gtk::Box portError_;
     Gtk::Box proxyRows_{Gtk::Orientation::VERTICAL, 8};
     FadeSlide proxySlide_;
 };

@@ -33,7 +33,7 @@ AddPageSheet::AddPageSheet(const ScreenContext& context, PagesViewModel& pagesVM
       context_(context),
       flow_(pagesVM, std::move(account), context.makeGraphClient, [this] { dismiss(); }),
       verify_("Xác minh Token", "checkmark.shield", 16),
-      picker_(context, flow_),
+      picker_(context, flow_, [this] { stopScrolling(); }),
       previewSlide_(previewPlace_, std::chrono::milliseconds(150)) {
     layOutToken();
     layOutError();
@@ -138,7 +138,7 @@ void AddPageSheet::showResult() {
     const auto current = preview();
     if (current && current != shownPreview_)
         show(*current);
-    else if (!current || error)
+    else if (error || *flow_.isVerifying)
         showStart();
     previewSlide_.reveal(current.has_value());
     shownPreview_ = current;
@@ -170,8 +170,8 @@ void AddPageSheet::show(const Preview& preview) {
 }
 
 bool AddPageSheet::onReturn(Gtk::Widget* focus) {
-    if (const auto* row = dynamic_cast<PagePickerRow*>(focus); row && !row->isSelected())
-        return false; // It is picked first.
+    if (picker_.isPressedByReturn(focus))
+        return false;
     if (Sheet::onReturn(focus))
         return true;
     if (token_.is_focus() && !flow_.canAdd())

@@ -31,6 +31,7 @@ Sheet::Sheet(int width, int height, const Glib::ustring& title, const Glib::ustr
     content_.add_css_class("sheet-content");
     scroller_.set_child(content_);
     scroller_.set_policy(Gtk::PolicyType::NEVER, Gtk::PolicyType::AUTOMATIC);
+    scroller_.set_overlay_scrolling(false); // One sees at once that there is more below.
     scroller_.set_vexpand();
     scroller_.get_vadjustment()->signal_changed().connect([this] {
         if (!followsEnd_)
@@ -75,9 +76,13 @@ bool Sheet::onReturn(Gtk::Widget* focus) {
     return accept_.activate();
 }
 
-void Sheet::showStart() {
+void Sheet::stopScrolling() {
     followsEnd_ = false;
     scroll_.disconnect();
+}
+
+void Sheet::showStart() {
+    stopScrolling();
     scroller_.get_vadjustment()->set_value(0);
 }
 

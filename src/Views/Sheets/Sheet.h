@@ -31,6 +31,8 @@ protected:
     void showStart();
     /// Scrolls the middle to its end, and on while it grows.
     void showEnd();
+    /// Leaves the middle where the person has scrolled it, whatever was shown last.
+    void stopScrolling();
 
 private:
     Gtk::WindowHandle handle_;

@@ -34,6 +34,18 @@ void setPressed(Gtk::Widget& widget, bool pressed) {
         GTK_ACCESSIBLE(widget.gobj()), GTK_ACCESSIBLE_STATE_PRESSED, state, -1);
 }
 
+void setChecked(Gtk::Widget& widget, bool checked) {
+    const auto state = checked ? GTK_ACCESSIBLE_TRISTATE_TRUE : GTK_ACCESSIBLE_TRISTATE_FALSE;
+    gtk_accessible_update_state(
+        GTK_ACCESSIBLE(widget.gobj()), GTK_ACCESSIBLE_STATE_CHECKED, state, -1);
+}
+
+void setInvalid(Gtk::Widget& widget, bool invalid) {
+    const auto state = invalid ? GTK_ACCESSIBLE_INVALID_TRUE : GTK_ACCESSIBLE_INVALID_FALSE;
+    gtk_accessible_update_state(
+        GTK_ACCESSIBLE(widget.gobj()), GTK_ACCESSIBLE_STATE_INVALID, state, -1);
+}
+
 void setBusy(Gtk::Widget& widget, bool busy) {
     gtk_accessible_update_state(
         GTK_ACCESSIBLE(widget.gobj()), GTK_ACCESSIBLE_STATE_BUSY, gboolean(busy), -1);

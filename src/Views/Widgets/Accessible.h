@@ -19,6 +19,10 @@ void setDescription(Gtk::Widget& widget, const Glib::ustring& description);
 void nameButtonsByLabel(GtkWidget* widget);
 /// Tells whether a button that stands for one of several things is the chosen one.
 void setPressed(Gtk::Widget& widget, bool pressed);
+/// Tells whether a radio button is the chosen one.
+void setChecked(Gtk::Widget& widget, bool checked);
+/// Tells whether what a field holds cannot be used.
+void setInvalid(Gtk::Widget& widget, bool invalid);
 /// Tells whether the widget is at work.
 void setBusy(Gtk::Widget& widget, bool busy);
 /// Hides a symbol or a picture that only repeats the text beside it.

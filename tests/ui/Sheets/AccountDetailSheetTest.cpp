@@ -72,3 +72,38 @@ TEST_F(AccountDetailSheetTest, GivesAnEditedAccountsValuesBackEvenWhenTheProxyIs
     };
     EXPECT_THAT(saved_, ElementsAre(values(true), values(false)));
 }
+
+TEST_F(AccountDetailSheetTest, TellsAtThePortWhetherItIsOneAndSavesItAsItIs) {
+    open(AccountDetailSheet::Mode::add());
+    the<Gtk::Entry>(*sheet_, "TÊN TÀI KHOẢN").set_text("Mai");
+    widgetsOf<Gtk::Switch>(*sheet_).at(0)->set_active(true);
+    ASSERT_TRUE(runUntil([this] { return find<Gtk::Entry>(*sheet_, "Port"); }));
+    auto& port = the<Gtk::Entry>(*sheet_, "Port");
+    const auto isRefused = [&] {
+        const bool isSaid = showsText(*sheet_, "Port phải là một số từ 1 đến 65535.");
+        const GCharPtr isNotInvalid(gtk_test_accessible_check_state(
+            GTK_ACCESSIBLE(port.gobj()), GTK_ACCESSIBLE_STATE_INVALID,
+            GTK_ACCESSIBLE_INVALID_TRUE));
+        EXPECT_EQ(isSaid, !isNotInvalid);
+        return isSaid;
+    };
+    for (const char* good : {"", "1", "+21", "65535"}) {
+        port.set_text(good);
+        EXPECT_FALSE(isRefused()) << good;
+    }
+    for (const char* bad : {"65536", "0", "8080 ", "cổng", "-5"}) {
+        port.set_text(bad);
+        EXPECT_TRUE(isRefused()) << bad;
+    }
+    press(*sheet_, "Thêm tài khoản");
+    EXPECT_EQ(saved_.at(0).proxyPort, -5);
+}
+
+TEST_F(AccountDetailSheetTest, ReturnOnTheCopyButtonCopiesTheDeviceIdentifierOnly) {
+    open(AccountDetailSheet::Mode::edit(makeAccount("Mai")));
+    the<Gtk::Button>(*sheet_, "Sao chép Device ID").grab_focus();
+    Keyboard::press(GDK_KEY_Return);
+    EXPECT_TRUE(runUntil([this] { return !screen_.desktop.copied.empty(); }));
+    EXPECT_THAT(screen_.desktop.copied, ElementsAre(makeAccount().deviceId));
+    EXPECT_THAT(saved_, IsEmpty());
+}

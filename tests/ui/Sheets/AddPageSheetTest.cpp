@@ -9,6 +9,7 @@
 #include "support/LoopbackServer.h"
 
 #include <gtest/gtest.h>
+#include <gtkmm/entry.h>
 #include <gtkmm/spinner.h>
 #include <gtkmm/viewport.h>
 #include <nlohmann/json.hpp>
@@ -57,13 +58,18 @@ protected:
         graph_.answer("/v25.0/me", R"({"id":")" + id + R"(","name":")" + name + R"("})");
     }
     /// Every token is that of a user who manages that many Pages. Their names are their numbers.
-    void manage(int count) {
+    /// @param first  the number of the first of them
+    /// @param next   the cursor of those that follow; empty for none
+    void manage(int count, int first = 1, const std::string& next = "") {
         auto pages = nlohmann::json::array();
-        for (int i = 1; i <= count; ++i) {
+        for (int i = first; i < first + count; ++i) {
             const auto name = std::to_string(i);
             pages.push_back({{"id", name}, {"name", name}, {"access_token", "of " + name}});
         }
-        graph_.answer("/v25.0/me/accounts", nlohmann::json{{"data", pages}}.dump());
+        nlohmann::json answer{{"data", pages}};
+        if (!next.empty())
+            answer["paging"] = {{"next", "n"}, {"cursors", {{"after", next}}}};
+        graph_.answer("/v25.0/me/accounts", answer.dump());
     }
     void verifyToken() {
         paste("a token");
@@ -212,4 +218,67 @@ TEST_F(AddPageSheetTest, ShowsThePickedPageTheWorkOfAddingAndWhatWentWrong) {
     EXPECT_TRUE(getsFocus(add()));
     EXPECT_FALSE(isSpinning(add()));
     EXPECT_EQ(graph_.requestCount("/v25.0/me"), 1u);
+}
+
+TEST_F(AddPageSheetTest, LoadsMorePagesOnAClickAndShowsTheFirstOfThem) {
+    manage(25, 1, "next");
+    verifyToken();
+    EXPECT_TRUE(showsText(*sheet_, "25 Page"));
+    auto& more = button("Tải thêm Page");
+    graph_.answer("/v25.0/me/accounts", {502, "", {}});
+    more.grab_focus();
+    Keyboard::press(GDK_KEY_Return);
+    EXPECT_TRUE(isInView("Lỗi kết nối (502)."));
+    EXPECT_TRUE(getsFocus(more)) << "It can be tried again.";
+    EXPECT_TRUE(showsText(*sheet_, "25 Page"));
+
+    press(*sheet_, "3");
+    TestScreen::settle(*sheet_);
+    manage(25, 26);
+    more.grab_focus();
+    Keyboard::press(GDK_KEY_Return);
+    ASSERT_TRUE(runUntil([this] { return showsText(*sheet_, "50 Page"); }));
+    EXPECT_TRUE(getsFocus(button("26")));
+    TestScreen::settle(*sheet_);
+    EXPECT_TRUE(isInView("ID: 26")) << "Not the preview below the list.";
+    EXPECT_FALSE(more.get_visible());
+    EXPECT_TRUE(pagesVM_.pages->empty()) << "Return has only loaded more.";
+}
+
+TEST_F(AddPageSheetTest, FiltersALongListByNameAndKeepsWhatIsPicked) {
+    manage(7);
+    verifyToken();
+    EXPECT_FALSE(find<Gtk::Entry>(*sheet_, "Lọc theo tên Page"));
+    manage(12);
+    verifyToken();
+    press(*sheet_, "3");
+    auto& filter = the<Gtk::Entry>(*sheet_, "Lọc theo tên Page");
+    filter.set_text(" 1 ");
+    EXPECT_TRUE(showsText(*sheet_, "4 trong 12 Page"));
+    EXPECT_FALSE(find<Gtk::Button>(*sheet_, "3"));
+    EXPECT_TRUE(find<Gtk::Button>(*sheet_, "11"));
+    filter.set_text("không có");
+    TestScreen::settle(*sheet_);
+    EXPECT_TRUE(showsText(*sheet_, "Không có Page nào khớp."));
+    EXPECT_TRUE(canAdd());
+    verifyToken();
+    EXPECT_TRUE(showsText(*sheet_, "12 Page"));
+    EXPECT_TRUE(filter.get_text().empty());
+}
+
+TEST_F(AddPageSheetTest, AScreenReaderHearsRadioButtonsWithNameAndId) {
+    manage(2);
+    verifyToken();
+    press(*sheet_, "2");
+    for (const auto& [name, isPicked] : {std::pair("1", false), std::pair("2", true)}) {
+        auto* row = GTK_ACCESSIBLE(button(name).gobj());
+        EXPECT_TRUE(gtk_test_accessible_has_role(row, GTK_ACCESSIBLE_ROLE_RADIO));
+        const GCharPtr otherState(gtk_test_accessible_check_state(
+            row, GTK_ACCESSIBLE_STATE_CHECKED,
+            isPicked ? GTK_ACCESSIBLE_TRISTATE_TRUE : GTK_ACCESSIBLE_TRISTATE_FALSE));
+        EXPECT_EQ(otherState, nullptr) << name;
+        const GCharPtr otherId(gtk_test_accessible_check_property(
+            row, GTK_ACCESSIBLE_PROPERTY_DESCRIPTION, ("ID: " + std::string(name)).c_str()));
+        EXPECT_EQ(otherId, nullptr) << name;
+    }
 }
