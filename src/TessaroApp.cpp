@@ -60,7 +60,7 @@ private:
 struct TessaroApp::Scene {
     Scene(const Glib::RefPtr<Gtk::Application>& application, ThemeManager& theme)
         : themeStyle(theme),
-          window(application, NotificationCenter::shared(), inbox, engine),
+          window(application, NotificationCenter::shared(), inbox, engine, SettingsStore::shared()),
           modals(window),
           endpoints(Endpoints::fromSettings(SettingsStore::shared())),
           context{
@@ -86,7 +86,7 @@ struct TessaroApp::Scene {
           content(context, SupportClient::shared(), NotificationService::shared()) {
         window.set_child(content);
         window.askBeforeClosing = [this](std::function<void(bool)> answered) {
-            content.inbox().requestLeave(std::move(answered));
+            content.inbox().requestClose(std::move(answered));
         };
     }
 

@@ -47,6 +47,10 @@ public:
     /// zoom, as by going back to it: from the cache where the server permits. What was typed is
     /// lost.
     virtual void reload() = 0;
+    /// Goes to the page before the one that is shown, or after it, where there is one. The page is
+    /// asked as with a link that leads there.
+    virtual void goBack() = 0;
+    virtual void goForward() = 0;
     /// Ends the page and everything that it does. Nothing more is done with the view, save that
     /// scripts may still be run, in vain.
     virtual void close() = 0;

@@ -16,8 +16,9 @@ public:
     /// ignored. Returns at once; a failure is not reported.
     virtual void openAddress(const std::string& address) = 0;
 
-    /// Shows a folder in the desktop's file manager. Returns at once; a failure is not reported.
-    virtual void openFolder(const std::filesystem::path& folder) = 0;
+    /// Opens a file with the desktop's program for it, or a folder with the file manager. Returns
+    /// at once; a failure is not reported.
+    virtual void openFile(const std::filesystem::path& file) = 0;
 
     /// Shows a desktop notification. Returns at once; a failure is not reported.
     virtual void

@@ -237,6 +237,14 @@ void WebKitView::reload() {
     webkit_web_view_reload(view_.get());
 }
 
+void WebKitView::goBack() {
+    webkit_web_view_go_back(view_.get());
+}
+
+void WebKitView::goForward() {
+    webkit_web_view_go_forward(view_.get());
+}
+
 void WebKitView::close() {
     webkit_web_view_terminate_web_process(view_.get());
 }

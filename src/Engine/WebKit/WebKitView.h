@@ -35,6 +35,8 @@ public:
     void requestLeave(std::function<void(bool)> answered) override;
     void load(const std::string& address) override;
     void reload() override;
+    void goBack() override;
+    void goForward() override;
     void close() override;
     void setGround(const Gdk::RGBA& color) override;
     void setPageZoom(double factor) override;

@@ -24,8 +24,8 @@ void GtkDesktop::openAddress(const std::string& address) {
         launch(address.c_str());
 }
 
-void GtkDesktop::openFolder(const std::filesystem::path& folder) {
-    if (const GCharPtr address{g_filename_to_uri(folder.c_str(), nullptr, nullptr)})
+void GtkDesktop::openFile(const std::filesystem::path& file) {
+    if (const GCharPtr address{g_filename_to_uri(file.c_str(), nullptr, nullptr)})
         launch(address.get());
 }
 

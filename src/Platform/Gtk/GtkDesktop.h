@@ -9,7 +9,7 @@ namespace tessaro {
 class GtkDesktop final : public Desktop {
 public:
     void openAddress(const std::string& address) override;
-    void openFolder(const std::filesystem::path& folder) override;
+    void openFile(const std::filesystem::path& file) override;
     void
     showNotification(DesktopNotification notification, DesktopNotifier::Clicked clicked) override;
     void withdrawNotification(const std::string& id) override;

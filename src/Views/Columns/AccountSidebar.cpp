@@ -16,6 +16,8 @@ AccountSidebar::AccountSidebar(const ScreenContext& context, AccountsViewModel& 
     append(column_);
     append(controls_);
     column_.setAddRow(true);
+    context.inbox.addAccount.connect(
+        sigc::bind(sigc::mem_fun(*this, &AccountSidebar::openSheet), std::nullopt));
 }
 
 RecordColumn<Account>::Behaviour AccountSidebar::columnBehaviour() {

@@ -22,6 +22,7 @@ PageListView::PageListView(const ScreenContext& context, PagesViewModel& pagesVM
     set_child(column_);
     add_overlay(arrow_);
 
+    context_.inbox.addPage.connect(sigc::mem_fun(*this, &PageListView::openSheet));
     context_.inbox.choosePage.connect(sigc::mem_fun(*this, &PageListView::choose));
 }
 
@@ -54,6 +55,8 @@ void PageListView::choose(int position) {
 }
 
 void PageListView::openSheet() {
+    if (!account_)
+        return;
     auto sheet = std::make_unique<AddPageSheet>(context_, pagesVM_, *account_);
     sheet->onDismiss([this] {
         pagesVM_.showAddSheet.set(false);

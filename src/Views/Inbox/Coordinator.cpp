@@ -54,6 +54,10 @@ void Coordinator::setupNotifications() {
     observe(webViewThemeChanged, &Coordinator::handleThemeChanged);
     observe(refreshInbox, &Coordinator::handleReload);
     observe(focusSearchField, &Coordinator::handleFocusSearchField);
+    commands_.push_back(parent_.context.inbox.walkHistory.connect([this](bool isForward) {
+        if (const auto webView = mainWebView_.lock())
+            isForward ? webView->goForward() : webView->goBack();
+    }));
     commands_.push_back(parent_.context.inbox.zoomReset.connect([this] { setZoom(naturalZoom); }));
 }
 

@@ -31,6 +31,10 @@ void DownloadBar::add(std::shared_ptr<WebDownload> download) {
     showOrHide();
 }
 
+bool DownloadBar::isBusy() const {
+    return std::ranges::any_of(rows_, [](const auto& row) { return row->isUnderWay(); });
+}
+
 void DownloadBar::showOrHide() {
     set_visible(std::ranges::any_of(rows_, [](const auto& row) { return row->get_visible(); }));
 }

@@ -20,6 +20,8 @@ public:
     explicit DownloadBar(Desktop& desktop);
 
     void add(std::shared_ptr<WebDownload> download);
+    /// Whether a file is still on its way.
+    bool isBusy() const;
 
 private:
     void showOrHide();

@@ -38,8 +38,9 @@ DownloadRow::DownloadRow(std::shared_ptr<WebDownload> download, Desktop& desktop
       close_("xmark.circle.fill", 14, "Hủy tải xuống") {
     property_accessible_role() = Gtk::Accessible::Role::STATUS;
     layOut();
-    open_.signal_clicked().connect(
-        [this, &desktop] { desktop.openFolder(download_->file().parent_path()); });
+    openFolder_.signal_clicked().connect(
+        [this, &desktop] { desktop.openFile(download_->file().parent_path()); });
+    openFile_.signal_clicked().connect([this, &desktop] { desktop.openFile(download_->file()); });
     close_.signal_clicked().connect([this] { dismiss(); });
     changed_ = download_->signalChanged().connect([this] { show(); });
     show();
@@ -58,22 +59,24 @@ void DownloadRow::layOut() {
     texts_.set_hexpand();
     texts_.set_valign(Gtk::Align::CENTER);
     appendAll(texts_, name_, progress_, detail_);
-    open_.set_valign(Gtk::Align::CENTER);
-    open_.add_css_class("points-12");
-    accessible::nameButtonsByLabel(GTK_WIDGET(open_.gobj()));
+    for (auto* const button : {&openFolder_, &openFile_}) {
+        button->set_valign(Gtk::Align::CENTER);
+        button->add_css_class("points-12");
+        accessible::nameButtonsByLabel(GTK_WIDGET(button->gobj()));
+    }
     close_.set_valign(Gtk::Align::CENTER);
-    appendAll(*this, symbol_, texts_, open_, close_);
+    appendAll(*this, symbol_, texts_, openFolder_, openFile_, close_);
 }
 
 void DownloadRow::show() {
     const auto state = download_->state();
-    const bool isUnderWay = state == WebDownload::State::underWay;
     name_.set_text(Glib::filename_display_basename(download_->file().string()));
     name_.set_tooltip_text(Glib::filename_display_name(download_->file().string()));
     name_.set_visible(!download_->file().empty());
-    progress_.set_visible(isUnderWay);
-    open_.set_visible(hasLanded());
-    if (isUnderWay) {
+    progress_.set_visible(isUnderWay());
+    openFolder_.set_visible(hasLanded());
+    openFile_.set_visible(hasLanded());
+    if (isUnderWay()) {
         showProgress();
         return;
     }
@@ -102,7 +105,7 @@ void DownloadRow::showProgress() {
 
 void DownloadRow::dismiss() {
     set_visible(false);
-    if (download_->state() == WebDownload::State::underWay)
+    if (isUnderWay())
         download_->cancel();
 }
 

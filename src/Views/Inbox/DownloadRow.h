@@ -21,6 +21,7 @@ class DownloadRow : public Gtk::Box {
 public:
     DownloadRow(std::shared_ptr<WebDownload> download, Desktop& desktop);
 
+    bool isUnderWay() const { return download_->state() == WebDownload::State::underWay; }
     bool hasLanded() const { return download_->state() == WebDownload::State::finished; }
 
 private:
@@ -35,7 +36,8 @@ private:
     Gtk::Label name_;
     Gtk::ProgressBar progress_;
     Gtk::Label detail_;
-    Gtk::Button open_{"Mở thư mục"};
+    Gtk::Button openFolder_{"Mở thư mục"};
+    Gtk::Button openFile_{"Mở tệp"};
     SymbolButton close_;
     ScopedConnection changed_;
 };

@@ -3,7 +3,6 @@
 #include "Platform/Paths.h"
 #include "Views/Inbox/SitePermissions.h"
 #include "Views/Widgets/Layout.h"
-#include "Views/Widgets/Symbol.h"
 
 namespace tessaro {
 
@@ -13,32 +12,20 @@ namespace {
 /// a person who only moves on to the next account causes no work.
 constexpr Clock::Delay browserDelay(200);
 
-void fillHint(Gtk::Box& hint) {
-    hint.set_expand();
-    hint.set_halign(Gtk::Align::CENTER);
-    hint.set_valign(Gtk::Align::CENTER);
-    auto& icon = *Gtk::make_managed<Symbol>("bubble.left.and.bubble.right", 48);
-    icon.add_css_class("secondary-text");
-    icon.add_css_class("placeholder-icon");
-    auto& title = *Gtk::make_managed<Gtk::Label>("Chọn một Page để mở hộp thư");
-    title.set_css_classes({"points-15", "medium", "secondary-text"});
-    auto& subtitle = *Gtk::make_managed<Gtk::Label>("Hộp thư sẽ hiển thị trực tiếp từ Facebook");
-    subtitle.set_css_classes({"points-12", "secondary-text", "placeholder-subtitle"});
-    appendAll(hint, icon, title, subtitle);
-}
-
 } // namespace
 
-InboxColumn::InboxColumn(const ScreenContext& context, const PagesViewModel& pagesVM)
+InboxColumn::InboxColumn(
+    const ScreenContext& context, const AccountsViewModel& accountsVM,
+    const PagesViewModel& pagesVM)
     : Gtk::Box(Gtk::Orientation::VERTICAL),
       context_(context),
       pagesVM_(pagesVM),
+      hint_(context, accountsVM, pagesVM),
       downloads_(context.desktop),
       browsers_(
           context.engine, paths::webDataFolder(), paths::webCacheFolder(), context.clock,
           [&context] { return SitePermissions::notifyingOrigin(context); }) {
     set_hexpand();
-    fillHint(hint_);
     appendAll(*this, hint_, downloads_);
     browsers_.signalDownloadStarted().connect(sigc::mem_fun(downloads_, &DownloadBar::add));
     context.inbox.fullScreen.connect(sigc::mem_fun(*this, &InboxColumn::showFullScreen));
@@ -70,6 +57,22 @@ void InboxColumn::requestLeave(std::function<void(bool)> answered) {
         inbox_->requestLeave(std::move(answered));
     else
         answered(true);
+}
+
+void InboxColumn::requestClose(std::function<void(bool)> answered) {
+    if (!downloads_.isBusy())
+        return requestLeave(std::move(answered));
+    context_.modals.show(
+        {.title = "Đang tải tệp xuống",
+         .message = "Đóng Tessaro thì các tệp đang tải xuống sẽ bị hủy.",
+         .buttons = {"Ở lại", "Đóng"}},
+        [this, alive = lifetime_.watch(),
+         answered = std::move(answered)](std::optional<std::size_t> pressed) {
+            if (alive && pressed == 1)
+                requestLeave(answered);
+            else
+                answered(false);
+        });
 }
 
 void InboxColumn::showFullScreen(bool isFullScreen) {

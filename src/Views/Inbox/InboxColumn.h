@@ -2,9 +2,11 @@
 
 #include "Engine/WebViewReserve.h"
 
+#include "Platform/Lifetime.h"
 #include "ViewModels/PagesViewModel.h"
 #include "Views/Inbox/DownloadBar.h"
 #include "Views/Inbox/InboxContainerView.h"
+#include "Views/Inbox/InboxHint.h"
 
 #include <memory>
 
@@ -14,8 +16,10 @@ namespace tessaro {
 /// downloads. While there are Pages to choose from, a browser is kept ready. UI thread only.
 class InboxColumn : public Gtk::Box {
 public:
-    /// @param context, pagesVM  outlive this
-    InboxColumn(const ScreenContext& context, const PagesViewModel& pagesVM);
+    /// @param context, accountsVM, pagesVM  outlive this
+    InboxColumn(
+        const ScreenContext& context, const AccountsViewModel& accountsVM,
+        const PagesViewModel& pagesVM);
 
     /// Shows the inbox of that Page in the browser that is there, without asking what it shows.
     /// Without a Page the browser goes, and the hint takes its place.
@@ -24,6 +28,8 @@ public:
     const PageConfig* shownPage() const { return inbox_ ? &inbox_->pageConfig() : nullptr; }
     /// Asks the page that is shown whether it may be left; `answered` may be called at once.
     void requestLeave(std::function<void(bool mayLeave)> answered);
+    /// Asks whether the window may close: the person, while a file is on its way, and the page.
+    void requestClose(std::function<void(bool mayClose)> answered);
 
 private:
     void showFullScreen(bool isFullScreen);
@@ -31,12 +37,13 @@ private:
 
     const ScreenContext& context_;
     const PagesViewModel& pagesVM_;
-    Gtk::Box hint_{Gtk::Orientation::VERTICAL, 16};
+    InboxHint hint_;
     DownloadBar downloads_;
     WebViewReserve browsers_;
     std::unique_ptr<InboxContainerView> inbox_; ///< Exists while a Page is shown.
     ScopedConnection pagesChanged_;
     ScopedConnection browserTimer_;
+    Lifetime lifetime_;
 };
 
 } // namespace tessaro

@@ -1,6 +1,9 @@
 #include "Views/Inbox/InboxContainerView.h"
 
 #include "Views/Inbox/Coordinator.h"
+#include "Views/Widgets/InboxCommands.h"
+
+#include <gtkmm/eventcontrollerscroll.h>
 
 namespace tessaro {
 
@@ -45,6 +48,7 @@ InboxContainerView::InboxContainerView(
     loadingChanged_ = isLoading_->observe([this] { showLoading(); });
     context_.inbox.find.connect(sigc::mem_fun(*this, &InboxContainerView::find));
     context_.inbox.fullScreen.connect(sigc::mem_fun(*this, &InboxContainerView::showFullScreen));
+    zoomByWheel();
     showBrowser();
 }
 
@@ -114,6 +118,24 @@ void InboxContainerView::showFullScreen(bool isFullScreen) {
         page_.remove(*findBar_);
     else
         page_.prepend(*findBar_);
+}
+
+void InboxContainerView::zoomByWheel() {
+    const auto wheel = Gtk::EventControllerScroll::create();
+    wheel->set_flags(
+        Gtk::EventControllerScroll::Flags::VERTICAL | Gtk::EventControllerScroll::Flags::DISCRETE);
+    wheel->set_propagation_phase(Gtk::PropagationPhase::CAPTURE); // The page would scroll.
+    wheel->signal_scroll().connect(
+        [this, wheel = wheel.get()](double, double steps) {
+            const bool isZoom =
+                (wheel->get_current_event_state() & Gdk::ModifierType::CONTROL_MASK) ==
+                Gdk::ModifierType::CONTROL_MASK;
+            if (isZoom && steps != 0)
+                context_.notifications.post(steps < 0 ? webViewZoomIn : webViewZoomOut);
+            return isZoom;
+        },
+        false);
+    page_.add_controller(wheel);
 }
 
 void InboxContainerView::find() {

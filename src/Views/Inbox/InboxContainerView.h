@@ -50,6 +50,7 @@ private:
     void showLack(WebViewReserve::Lack lack);
     void showLoading();
     void showFullScreen(bool isFullScreen);
+    void zoomByWheel();
     void find();
 
     const ScreenContext& context_;

@@ -1,7 +1,6 @@
 #include "Views/Inbox/PageAppearance.h"
 
 #include "Views/Inbox/PageScripts.h"
-#include "Views/Inbox/SiteCheck.h"
 
 #include <iterator>
 #include <utility>
@@ -23,7 +22,10 @@ const Gdk::RGBA darkGround(0.12F, 0.12F, 0.12F);
 
 PageAppearance::PageAppearance(
     const ScreenContext& context, const std::shared_ptr<WebView>& webView)
-    : context_(context), webView_(webView), wasDark_(context.theme.isDarkMode()) {
+    : context_(context),
+      webView_(webView),
+      siteCheck_(context),
+      wasDark_(context.theme.isDarkMode()) {
     setGround(wasDark_);
     themeChanged_ = context_.theme.observe([this] {
         // The accent, of which it also tells, is none of the page's concern.
@@ -40,8 +42,9 @@ void PageAppearance::injectTopBarHider() {
     webView->evaluateScript(scripts::topBarHider());
     for (const auto delay : hiderDelays)
         context_.clock.post(delay, [webView] { webView->evaluateScript(scripts::topBarHider()); });
-    context_.clock.post(std::end(hiderDelays)[-1], [&context = context_, webView] {
-        checkSite(context, *webView);
+    context_.clock.post(std::end(hiderDelays)[-1], [this, alive = lifetime_.watch(), webView] {
+        if (alive)
+            siteCheck_.run(*webView);
     });
     applyTheme();
 }

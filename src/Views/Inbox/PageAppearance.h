@@ -2,7 +2,9 @@
 
 #include "Engine/WebView.h"
 
+#include "Platform/Lifetime.h"
 #include "Platform/ScopedConnection.h"
+#include "Views/Inbox/SiteCheck.h"
 #include "Views/ScreenContext.h"
 
 #include <memory>
@@ -27,8 +29,10 @@ public:
 private:
     const ScreenContext& context_;
     const std::weak_ptr<WebView> webView_;
+    SiteCheck siteCheck_;
     bool wasDark_; ///< When the theme last told of a change.
     ScopedConnection themeChanged_;
+    Lifetime lifetime_;
 };
 
 } // namespace tessaro

@@ -13,17 +13,21 @@ constexpr const char* checkedKey = "inbox_checked";
 
 } // namespace
 
-void checkSite(const ScreenContext& context, WebView& webView) {
+void SiteCheck::run(WebView& webView) {
     const std::string today =
-        formatDateTime(context.clock.now()).substr(0, 10) + " " + build::version;
-    if (context.endpoints.pageIdIn(webView.address()).empty() ||
-        context.settings.text(checkedKey) == today)
+        formatDateTime(context_.clock.now()).substr(0, 10) + " " + build::version;
+    if (context_.endpoints.pageIdIn(webView.address()).empty() ||
+        context_.settings.text(checkedKey) == today)
         return;
-    webView.askPage(scripts::navigationCount(), [&context, today](const std::string& count) {
-        const bool isMissing = count.starts_with("0 ");
-        context.logger.log("Inbox navigation: " + count, isMissing ? "WARN" : "INFO");
-        context.settings.setText(checkedKey, today);
-    });
+    webView.askPage(
+        scripts::navigationCount(),
+        [this, alive = lifetime_.watch(), today](const std::string& count) {
+            if (!alive)
+                return;
+            const bool isMissing = count.starts_with("0 ");
+            context_.logger.log("Inbox navigation: " + count, isMissing ? "WARN" : "INFO");
+            context_.settings.setText(checkedKey, today);
+        });
 }
 
 } // namespace tessaro

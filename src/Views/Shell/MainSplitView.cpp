@@ -7,6 +7,8 @@
 #include <gdkmm/frameclock.h>
 #include <gtkmm/separator.h>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tessaro {
@@ -19,7 +21,7 @@ MainSplitView::MainSplitView(const ScreenContext& context, SupportClient& suppor
           context.store, context.logger, context.clock, context.makeGraphClient, isWholePicture),
       accounts_(context, accountsVM_),
       pages_(context, pagesVM_),
-      inbox_(context, pagesVM_),
+      inbox_(context, accountsVM_, pagesVM_),
       footer_(context, support),
       selection_(context, accountsVM_, pagesVM_, inbox_) {
     set_size_request(900, 560);
@@ -31,6 +33,7 @@ MainSplitView::MainSplitView(const ScreenContext& context, SupportClient& suppor
     accountChanged_ = accountsVM_.selectedAccount.observe(
         [this] { pages_.setAccount(*accountsVM_.selectedAccount); });
     context.inbox.fullScreen.connect(sigc::mem_fun(*this, &MainSplitView::showFullScreen));
+    context.inbox.walkAreas.connect(sigc::mem_fun(*this, &MainSplitView::walkAreas));
 }
 
 void MainSplitView::on_map() {
@@ -45,6 +48,24 @@ void MainSplitView::on_map() {
             });
             firstFrame_.disconnect();
         });
+}
+
+void MainSplitView::walkAreas(bool isForward) {
+    Gtk::Widget* const areas[] = {&accounts_, &pages_, &inbox_, &footer_};
+    constexpr std::size_t count = std::size(areas);
+    const auto* const focus = get_root()->get_focus();
+    const auto hasFocus = [focus](Gtk::Widget* area) {
+        return focus && (focus == area || focus->is_ancestor(*area));
+    };
+    const auto current =
+        static_cast<std::size_t>(std::ranges::find_if(areas, hasFocus) - std::begin(areas));
+    // From outside, such as from the header, it goes to the first or the last.
+    const std::size_t from = current < count ? current : isForward ? count - 1 : 0;
+    for (std::size_t step = 1; step <= count; ++step) {
+        auto* const area = areas[(from + (isForward ? step : count - step)) % count];
+        if (area->get_mapped() && area->child_focus(Gtk::DirectionType::TAB_FORWARD))
+            return;
+    }
 }
 
 void MainSplitView::showFullScreen(bool isFullScreen) {

@@ -21,6 +21,8 @@ protected:
     void on_map() override;
 
 private:
+    /// Moves the focus to the next of accounts, Pages, inbox and footer that can have it.
+    void walkAreas(bool isForward);
     void showFullScreen(bool isFullScreen);
 
     const ScreenContext& context_;

@@ -3,6 +3,7 @@
 #include "Platform/Gtk/DigitKey.h"
 #include "Views/Shell/InfoWindow.h"
 #include "Views/Shell/WindowCommand.h"
+#include "Views/Shell/WindowSize.h"
 #include "Views/Widgets/Accessible.h"
 #include "Views/Widgets/Keys.h"
 
@@ -25,8 +26,9 @@ T valueOf(const Glib::VariantBase& parameter) {
 
 MainWindow::MainWindow(
     const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications,
-    InboxSignals& inbox, EngineLoader& engine)
+    InboxSignals& inbox, EngineLoader& engine, SettingsStore& settings)
     : Gtk::ApplicationWindow(application),
+      settings_(settings),
       notifications_(notifications),
       inbox_(inbox),
       engine_(engine) {
@@ -40,6 +42,7 @@ MainWindow::MainWindow(
         });
     set_icon_name("com.vandel.Tessaro");
     set_default_size(firstWidth, firstHeight);
+    restoreSize(*this, settings_);
     set_titlebar(header_);
     addActions();
     addKeys(
@@ -67,8 +70,10 @@ bool MainWindow::on_close_request() {
     }
     // Where the answer has come at once, the toolkit ignored that close(): it was within this
     // signal.
-    if (closing_ == Closing::allowed || !askBeforeClosing)
+    if (closing_ == Closing::allowed || !askBeforeClosing) {
+        keepSize(*this, settings_);
         return Gtk::ApplicationWindow::on_close_request();
+    }
     return true;
 }
 
@@ -80,9 +85,19 @@ void MainWindow::addActions() {
             notifications_.post(valueOf<Glib::ustring>(notification));
         });
     add_action_with_parameter(
+        "history", Glib::VARIANT_TYPE_BOOL, [this](const Glib::VariantBase& isForward) {
+            inbox_.walkHistory.emit(valueOf<bool>(isForward));
+        });
+    add_action_with_parameter(
+        "area", Glib::VARIANT_TYPE_BOOL, [this](const Glib::VariantBase& isForward) {
+            inbox_.walkAreas.emit(valueOf<bool>(isForward));
+        });
+    add_action_with_parameter(
         "choose-page", Glib::VARIANT_TYPE_INT32, [this](const Glib::VariantBase& position) {
             inbox_.choosePage.emit(valueOf<int>(position));
         });
+    // From a dialog too, which "window.close" would close.
+    get_application()->add_action("quit", sigc::mem_fun(*this, &MainWindow::close));
     for (const auto& command : windowCommands())
         get_application()->set_accels_for_action(
             command.action, {command.accelerators.begin(), command.accelerators.end()});

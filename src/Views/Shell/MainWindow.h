@@ -3,6 +3,7 @@
 #include "Engine/EngineLoader.h"
 
 #include "Platform/NotificationCenter.h"
+#include "Platform/SettingsStore.h"
 #include "Views/Sheets/DialogPresenter.h"
 #include "Views/Widgets/InboxCommands.h"
 
@@ -20,10 +21,11 @@ namespace tessaro {
 /// keys. UI thread only.
 class MainWindow : public Gtk::ApplicationWindow {
 public:
-    /// @param notifications, inbox  receive the commands; outlive this, as does `engine`
+    /// @param notifications, inbox  receive the commands; outlive this, as the others do
+    /// @param settings              keeps the window's size from one run to the next
     MainWindow(
         const Glib::RefPtr<Gtk::Application>& application, NotificationCenter& notifications,
-        InboxSignals& inbox, EngineLoader& engine);
+        InboxSignals& inbox, EngineLoader& engine, SettingsStore& settings);
 
     /// Asked before the window closes: calls back whether it may, at once or later. May be empty.
     std::function<void(std::function<void(bool mayClose)> answered)> askBeforeClosing;
@@ -39,6 +41,7 @@ private:
     void addPrimaryMenu();
     void showInfo(DialogPresenter& presenter, std::unique_ptr<Dialog> window);
 
+    SettingsStore& settings_;
     NotificationCenter& notifications_;
     InboxSignals& inbox_;
     EngineLoader& engine_;

@@ -27,6 +27,10 @@ inline constexpr const char* refreshInbox = "RefreshInbox";
 struct InboxSignals {
     sigc::signal<void()> zoomReset; ///< The page gets its natural size back.
     sigc::signal<void()> find;      ///< The bar opens in which a text is looked for.
+    sigc::signal<void(bool isForward)> walkHistory; ///< The browser goes a page back or forward.
+    sigc::signal<void(bool isForward)> walkAreas; ///< The focus goes to another part of the window.
+    sigc::signal<void()> addAccount;              ///< The dialog for a new account opens.
+    sigc::signal<void()> addPage;                 ///< Likewise, for the selected account.
     /// Selects the Page at that position of the list, counted from 1. Nothing is selected where
     /// the list has no such position.
     sigc::signal<void(int position)> choosePage;

@@ -29,6 +29,8 @@ public:
         delegate_->didStartProvisionalNavigation(*this);
         delegate_->didFinishNavigation(*this);
     }
+    void goBack() override {}
+    void goForward() override {}
     void close() override {}
     void setGround(const Gdk::RGBA&) override {}
     void setPageZoom(double factor) override { zoom_ = factor; }

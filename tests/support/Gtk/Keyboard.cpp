@@ -10,9 +10,7 @@
 
 namespace tessaro::test {
 
-namespace {
-
-void key(guint keysym, bool isDown) {
+void Keyboard::hold(guint keysym, bool isDown) {
     Display* display = gdk_x11_display_get_xdisplay(gdk_display_get_default());
     XAutoRepeatOff(display); // On a busy machine much time may pass between press and release.
     XTestFakeKeyEvent(display, XKeysymToKeycode(display, keysym), isDown, CurrentTime);
@@ -20,15 +18,13 @@ void key(guint keysym, bool isDown) {
     runPending();
 }
 
-} // namespace
-
 void Keyboard::press(guint keysym, guint modifier) {
     if (modifier)
-        key(modifier, true);
-    key(keysym, true);
-    key(keysym, false);
+        hold(modifier, true);
+    hold(keysym, true);
+    hold(keysym, false);
     if (modifier)
-        key(modifier, false);
+        hold(modifier, false);
 }
 
 void Keyboard::setLayout(const char* name) {

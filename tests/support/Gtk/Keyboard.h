@@ -11,6 +11,8 @@ public:
     /// @param keysym    a key of the keyboard, such as GDK_KEY_Escape
     /// @param modifier  a key that is held meanwhile, such as GDK_KEY_Shift_L
     static void press(guint keysym, guint modifier = 0);
+    /// Holds a key down, or lets it go.
+    static void hold(guint keysym, bool isDown);
     /// Gives the keyboard another layout, such as "vn". A display starts with "us".
     static void setLayout(const char* name);
 };

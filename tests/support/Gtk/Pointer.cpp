@@ -43,11 +43,20 @@ void Pointer::click(Gtk::Widget& widget) {
 }
 
 void Pointer::click(Gtk::Widget& widget, double x, double y) {
+    press(widget, x, y, 1);
+}
+
+void Pointer::scroll(Gtk::Widget& widget, bool isUp) {
+    // The X protocol has buttons for the wheel's steps.
+    press(widget, widget.get_width() / 2, widget.get_height() / 2, isUp ? 4 : 5);
+}
+
+void Pointer::press(Gtk::Widget& widget, double x, double y, unsigned button) {
     const auto place = placeOnDisplay(widget);
     XTestFakeMotionEvent(
         display(), -1, place.get_x() + int(x), place.get_y() + int(y), CurrentTime);
-    XTestFakeButtonEvent(display(), 1, True, CurrentTime);
-    XTestFakeButtonEvent(display(), 1, False, CurrentTime);
+    XTestFakeButtonEvent(display(), button, True, CurrentTime);
+    XTestFakeButtonEvent(display(), button, False, CurrentTime);
     XSync(display(), False);
     runPending();
 }

@@ -16,6 +16,11 @@ public:
     static void click(Gtk::Widget& widget);
     /// The same at a point of the widget.
     static void click(Gtk::Widget& widget, double x, double y);
+    /// Turns the wheel by one step in the middle of the widget.
+    static void scroll(Gtk::Widget& widget, bool isUp);
+
+private:
+    static void press(Gtk::Widget& widget, double x, double y, unsigned button);
 };
 
 } // namespace tessaro::test

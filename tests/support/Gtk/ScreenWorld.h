@@ -28,9 +28,7 @@ public:
 class RecordingDesktop final : public Desktop {
 public:
     void openAddress(const std::string& address) override { opened.push_back(address); }
-    void openFolder(const std::filesystem::path& folder) override {
-        openedFolders.push_back(folder);
-    }
+    void openFile(const std::filesystem::path& file) override { openedFiles.push_back(file); }
     void
     showNotification(DesktopNotification notification, DesktopNotifier::Clicked clicked) override {
         notifications.push_back(std::move(notification));
@@ -40,7 +38,7 @@ public:
     void copyText(const std::string& text) override { copied.push_back(text); }
 
     std::vector<std::string> opened;
-    std::vector<std::filesystem::path> openedFolders;
+    std::vector<std::filesystem::path> openedFiles;
     std::vector<DesktopNotification> notifications;
     std::vector<DesktopNotifier::Clicked> clicks; ///< One for each desktop notification.
     std::vector<std::string> withdrawn;

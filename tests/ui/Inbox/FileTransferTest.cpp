@@ -89,7 +89,8 @@ TEST_F(FileTransfer, TellsHowFarADownloadIsAndWhereItLanded) {
     EXPECT_EQ(browser.ask("location.pathname"), InboxWorld::inboxPath) << "The web page stays.";
 
     press(bar, "Mở thư mục");
-    EXPECT_THAT(world.desktop.openedFolders, ElementsAre(folder));
+    press(bar, "Mở tệp");
+    EXPECT_THAT(world.desktop.openedFiles, ElementsAre(folder, folder / "Báo giá.pdf"));
     press(bar, "Đóng");
     EXPECT_FALSE(bar.get_visible());
 }

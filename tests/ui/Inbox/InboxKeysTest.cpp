@@ -2,6 +2,7 @@
 
 #include "Views/Shell/InfoWindow.h"
 #include "support/Gtk/Keyboard.h"
+#include "support/Gtk/Pointer.h"
 #include "support/Gtk/TestScreen.h"
 
 namespace tessaro::test {
@@ -53,6 +54,33 @@ TEST_F(InboxKeys, ZoomThePageAndGoBackToItsNaturalSize) {
         Keyboard::press(key, GDK_KEY_Control_L);
         EXPECT_TRUE(waitUntil("innerWidth " + (relation + width)));
     }
+    for (const auto& [isUp, relation] : {std::pair(true, "<"), std::pair(false, "===")}) {
+        Keyboard::hold(GDK_KEY_Control_L, true);
+        Pointer::scroll(webView().widget(), isUp);
+        Keyboard::hold(GDK_KEY_Control_L, false);
+        EXPECT_TRUE(waitUntil("innerWidth " + (relation + width))) << "The wheel zooms as well.";
+    }
+}
+
+TEST_F(InboxKeys, GoRoundThePartsOfTheWindowOutOfThePageToo) {
+    const auto place = [this]() -> std::string {
+        auto* const focus = window.get_focus();
+        for (const auto& [part, name] :
+             {std::pair<Gtk::Widget*, const char*>(&only<AccountSidebar>(), "accounts"),
+              {&only<PageListView>(), "Pages"},
+              {&content->inbox(), "inbox"},
+              {&only<FooterBar>(), "footer"}})
+            if (focus && focus->is_ancestor(*part))
+                return name;
+        return "nowhere";
+    };
+    for (const char* next : {"footer", "accounts", "Pages", "inbox"}) {
+        Keyboard::press(GDK_KEY_F6);
+        EXPECT_EQ(place(), next);
+    }
+    EXPECT_TRUE(pageHasKeyboard());
+    Keyboard::press(GDK_KEY_F6, GDK_KEY_Shift_L);
+    EXPECT_EQ(place(), "Pages");
 }
 
 TEST_F(InboxKeys, ChooseAPageByItsPlaceInTheList) {
@@ -79,7 +107,7 @@ TEST_F(InboxKeys, ChooseAPageByItsPlaceInTheList) {
     EXPECT_EQ(choices, 6);
 }
 
-TEST_F(InboxKeys, LoadThePageAgainGoHomeAndGoToTheSitesSearch) {
+TEST_F(InboxKeys, LoadThePageAgainGoBackGoHomeAndGoToTheSitesSearch) {
     Keyboard::press(GDK_KEY_k, GDK_KEY_Control_L);
     EXPECT_TRUE(waitUntil("document.activeElement.className === 'search'"));
 
@@ -96,9 +124,33 @@ TEST_F(InboxKeys, LoadThePageAgainGoHomeAndGoToTheSitesSearch) {
             Keyboard::press(key, modifier);
             EXPECT_TRUE(waitUntil(isHelp + " && !window.isOld"));
         }
+        Keyboard::press(GDK_KEY_Left, GDK_KEY_Alt_L);
+        EXPECT_TRUE(waitForInbox(DemoWorld::flowers));
+        Keyboard::press(GDK_KEY_Right, GDK_KEY_Alt_L);
+        EXPECT_TRUE(waitUntil(isHelp));
         goHome();
         EXPECT_TRUE(waitForInbox(DemoWorld::flowers));
     }
+}
+
+TEST_F(InboxKeys, CloseTheWindowWhoseSizeIsThereAgainTheNextTime) {
+    for (const guint key : {GDK_KEY_w, GDK_KEY_q}) {
+        MainWindow next(
+            window.get_application(), world.notifications, world.inbox, realEngine(),
+            world.settings);
+        next.present();
+        ASSERT_TRUE(runUntil([&] { return next.is_active(); }));
+        TestScreen::settle(next);
+        int width = 0, height = 0;
+        next.get_default_size(width, height);
+        EXPECT_EQ(width, key == GDK_KEY_w ? 1200 : 1010);
+        next.set_default_size(1010, 700);
+        ASSERT_TRUE(runUntil([&] { return next.get_width() <= 1010; }));
+        TestScreen::settle(next);
+        Keyboard::press(key, GDK_KEY_Control_L);
+        EXPECT_TRUE(runUntil([&] { return !next.gobj() || !next.get_visible(); }));
+    }
+    EXPECT_EQ(world.settings.text("window_size"), "1010x700");
 }
 
 TEST_F(InboxKeys, AreListedByAWindowAndAnotherTellsAboutTheProgram) {

@@ -20,7 +20,7 @@ const Glib::RefPtr<Gtk::Application>& application() {
 } // namespace
 
 InboxScreen::InboxScreen()
-    : window(application(), world.notifications, world.inbox, realEngine()) {}
+    : window(application(), world.notifications, world.inbox, realEngine(), world.settings) {}
 
 InboxScreen::~InboxScreen() {
     if (window.gobj()) // Null when the test has closed it.

@@ -26,12 +26,13 @@ protected:
         ASSERT_TRUE(waitUntil("document.querySelector('.answer').value === 'da'"));
         ask(webView(), "(onbeforeunload = event => event.preventDefault())");
     }
-    /// Waits for the next question and answers it.
-    void answer(std::optional<std::size_t> button) {
+    /// Waits for the next question, which is that one, and answers it.
+    void answer(
+        std::optional<std::size_t> button, const std::string& title = "Rời trang này?",
+        const std::string& yes = "Rời trang") {
         ASSERT_TRUE(runUntil([&] { return world.modals.alerts.size() > answered; }));
-        EXPECT_EQ(world.modals.alerts.back().title, "Rời trang này?");
-        EXPECT_EQ(
-            world.modals.alerts.back().buttons, (std::vector<std::string>{"Ở lại", "Rời trang"}));
+        EXPECT_EQ(world.modals.alerts.back().title, title);
+        EXPECT_EQ(world.modals.alerts.back().buttons, (std::vector<std::string>{"Ở lại", yes}));
         EXPECT_EQ(world.modals.alerts.size(), ++answered);
         world.modals.answers.back()(button);
     }
@@ -106,6 +107,32 @@ TEST_F(LeavingAnInbox, IsAskedForBeforeTheWindowCloses) {
     window.close();
     answer(leave);
     EXPECT_TRUE(runUntil([&] { return !window.gobj() || !window.get_visible(); }));
+}
+
+TEST_F(LeavingAnInbox, ByClosingTheWindowIsAskedForWhileAFileIsOnItsWayToo) {
+    auto& server = world.server;
+    server.handle("/file", [](ServerConnection& connection, const auto&) {
+        connection.write(
+            "HTTP/1.1 200 OK\r\nContent-Type: application/zip\r\nContent-Length: 9999\r\n"
+            "Content-Disposition: attachment\r\n\r\n" +
+            std::string(5000, 'x'));
+        while (connection.pause(std::chrono::milliseconds(5))) {
+        }
+    });
+    ask(webView(), "document.body.appendChild(document.createElement('iframe')).src = '" +
+                       server.origin() + "/file'");
+    ASSERT_TRUE(runUntil([&] { return find(*content, "Hủy tải xuống") != nullptr; }));
+    std::vector<bool> answers;
+    const auto close = [&] {
+        content->inbox().requestClose([&](bool mayClose) { answers.push_back(mayClose); });
+    };
+    close();
+    answer(std::nullopt, "Đang tải tệp xuống", "Đóng");
+    close();
+    answer(leave, "Đang tải tệp xuống", "Đóng");
+    answer(leave);
+    EXPECT_TRUE(runUntil([&] { return answers.size() == 2; }));
+    EXPECT_EQ(answers, (std::vector{false, true}));
 }
 
 TEST_F(LeavingAnInbox, IsNoQuestionWhereItsPageIsDeletedOrDoesNotAnswer) {

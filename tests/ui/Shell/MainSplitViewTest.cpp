@@ -3,6 +3,8 @@
 #include "Services/SupportClient.h"
 #include "Views/Columns/AccountButton.h"
 #include "Views/Columns/PageButton.h"
+#include "Views/Sheets/AccountDetailSheet.h"
+#include "Views/Sheets/AddPageSheet.h"
 #include "support/Gtk/TestScreen.h"
 
 #include <gtest/gtest.h>
@@ -63,6 +65,23 @@ TEST_F(MainSplitViewTest, ThePagesFollowTheAccountAndTheInboxThePage) {
     screen_.settle();
     EXPECT_TRUE(widgetsOf<PageButton>(*view_).empty());
     EXPECT_FALSE(find(*view_, "Thêm Page"));
+}
+
+TEST_F(MainSplitViewTest, TheEmptyWindowOffersTheFirstStepAndThenTheSecond) {
+    EXPECT_FALSE(find(*view_, "Thêm tài khoản đầu tiên"));
+    EXPECT_FALSE(find(*view_, "Thêm Page đầu tiên"));
+    view_->accountsVM().selectAccount(first_);
+    view_->pagesVM().deletePage(view_->pagesVM().pages->front());
+    screen_.settle();
+    press(*view_, "Thêm Page đầu tiên");
+    EXPECT_TRUE(shownWindow<AddPageSheet>());
+
+    view_->accountsVM().deleteAccount(first_);
+    view_->accountsVM().deleteAccount(second_);
+    screen_.settle();
+    EXPECT_FALSE(find(*view_, "Thêm Page đầu tiên"));
+    press(*view_, "Thêm tài khoản đầu tiên");
+    EXPECT_TRUE(shownWindow<AccountDetailSheet>());
 }
 
 TEST_F(MainSplitViewTest, ABrowserIsReadyBeforeAPageIsOpened) {
