@@ -3,6 +3,7 @@
 #include "Platform/GHandle.h"
 
 #include <X11/Xatom.h>
+#include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 #include <cairo.h>
@@ -99,6 +100,10 @@ std::uint32_t colorAt(XImage* image, int x, int y) {
 }
 
 } // namespace
+
+void Screen::CloseDisplay::operator()(Display* display) const {
+    XCloseDisplay(display);
+}
 
 Screen::Screen() : display_(XOpenDisplay(nullptr)) {}
 
@@ -235,7 +240,16 @@ void Screen::movePointer(int x, int y) const {
 
 void Screen::click(int x, int y, unsigned button) const {
     movePointer(x, y);
+    pressButton(button);
+    releaseButton(button);
+}
+
+void Screen::pressButton(unsigned button) const {
     XTestFakeButtonEvent(display_.get(), button, True, CurrentTime);
+    XSync(display_.get(), False);
+}
+
+void Screen::releaseButton(unsigned button) const {
     XTestFakeButtonEvent(display_.get(), button, False, CurrentTime);
     XSync(display_.get(), False);
 }

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <X11/Xlib.h>
-
 #include <chrono>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
+
+using Display = struct _XDisplay; // Of the display's own header, which defines words as macros.
 
 namespace tessaro::demo {
 
@@ -46,10 +46,12 @@ public:
     /// Moves the pointer, in the display's coordinates, and clicks there.
     void movePointer(int x, int y) const;
     void click(int x, int y, unsigned button = 1) const;
+    void pressButton(unsigned button = 1) const;
+    void releaseButton(unsigned button = 1) const;
 
 private:
     struct CloseDisplay {
-        void operator()(Display* display) const { XCloseDisplay(display); }
+        void operator()(Display* display) const;
     };
     std::unique_ptr<Display, CloseDisplay> display_;
 };

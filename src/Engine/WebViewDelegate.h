@@ -24,9 +24,12 @@ public:
     /// The page that is shown has another title.
     virtual void didChangeTitle(WebView& webView) = 0;
 
-    /// A link or a script wants a window of its own for `address` (empty when it named none). None
-    /// is opened.
-    virtual void createWebView(WebView& webView, const std::string& address) = 0;
+    /// A link or a script wants a window of its own for a page. None is opened; `load` loads that
+    /// page in `webView`.
+    virtual void createWebView(WebView& webView, std::function<void()> load) = 0;
+    /// A click asks for something that another program may open, such as a "mailto:" address, and
+    /// that is no page and no local file.
+    virtual void openElsewhere(const std::string& address) = 0;
 
     /// The page waits until `completion` is called; dropping it counts as a call, with false.
     virtual void runScriptAlert(const std::string& message, std::function<void()> completion) = 0;

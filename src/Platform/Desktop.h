@@ -16,6 +16,11 @@ public:
     /// ignored. Returns at once; a failure is not reported.
     virtual void openAddress(const std::string& address) = 0;
 
+    /// Opens an address of another scheme, such as "mailto:", with the program that the desktop has
+    /// for that scheme. Ignored where it has none, and for local files. Returns at once; a failure
+    /// is not reported.
+    virtual void openWithItsProgram(const std::string& address) = 0;
+
     /// Opens a file with the desktop's program for it, or a folder with the file manager. Returns
     /// at once; a failure is not reported.
     virtual void openFile(const std::filesystem::path& file) = 0;

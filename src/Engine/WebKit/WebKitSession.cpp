@@ -17,9 +17,11 @@ WebKitSession::WebKitSession(
     session_ = GObjectPtr<WebKitNetworkSession>::adopt(
         webkit_network_session_new(dataFolder.c_str(), cacheFolder.c_str()));
     webkit_network_session_set_persistent_credential_storage_enabled(session_.get(), FALSE);
+    webkit_network_session_set_itp_enabled(session_.get(), FALSE);
+    WebKitCookieManager* const cookies = webkit_network_session_get_cookie_manager(session_.get());
+    webkit_cookie_manager_set_accept_policy(cookies, WEBKIT_COOKIE_POLICY_ACCEPT_NO_THIRD_PARTY);
     webkit_cookie_manager_set_persistent_storage(
-        webkit_network_session_get_cookie_manager(session_.get()),
-        (dataFolder / "cookies.sqlite").c_str(), WEBKIT_COOKIE_PERSISTENT_STORAGE_SQLITE);
+        cookies, (dataFolder / "cookies.sqlite").c_str(), WEBKIT_COOKIE_PERSISTENT_STORAGE_SQLITE);
 }
 
 std::shared_ptr<WebView>

@@ -1,6 +1,8 @@
 #include "Engine/WebKit/WebKitView.h"
 
 #include "Engine/WebKit/WebKitIdentity.h"
+#include "Engine/WebKit/WebKitOpenDialog.h"
+#include "Engine/WebKit/WebKitWidget.h"
 
 #include <gtkmm/window.h>
 #include <webkit/webkit.h>
@@ -8,78 +10,6 @@
 namespace tessaro {
 
 namespace {
-
-/// Whether the toolkit draws the windows without a graphics card, by choice or because there is
-/// none.
-bool windowsAreDrawnInSoftware() {
-    // Not through the wrappers: making one for a window that is not ours would leak it.
-    GListModel* const windows = gtk_window_get_toplevels();
-    for (guint i = 0; i < g_list_model_get_n_items(windows); ++i) {
-        const auto window = GObjectPtr<GtkNative>::adopt(
-            static_cast<GtkNative*>(g_list_model_get_item(windows, i)));
-        if (GSK_IS_CAIRO_RENDERER(gtk_native_get_renderer(window.get())))
-            return true;
-    }
-    return false;
-}
-
-GObjectPtr<WebKitWebView> makeView(WebKitNetworkSession* session) {
-    const auto settings = GObjectPtr<WebKitSettings>::adopt(webkit_settings_new());
-    g_object_set(
-        settings.get(), "enable-javascript", TRUE, "media-playback-requires-user-gesture", FALSE,
-        // Window requests of scripts are answered in the same view, so they need no click.
-        "javascript-can-open-windows-automatically", TRUE,
-        // The quirks put other identities than the one set into requests to some hosts.
-        "enable-site-specific-quirks", FALSE, nullptr);
-    // An imitated graphics card would compile its programs in every web process and keep some fifty
-    // megabytes there, and what it draws would be copied once more.
-    if (windowsAreDrawnInSoftware())
-        webkit_settings_set_hardware_acceleration_policy(
-            settings.get(), WEBKIT_HARDWARE_ACCELERATION_POLICY_NEVER);
-    const auto policies = GObjectPtr<WebKitWebsitePolicies>::adopt(
-        webkit_website_policies_new_with_policies("autoplay", WEBKIT_AUTOPLAY_ALLOW, nullptr));
-    // A context of the view's own ends all its processes with it. A shared one would keep some,
-    // with what pages left in their memory, for later pages.
-    const auto context = GObjectPtr<WebKitWebContext>::adopt(webkit_web_context_new());
-    // Right is what one of them knows. One that is not installed is left out by the engine.
-    const char* const languages[] = {"vi_VN", "en_US", nullptr};
-    webkit_web_context_set_spell_checking_languages(context.get(), languages);
-    webkit_web_context_set_spell_checking_enabled(context.get(), TRUE);
-    return GObjectPtr<WebKitWebView>::share(static_cast<WebKitWebView*>(g_object_new(
-        WEBKIT_TYPE_WEB_VIEW, "web-context", context.get(), "network-session", session, "settings",
-        settings.get(), "website-policies", policies.get(), nullptr)));
-}
-
-/// A question of a page, which waits for the answer for as long as this exists.
-class OpenDialog {
-public:
-    explicit OpenDialog(WebKitScriptDialog* dialog) : dialog_(webkit_script_dialog_ref(dialog)) {}
-    ~OpenDialog() { close(); }
-    OpenDialog(const OpenDialog&) = delete;
-    OpenDialog& operator=(const OpenDialog&) = delete;
-
-    /// The engine's signal has returned: the answer will come later.
-    void outliveSignal() { isInSignal_ = false; }
-
-    void close() {
-        if (WebKitScriptDialog* dialog = std::exchange(dialog_, nullptr)) {
-            // A dialog that nobody holds after its signal is closed by the engine, which crashes
-            // when that was done before.
-            if (!isInSignal_)
-                webkit_script_dialog_close(dialog);
-            webkit_script_dialog_unref(dialog);
-        }
-    }
-    void confirm(bool confirmed) {
-        if (dialog_)
-            webkit_script_dialog_confirm_set_confirmed(dialog_, confirmed);
-        close();
-    }
-
-private:
-    WebKitScriptDialog* dialog_;
-    bool isInSignal_ = true;
-};
 
 /// What earlier scripts have changed is painted in the next frame. A page that is not on screen has
 /// none.
@@ -136,13 +66,23 @@ bool showsErrorPage(const GError& error) {
 
 WebKitView::WebKitView(
     WebKitNetworkSession* session, Clock& clock, WebNotifications::PermittedOrigin permittedOrigin)
-    : view_(makeView(session)),
+    : view_(makeWebKitWidget(session)),
       widget_(Glib::wrap(GTK_WIDGET(view_.get()))),
       notifications_(view_.get(), std::move(permittedOrigin)),
       permissions_(view_.get(), *widget_, clock),
       finder_(view_.get()),
+      handOver_(view_.get()),
       clock_(clock),
-      leaveQuestion_(view_.get(), clock) {
+      leaveQuestion_(view_.get(), clock),
+      policy_(
+          view_.get(), clock,
+          [this](const std::string& address) {
+              if (delegate_)
+                  delegate_->openElsewhere(address);
+          }),
+      newWindows_(view_.get(), clock, policy_, [this](GObjectPtr<WebKitURIRequest> request) {
+          onWindowRequested(std::move(request));
+      }) {
     agreeWithIdentity(view_.get());
     const auto connect =
         [this]<typename Signature>(const char* signal, std::function<Signature> handler) {
@@ -186,13 +126,6 @@ WebKitView::WebKitView(
     connect("notify::estimated-load-progress", std::function([this](WebKitWebView*, GParamSpec*) {
                 onProgress();
             }));
-    connect("create", std::function([this](WebKitWebView*, WebKitNavigationAction* action) {
-                const char* address =
-                    webkit_uri_request_get_uri(webkit_navigation_action_get_request(action));
-                if (delegate_)
-                    delegate_->createWebView(*this, address ? address : "");
-                return static_cast<GtkWidget*>(nullptr);
-            }));
     connect(
         "script-dialog",
         std::function([this](WebKitWebView*, WebKitScriptDialog* dialog) -> gboolean {
@@ -223,12 +156,16 @@ void WebKitView::requestLeave(std::function<void(bool)> answered) {
 }
 
 void WebKitView::load(const std::string& address) {
+    load(GObjectPtr<WebKitURIRequest>::adopt(webkit_uri_request_new(address.c_str())));
+}
+
+void WebKitView::load(const GObjectPtr<WebKitURIRequest>& request) {
     errorPageAddress_.clear();
     isAwaitingPage_ = isBeingLeft_ = true;
     // Several megabytes for each Page would stay in memory for as long as it can be gone back to.
     // The new page brings the gestures back.
     setSwipeGestures(false);
-    webkit_web_view_load_uri(view_.get(), address.c_str());
+    webkit_web_view_load_request(view_.get(), request.get());
 }
 
 void WebKitView::reload() {
@@ -307,6 +244,7 @@ void WebKitView::onLoadChanged(int event) {
             delegate_->didStartProvisionalNavigation(*this);
     } else if (event == WEBKIT_LOAD_COMMITTED) {
         isAwaitingPage_ = isBeingLeft_ = false;
+        forgetFormerPage();
         onPageShown();
         setSwipeGestures(widget_->get_mapped());
     } else if (event == WEBKIT_LOAD_FINISHED) {
@@ -340,6 +278,19 @@ void WebKitView::onPageShown() {
     onTitleChanged();
 }
 
+void WebKitView::onWindowRequested(GObjectPtr<WebKitURIRequest> request) {
+    if (delegate_)
+        delegate_->createWebView(*this, [this, alive = lifetime_.watch(), request] {
+            if (alive)
+                load(request);
+        });
+}
+
+void WebKitView::forgetFormerPage() {
+    handOver_.forget();
+    newWindows_.closeAll();
+}
+
 void WebKitView::onFullScreenChanged(bool isFullScreen) {
     if (std::exchange(isFullScreen_, isFullScreen) != isFullScreen && delegate_)
         delegate_->didChangeFullScreen(isFullScreen);
@@ -350,7 +301,7 @@ bool WebKitView::onScriptDialog(WebKitScriptDialog* dialog) {
     if (!delegate_ || type == WEBKIT_SCRIPT_DIALOG_PROMPT)
         return false;
     const std::string message = webkit_script_dialog_get_message(dialog);
-    const auto open = std::make_shared<OpenDialog>(dialog);
+    const auto open = std::make_shared<WebKitOpenDialog>(dialog);
     const auto confirm = [open](bool confirmed) { open->confirm(confirmed); };
     if (type == WEBKIT_SCRIPT_DIALOG_ALERT) {
         delegate_->runScriptAlert(message, [open] { open->close(); });
@@ -390,6 +341,7 @@ void WebKitView::onWebProcessTerminated() {
     if (auto* window = dynamic_cast<Gtk::Window*>(widget_->get_root()); window && isFullScreen_)
         window->unfullscreen(); // WebKitGTK leaves it as it is.
     onFullScreenChanged(false);
+    forgetFormerPage();
     notifications_.closeAll();
     if (delegate_)
         delegate_->webProcessDidTerminate(*this);

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "Engine/WebKit/WebKitFinder.h"
+#include "Engine/WebKit/WebKitHandOver.h"
 #include "Engine/WebKit/WebKitLeaveQuestion.h"
+#include "Engine/WebKit/WebKitNavigationPolicy.h"
+#include "Engine/WebKit/WebKitNewWindows.h"
 #include "Engine/WebKit/WebKitNotifications.h"
 #include "Engine/WebKit/WebKitPermissions.h"
 #include "Engine/WebView.h"
@@ -54,11 +57,15 @@ public:
     PageFinder& finder() override { return finder_; }
 
 private:
+    void load(const GObjectPtr<WebKitURIRequest>& request);
     void setSwipeGestures(bool areEnabled);
     void onLoadChanged(int event);
     void onLoadFailed(const std::string& errorPageAddress);
     void onLoadingEnded();
     void onPageShown();
+    void onWindowRequested(GObjectPtr<WebKitURIRequest> request);
+    /// Ends what was there for a page that is gone.
+    void forgetFormerPage();
     void onFullScreenChanged(bool isFullScreen);
     bool onScriptDialog(WebKitScriptDialog* dialog);
     void onTitleChanged();
@@ -71,8 +78,11 @@ private:
     WebKitNotifications notifications_;
     WebKitPermissions permissions_;
     WebKitFinder finder_;
+    WebKitHandOver handOver_;
     Clock& clock_;
     WebKitLeaveQuestion leaveQuestion_;
+    WebKitNavigationPolicy policy_;
+    WebKitNewWindows newWindows_;
     WebViewDelegate* delegate_ = nullptr;
     bool hasFailed_ = false;
     bool isAwaitingPage_ = false;

@@ -1,9 +1,12 @@
 #include "Platform/Gtk/GtkDesktop.h"
 
 #include "Platform/GHandle.h"
+#include "Platform/Machine.h"
 #include "Platform/WebAddress.h"
 
 #include <gtk/gtk.h>
+
+#include <string_view>
 
 namespace tessaro {
 
@@ -21,6 +24,16 @@ void launch(const char* address) {
 
 void GtkDesktop::openAddress(const std::string& address) {
     if (isOpenableAddress(address))
+        launch(address.c_str());
+}
+
+void GtkDesktop::openWithItsProgram(const std::string& address) {
+    const char* scheme = g_uri_peek_scheme(address.c_str());
+    if (!scheme || std::string_view(scheme) == "file")
+        return;
+    const auto program = GObjectPtr<GAppInfo>::adopt(g_app_info_get_default_for_uri_scheme(scheme));
+    // A confined program sees none of the desktop's; the portal asks the person.
+    if (program || machine::isConfined())
         launch(address.c_str());
 }
 

@@ -9,6 +9,7 @@ namespace tessaro {
 class GtkDesktop final : public Desktop {
 public:
     void openAddress(const std::string& address) override;
+    void openWithItsProgram(const std::string& address) override;
     void openFile(const std::filesystem::path& file) override;
     void
     showNotification(DesktopNotification notification, DesktopNotifier::Clicked clicked) override;

@@ -14,13 +14,6 @@ constexpr double zoomStep = 0.1;
 constexpr double smallestZoom = 0.5;
 constexpr double greatestZoom = 2.0;
 
-/// Whether a page may have the program load this, which it does on its own authority: local files
-/// and scripts, which the engine keeps from a page that asks in another way, stay out of reach.
-bool mayOpen(const std::string& address) {
-    return isOpenableAddress(address) || address == "about:blank" || address.starts_with("blob:") ||
-           address.starts_with("data:");
-}
-
 } // namespace
 
 Coordinator::Coordinator(PageInboxWebView parent)
@@ -188,9 +181,12 @@ void Coordinator::didChangeTitle(WebView& webView) {
         isInbox ? UnreadCount::atHead(webView.title()) : UnreadCount());
 }
 
-void Coordinator::createWebView(WebView&, const std::string& address) {
-    if (mayOpen(address))
-        leaveBy([address](WebView& webView) { webView.load(address); });
+void Coordinator::createWebView(WebView&, std::function<void()> load) {
+    leaveBy([load = std::move(load)](WebView&) { load(); });
+}
+
+void Coordinator::openElsewhere(const std::string& address) {
+    parent_.context.desktop.openWithItsProgram(address);
 }
 
 void Coordinator::didChangeFullScreen(bool isFullScreen) {

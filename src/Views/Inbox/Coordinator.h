@@ -51,7 +51,8 @@ public:
     void didFailNavigation(WebView& webView) override;
     void didShowPage(WebView& webView) override;
     void didChangeTitle(WebView& webView) override;
-    void createWebView(WebView& webView, const std::string& address) override;
+    void createWebView(WebView& webView, std::function<void()> load) override;
+    void openElsewhere(const std::string& address) override;
     void didChangeFullScreen(bool isFullScreen) override;
     void webProcessDidTerminate(WebView& webView) override;
 

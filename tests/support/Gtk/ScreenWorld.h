@@ -28,6 +28,9 @@ public:
 class RecordingDesktop final : public Desktop {
 public:
     void openAddress(const std::string& address) override { opened.push_back(address); }
+    void openWithItsProgram(const std::string& address) override {
+        openedElsewhere.push_back(address);
+    }
     void openFile(const std::filesystem::path& file) override { openedFiles.push_back(file); }
     void
     showNotification(DesktopNotification notification, DesktopNotifier::Clicked clicked) override {
@@ -38,6 +41,7 @@ public:
     void copyText(const std::string& text) override { copied.push_back(text); }
 
     std::vector<std::string> opened;
+    std::vector<std::string> openedElsewhere;
     std::vector<std::filesystem::path> openedFiles;
     std::vector<DesktopNotification> notifications;
     std::vector<DesktopNotifier::Clicked> clicks; ///< One for each desktop notification.
