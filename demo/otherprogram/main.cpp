@@ -80,7 +80,13 @@ int main(int argc, char** argv) {
         window.set_title("Chương trình khác");
         window.set_default_size(200, 160);
         window.set_child(handle);
-        window.property_is_active().signal_changed().connect(tell);
+        // Once it has been drawn where the window manager has put it.
+        handle.add_tick_callback([&, frames = 0](const auto&) mutable {
+            const bool isReady = window.is_active() && ++frames == 3;
+            if (isReady)
+                tell();
+            return !isReady;
+        });
         window.present();
     }
     Glib::MainLoop::create()->run();

@@ -13,19 +13,25 @@ std::vector<const char*> argumentsOf(const std::vector<std::string>& words) {
     return arguments;
 }
 
+/// What another one has printed there would be taken for this one's.
+std::filesystem::path removed(const std::filesystem::path& file) {
+    std::filesystem::remove(file);
+    return file;
+}
+
 } // namespace
 
 OtherProgram::OtherProgram(
     const std::filesystem::path& binary, const std::filesystem::path& output,
     const std::vector<std::string>& words)
-    : output_(output), process_(binary, output, argumentsOf(words)) {}
+    : output_(removed(output)), process_(binary, output, argumentsOf(words)) {}
 
 bool OtherProgram::isReady() const {
     return readFile(output_).find("ready\n") != std::string::npos;
 }
 
 bool OtherProgram::grab(const Screen& screen) const {
-    const auto window = screen.findWindow("Chương trình khác");
+    const auto window = screen.findWindow(windowTitle);
     if (!window)
         return false;
     // Below the window's own bar, and further than a click trembles.

@@ -13,6 +13,8 @@ namespace tessaro::demo {
 /// they can be dragged.
 class OtherProgram {
 public:
+    static constexpr const char* windowTitle = "Chương trình khác";
+
     /// @param binary  tessaro-demo-other-program
     /// @param output  a file that takes what it prints
     /// @param words   what it is asked for, such as {"copy", "files", "/tmp/a.txt"}

@@ -1,14 +1,11 @@
 #pragma once
 
-// This include comes first: the display's header defines words of it as macros.
-// clang-format off
-#include <gtest/gtest.h>
-// clang-format on
-
 #include "Steps.h"
 
 #include "support/ScopedEnvironment.h"
 #include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
 
 #include <map>
 #include <string>

@@ -11,6 +11,12 @@ namespace {
 /// No page needs more at a time, and each takes memory.
 constexpr std::size_t mostWindows = 8;
 
+/// Whether nothing is asked for yet. The script may lead the window elsewhere later.
+bool isBlank(WebKitURIRequest* request) {
+    const char* address = webkit_uri_request_get_uri(request);
+    return !address || !*address || g_str_has_prefix(address, "about:");
+}
+
 } // namespace
 
 WebKitNewWindows::WebKitNewWindows(
@@ -25,18 +31,22 @@ WebKitNewWindows::WebKitNewWindows(
           })) {}
 
 WebKitWebView* WebKitNewWindows::open(WebKitNavigationAction* action) {
-    if (windows_.size() >= mostWindows)
-        close(windows_.front().view.get());
+    const bool isClick = webkit_navigation_action_is_user_gesture(action);
+    if (windows_.size() >= mostWindows) {
+        const auto request =
+            GObjectPtr<WebKitURIRequest>::share(webkit_navigation_action_get_request(action));
+        if (!isBlank(request.get()) && policy_.leadsToPage(action, isClick))
+            loadPage_(request);
+        return nullptr;
+    }
     const auto view = GObjectPtr<WebKitWebView>::share(static_cast<WebKitWebView*>(g_object_new(
         WEBKIT_TYPE_WEB_VIEW, "related-view", opener_, "settings",
         webkit_web_view_get_settings(opener_), nullptr)));
     auto& signals = windows_.emplace_back(view, std::vector<ScopedConnection>()).signals;
     signals.push_back(connectSignal<gboolean(WebKitWebView*, WebKitPolicyDecision*, int)>(
         view.get(), "decide-policy",
-        [this, isClick = webkit_navigation_action_is_user_gesture(action)](
-            WebKitWebView* window, WebKitPolicyDecision* decision, int type) -> gboolean {
-            return decide(window, decision, type, isClick);
-        }));
+        [this, isClick](WebKitWebView* window, WebKitPolicyDecision* decision, int type)
+            -> gboolean { return decide(window, decision, type, isClick); }));
     signals.push_back(connectSignal<GtkWidget*(WebKitWebView*, WebKitNavigationAction*)>(
         view.get(), "create", [this](WebKitWebView*, WebKitNavigationAction* further) {
             return reinterpret_cast<GtkWidget*>(open(further));
@@ -60,9 +70,11 @@ bool WebKitNewWindows::decide(
     WebKitNavigationAction* const action = webkit_navigation_policy_decision_get_navigation_action(
         WEBKIT_NAVIGATION_POLICY_DECISION(decision));
     WebKitURIRequest* const request = webkit_navigation_action_get_request(action);
-    // Where every window begins. The script may lead it elsewhere later.
-    if (g_str_has_prefix(webkit_uri_request_get_uri(request), "about:"))
-        return false;
+    if (isBlank(request)) {
+        // It is blank already. WebKitGTK crashes over a window without an opener that is loaded.
+        webkit_policy_decision_ignore(decision);
+        return true;
+    }
     const auto wanted = GObjectPtr<WebKitURIRequest>::share(request);
     const bool isPage =
         policy_.leadsToPage(action, isClick || webkit_navigation_action_is_user_gesture(action));

@@ -37,7 +37,8 @@ private:
         std::vector<ScopedConnection> signals;
     };
 
-    /// The window that the engine fills. The oldest one makes room for it.
+    /// The window that the engine fills; null when there are too many, in which case a page that is
+    /// asked for is loaded at once.
     WebKitWebView* open(WebKitNavigationAction* action);
     bool decide(WebKitWebView* view, WebKitPolicyDecision* decision, int type, bool isClick);
     void close(WebKitWebView* view);

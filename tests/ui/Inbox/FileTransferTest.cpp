@@ -2,7 +2,9 @@
 
 #include "Platform/FileStore.h"
 #include "Views/Inbox/DownloadBar.h"
+#include "Views/Widgets/InboxCommands.h"
 #include "support/Gtk/Keyboard.h"
+#include "support/Gtk/Pictures.h"
 #include "support/Gtk/Pointer.h"
 #include "support/Gtk/Widgets.h"
 #include "support/ScopedEnvironment.h"
@@ -112,6 +114,75 @@ TEST_F(FileTransfer, NeverReplacesAFileByAnotherOne) {
     browser.ask("document.querySelector('.file').click()");
     EXPECT_TRUE(runUntil([&] { return fs::exists(folder / "Mẫu hoa (31).png"); }));
     EXPECT_EQ(rows().size(), 1u) << "A download that has ended makes room.";
+}
+
+TEST_F(FileTransfer, SavesWhatTheEngineCannotShowUnderItsOwnName) {
+    const auto serve = [&](const std::string& path, const std::string& type, int status = 200) {
+        world.server.answer(
+            path, {.status = status, .body = type, .headers = {{"Content-Type", type}}});
+    };
+    serve(
+        "/B%C3%A1o%20gi%C3%A1.docx",
+        "application/vnd.openxmlformats-officedocument.wordprocessingml.document");
+    serve("/all.zip", "application/zip");
+    serve("/gone.zip", "application/zip", 404);
+    serve("/notes", "application/x-of-nobody");
+    const std::string origin = world.server.origin();
+    browser.leaveFor(origin + "/gone.zip");
+    for (const char* path : {"/B%C3%A1o%20gi%C3%A1.docx", "/all.zip", "/notes"}) {
+        browser.ask("window.open('" + origin + path + "')");
+        ASSERT_TRUE(runUntil([&] { return world.server.requestCount(path) == 1; }));
+        ASSERT_TRUE(runUntil([&] { return !browser.webView().isAwaitingPage(); }));
+    }
+    browser.ask("Object.assign(document.createElement('a'), {download: 'blob.txt', href: "
+                "URL.createObjectURL(new Blob(['blob']))}).click()");
+    browser.ask("Object.assign(document.createElement('a'), {download: 'data.txt', href: "
+                "'data:application/octet-stream,data'}).click()");
+    EXPECT_TRUE(runUntil([&] { return fs::exists(folder) && files().size() == 5; }));
+    EXPECT_THAT(
+        files(),
+        testing::UnorderedElementsAre("Báo giá.docx", "all.zip", "notes", "blob.txt", "data.txt"));
+    EXPECT_TRUE(runUntil(
+        [&] { return contentOf("data.txt") == "data" && contentOf("blob.txt") == "blob"; }));
+    EXPECT_EQ(browser.ask("location.pathname"), InboxWorld::inboxPath);
+}
+
+TEST_F(FileTransfer, ShowsAPictureAndADocumentOfANewWindowFromWhichHomeLeadsBack) {
+    std::string document = "%PDF-1.4\n";
+    std::vector<std::size_t> places;
+    for (const char* object :
+         {"<< /Type /Catalog /Pages 2 0 R >>", "<< /Type /Pages /Kids [3 0 R] /Count 1 >>",
+          "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 200 200] >>"}) {
+        places.push_back(document.size());
+        document += std::to_string(places.size()) + " 0 obj\n" + object + "\nendobj\n";
+    }
+    const auto table = document.size();
+    document += "xref\n0 4\n0000000000 65535 f \n";
+    for (const auto place : places) {
+        const auto digits = std::to_string(place);
+        document += std::string(10 - digits.size(), '0') + digits + " 00000 n \n";
+    }
+    document +=
+        "trailer\n<< /Size 4 /Root 1 0 R >>\nstartxref\n" + std::to_string(table) + "\n%%EOF";
+    world.server.answer(
+        "/a.pdf", {.body = document, .headers = {{"Content-Type", "application/pdf"}}});
+    world.server.answer(
+        "/a.png",
+        {.body = pngPicture(30, 20, 0xff0000ff), .headers = {{"Content-Type", "image/png"}}});
+    for (const auto& [path, isShown] :
+         {std::pair("/a.png", "document.images[0]?.naturalWidth === 30"),
+          std::pair(
+              "/a.pdf", "(() => { try { return !frames[0].document; } catch { return frames.length "
+                        "> 0; } })()")}) {
+        ASSERT_TRUE(browser.waitForConversations());
+        browser.ask("window.open('" + world.server.origin() + path + "')");
+        EXPECT_TRUE(browser.waitUntil(isShown))
+            << browser.ask("document.documentElement.outerHTML").substr(0, 500);
+        world.notifications.post(webViewGoHome);
+        EXPECT_TRUE(browser.waitUntil(
+            std::string("location.pathname === '") + InboxWorld::inboxPath + "'"));
+    }
+    EXPECT_FALSE(bar.get_visible());
 }
 
 TEST_F(FileTransfer, SaysWhyADownloadFailedUntilThatIsDismissed) {

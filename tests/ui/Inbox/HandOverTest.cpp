@@ -85,6 +85,7 @@ protected:
     /// Lets another program offer this; see its usage.
     void offer(const std::vector<std::string>& words) {
         program.reset();
+        ASSERT_TRUE(runUntil([&] { return !screen.findWindow(OtherProgram::windowTitle); }));
         program.emplace(TESSARO_OTHER_PROGRAM, folder / "output", words);
         ASSERT_TRUE(runUntil([&] { return program->isReady(); }));
     }

@@ -59,10 +59,40 @@ TEST(WebContent, ReachesNoLocalFileAndNoOtherProgram) {
     world.notifications.post(webViewGoHome);
     ASSERT_TRUE(browser.waitForLoads(3));
     EXPECT_EQ(browser.ask("document.title"), "inbox");
+}
 
-    // For an address of another program the engine shows its own error page.
-    ASSERT_TRUE(browser.follow("tessaro-other-program:start"));
-    EXPECT_TRUE(world.desktop.opened.empty());
+TEST(WebContent, SignsInOverTwoSitesAndKeepsNoCookieOfAThirdOnesFrames) {
+    InboxWorld world;
+    LoopbackServer tracker("", "127.0.0.2");
+    const std::string login = "http://localhost:" + std::to_string(world.otherServer.port());
+    const auto leadingTo = [](const std::string& address, const std::string& cookie) {
+        return LoopbackServer::Answer{
+            .status = 302,
+            .headers = {{"Location", address}, {"Set-Cookie", cookie + "; Max-Age=3600"}}};
+    };
+    world.otherServer.answer("/login", leadingTo(world.server.origin() + "/back", "login=yes"));
+    world.server.answer("/back", leadingTo(InboxWorld::inboxPath, "session=yes"));
+    auto frame = InboxWorld::page("<script>document.cookie = 'written=yes; max-age=3600'</script>");
+    frame.headers["Set-Cookie"] = "sent=yes; Max-Age=3600";
+    world.otherServer.answer("/frame", frame);
+    tracker.answer("/frame", frame);
+    tracker.answer("/visit", InboxWorld::page("<p>"));
+
+    InboxBrowser browser(world);
+    ASSERT_TRUE(browser.follow(login + "/login"));
+    EXPECT_EQ(browser.ask("document.cookie"), "session=yes");
+    for (const auto& origin : {login, tracker.origin(), login, tracker.origin()}) {
+        browser.ask(
+            "Object.assign(document.body.appendChild(document.createElement("
+            "'iframe')), {src: '" +
+            origin + "/frame', onload: () => window.loaded = '" + origin + "'})");
+        ASSERT_TRUE(browser.waitUntil("window.loaded === '" + origin + "'"));
+    }
+    EXPECT_EQ(world.otherServer.requests().back().headers["cookie"], "login=yes")
+        << "Of a site that the person was at, and only what it kept then.";
+    ASSERT_TRUE(browser.follow(tracker.origin() + "/visit"));
+    for (auto request : tracker.requests())
+        EXPECT_EQ(request.headers["cookie"], "") << request.target;
 }
 
 TEST(WebContent, DoesNotSurviveItsBrowser) {
