@@ -2,6 +2,7 @@
 #include <gdkmm/contentprovider.h>
 #include <giomm/contenttype.h>
 #include <giomm/file.h>
+#include <glibmm/fileutils.h>
 #include <glibmm/main.h>
 #include <gtk/gtk.h>
 #include <gtkmm/dragsource.h>
@@ -31,11 +32,7 @@ Offer offerFiles(const std::vector<std::string>& files) {
 
 /// A picture, as a picture viewer offers it.
 Offer offerPicture(const std::string& file) {
-    char* content = nullptr;
-    gsize length = 0;
-    Gio::File::create_for_path(file)->load_contents(content, length);
-    const std::string bytes(content, length);
-    g_free(content);
+    const std::string bytes = Glib::file_get_contents(file);
     bool isUncertain = false;
     return offerBytes(
         Gio::content_type_get_mime_type(Gio::content_type_guess(file, bytes, isUncertain)), bytes);

@@ -73,6 +73,14 @@ Reply InboxSite::answer(const Request& request) {
         return plainPage(
             "Trợ giúp về hộp thư",
             "Chọn một cuộc trò chuyện ở bên trái, viết câu trả lời rồi nhấn Enter.");
+    if (name == "invoice")
+        return plainPage("Hóa đơn", "Ba bó hoa hồng, giao ngày mai: 600.000 đồng.");
+    if (name == "Bảng giá.docx") // Without a word that it is to be saved.
+        return {
+            200,
+            "application/vnd.openxmlformats-officedocument.wordprocessingml.document",
+            "Hoa hồng: 20.000 đồng",
+            {}};
     if (name == "view" && request.method == "POST") {
         if (auto view = parseJson(request.body))
             view_ = std::move(*view);

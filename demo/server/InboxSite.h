@@ -12,8 +12,9 @@ public:
     Reply answer(const Request& request);
     /// The open page's latest report of how it is shown; null before the first one. The page
     /// reports whenever one of these changes: which of its bars are visible, whether it wears a
-    /// dark style, its width, where the cursor is, which conversation is open, whether it may show
-    /// notifications, what it has played, whether it records.
+    /// dark style, its width, where the cursor is, which conversation is open, what is written and
+    /// attached, whether it may show notifications, what it has played, whether it records. A plain
+    /// page reports its title.
     const nlohmann::json& view() const { return view_; }
 
 private:

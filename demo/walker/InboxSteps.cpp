@@ -11,22 +11,8 @@ constexpr unsigned long sideNavColor = 0xad1457;
 constexpr int clip = 60;
 // What stands left of the inbox: two columns of 56 points and a divider after each.
 constexpr int columns = 2 * (56 + 1);
-constexpr int footer = 28;
 // What the window draws around itself on a display without transparency, at most.
 constexpr int borders = 12;
-
-constexpr const char* control = "Control_L";
-constexpr const char* shift = "Shift_L";
-
-void expectView(const Walk& walk, const std::string& what, const nlohmann::json& wanted) {
-    walk.expect("the page to say: " + what, [&] {
-        const auto view = walk.server().view();
-        for (const auto& [key, value] : wanted.items())
-            if (!view.is_object() || view.value(key, nlohmann::json()) != value)
-                return false;
-        return true;
-    });
-}
 
 } // namespace
 
@@ -71,14 +57,7 @@ void walkInbox(Walk& walk) {
     expectView(walk, "it may", {{"notifications", "granted"}});
 
     walk.step("Write an answer in the page: a customer replies");
-    // Counted from the page's lower right corner, which is that of the window but for the footer.
-    const auto answer = walk.server().view()["answerMiddle"];
-    const double points = look.text * look.scale;
-    walk.screen().click(
-        window.x + window.width + static_cast<int>(answer["x"].get<double>() * points),
-        window.y + window.height - footer * look.scale +
-            static_cast<int>(answer["y"].get<double>() * points));
-    expectView(walk, "the cursor is in its text field", {{"focus", "answer"}});
+    clickAnswer(walk);
     for (const char* key : {"c", "h", "a", "o", "Return"})
         walk.screen().typeKey(key);
     expectView(walk, "two messages more", {{"sent", 1}, {"messages", 7}});

@@ -42,4 +42,27 @@ void addPage(Walk& walk, std::size_t pagesAfterwards) {
     });
 }
 
+void expectView(const Walk& walk, const std::string& what, const nlohmann::json& wanted) {
+    walk.expect("the page to say: " + what, [&] {
+        const auto view = walk.server().view();
+        for (const auto& [key, value] : wanted.items())
+            if (!view.is_object() || view.value(key, nlohmann::json()) != value)
+                return false;
+        return true;
+    });
+}
+
+void clickAnswer(const Walk& walk) {
+    // Counted from the page's lower right corner, which is that of the window but for the footer.
+    constexpr int footer = 28;
+    const auto window = walk.window();
+    const auto answer = walk.server().view()["answerMiddle"];
+    const double points = walk.look().text * walk.look().scale;
+    walk.screen().click(
+        window.x + window.width + static_cast<int>(answer["x"].get<double>() * points),
+        window.y + window.height - footer * walk.look().scale +
+            static_cast<int>(answer["y"].get<double>() * points));
+    expectView(walk, "the cursor is in its text field", {{"focus", "answer"}});
+}
+
 } // namespace tessaro::demo

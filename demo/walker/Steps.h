@@ -17,6 +17,8 @@ void walkAccounts(Walk& walk);
 void walkPages(Walk& walk);
 /// What the inbox shows and hides, and the commands for it.
 void walkInbox(Walk& walk);
+/// Pictures and files go into the inbox and out of it, and links lead out of it and back.
+void walkFiles(Walk& walk);
 /// Dark and light, and the accent "gold".
 void walkTheme(Walk& walk);
 /// A second start on what was stored, with Pages of every kind.
@@ -31,6 +33,10 @@ inline constexpr const char* secondAccount = "Quán cà phê";
 
 // What the stretches share.
 
+/// Keys that are held while another one is pressed.
+inline constexpr const char* control = "Control_L";
+inline constexpr const char* shift = "Shift_L";
+
 /// The whole file; empty when there is none.
 std::string readFile(const std::filesystem::path& file);
 /// The records of "accounts.json" or "pages.json"; an empty array when there are none.
@@ -43,5 +49,9 @@ void finishAccount(Walk& walk);
 void verifyToken(Walk& walk, const std::string& token, const std::string& expectedLabel);
 /// Presses "Thêm Page" and waits until the sheet is gone and that many Pages are stored.
 void addPage(Walk& walk, std::size_t pagesAfterwards);
+/// Waits until the open page says these of how it is shown (InboxSite::view).
+void expectView(const Walk& walk, const std::string& what, const nlohmann::json& wanted);
+/// Clicks into the field for an answer.
+void clickAnswer(const Walk& walk);
 
 } // namespace tessaro::demo

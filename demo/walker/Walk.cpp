@@ -127,11 +127,11 @@ void Walk::expect(
     }
 }
 
-void Walk::expectOpened(const std::string& path) const {
-    expect(path + " to be opened", [&] {
+void Walk::expectOpened(const std::string& address) const {
+    expect(address + " to be opened", [&] {
         std::ifstream lines(places_.opened);
         for (std::string line; std::getline(lines, line);)
-            if (line == places_.origin + path)
+            if (line == address || line == places_.origin + address)
                 return true;
         return false;
     });

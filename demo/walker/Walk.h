@@ -94,8 +94,8 @@ public:
         const std::string& what, const std::function<bool()>& condition,
         Limit limit = patience) const;
 
-    /// Waits until the desktop was asked to open that path of the demo server.
-    void expectOpened(const std::string& path) const;
+    /// Waits until the desktop was asked to open that address, or that path of the demo server.
+    void expectOpened(const std::string& address) const;
 
     /// Where the main window is on the display.
     Screen::Area window() const;

@@ -9,6 +9,7 @@ let open = null;
 let sent = 0;
 let played = 0;
 let recorder = null;
+const attached = [];
 
 function element(tag, className, text = "") {
   const made = document.createElement(tag);
@@ -83,6 +84,7 @@ function showThread() {
   list.replaceChildren(element("li", "time", "Hôm nay"),
     ...open.messages.map((message) => {
       const item = element("li", message.from, message.text);
+      if (message.isPicture) item.append(Object.assign(element("img", "photo"), { src: address(message.file), alt: "" }));
       if (message.file) item.append(Object.assign(element("a", "file", `⬇ ${message.file}`), { href: address(message.file) }));
       if (message.media) item.append(...player(message.media));
       return item;
@@ -98,9 +100,9 @@ function openConversation(one) {
   showThread();
 }
 
-function add(one, from, text, file, media) {
+function add(one, from, text, more = {}) {
   const time = new Date().toLocaleTimeString("vi", { hour: "2-digit", minute: "2-digit" });
-  one.messages.push({ from, text, file, media, time });
+  one.messages.push({ from, text, time, ...more });
   showList();
   showThread();
 }
@@ -129,13 +131,51 @@ find(".search").addEventListener("keydown", (event) => {
   find(".answer").focus();
 });
 
+async function send(files) {
+  const one = open;
+  for (const file of files) {
+    await fetch(address(file.name), { method: "POST", body: file });
+    attached.push(`${file.name} ${file.type} ${file.size}`);
+    add(one, "us", "", { file: file.name, isPicture: file.type.startsWith("image/") });
+  }
+}
+
+// Pictures and files are pasted into the answer, or dropped anywhere on the conversation.
+find(".answer").addEventListener("paste", (event) => {
+  if (!event.clipboardData.files.length) return;
+  event.preventDefault();
+  send(event.clipboardData.files);
+});
+const showDropping = (isDropping) => find(".drop-here").hidden = !isDropping;
+find(".thread").addEventListener("dragover", (event) => {
+  if (!event.dataTransfer.types.includes("Files")) return;
+  event.preventDefault();
+  showDropping(true);
+});
+find(".thread").addEventListener("dragleave", (event) => {
+  if (!find(".thread").contains(event.relatedTarget)) showDropping(false);
+});
+find(".thread").addEventListener("drop", (event) => {
+  if (!event.dataTransfer.files.length) return;
+  event.preventDefault();
+  showDropping(false);
+  send(event.dataTransfer.files);
+});
+
+// A window that is opened at once, as only a click may, and led to its page when that is known.
+find(".invoice").addEventListener("click", () => {
+  const invoice = window.open("");
+  setTimeout(() => invoice.location = "/latest/inbox/invoice", 300);
+});
+
+window.addEventListener("beforeunload", (event) => {
+  if (find(".answer").value) event.preventDefault();
+});
+
 find(".attach").addEventListener("click", () => find(".chosen").click());
 find(".chosen").addEventListener("change", async (event) => {
-  const one = open;
-  const file = event.target.files[0];
-  await fetch(address(file.name), { method: "POST", body: file });
+  await send(event.target.files);
   event.target.value = "";
-  add(one, "us", "", file.name);
 });
 
 // The first press begins a voice message, the second one sends it.
@@ -152,7 +192,7 @@ find(".record").addEventListener("click", async () => {
     const voice = new Blob(parts, { type: recorder.mimeType });
     recorder = null;
     find(".record").ariaPressed = "false";
-    if (voice.size) add(one, "us", "", "", URL.createObjectURL(voice));
+    if (voice.size) add(one, "us", "", { media: URL.createObjectURL(voice) });
   });
   recorder.start();
   find(".record").ariaPressed = "true";
@@ -198,6 +238,10 @@ setInterval(() => {
     zoom: Math.round(devicePixelRatio * 100) / 100,
     answerMiddle: { x: answer.x + answer.width / 2 - innerWidth, y: answer.y + answer.height / 2 - innerHeight },
     focus: document.activeElement.className,
+    stop: [...document.querySelectorAll("a, button, input")].indexOf(document.activeElement),
+    draft: find(".answer").value,
+    dropping: !find(".drop-here").hidden,
+    attached,
     conversation: open?.name ?? "",
     conversations: conversations.length,
     messages: open?.messages.length ?? 0,

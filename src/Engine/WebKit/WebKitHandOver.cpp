@@ -106,19 +106,20 @@ Task<void> WebKitHandOver::offerDropped(Reply reply) {
 }
 
 void WebKitHandOver::offer(std::vector<OfferedFile> files, Reply& reply) {
-    const std::unique_ptr<GPtrArray, Releaser<g_ptr_array_unref>> list(
-        g_ptr_array_new_with_free_func(g_object_unref));
+    const auto list = JSCValuePtr::adopt(jsc_value_new_array(reply.context(), G_TYPE_NONE));
+    guint index = 0;
     for (auto& file : files) {
         const int id = ++lastId_;
-        JSCValue* const told = jsc_value_new_object(reply.context(), nullptr, nullptr);
+        const auto told =
+            JSCValuePtr::adopt(jsc_value_new_object(reply.context(), nullptr, nullptr));
         const auto number = JSCValuePtr::adopt(jsc_value_new_number(reply.context(), id));
-        jsc_value_object_set_property(told, "id", number.get());
-        setText(told, "name", file.name);
-        setText(told, "type", file.type);
-        g_ptr_array_add(list.get(), told);
+        jsc_value_object_set_property(told.get(), "id", number.get());
+        setText(told.get(), "name", file.name);
+        setText(told.get(), "type", file.type);
+        jsc_value_object_set_property_at_index(list.get(), index++, told.get());
         offered_.emplace(id, std::move(file));
     }
-    reply.answer(JSCValuePtr::adopt(jsc_value_new_array_from_garray(reply.context(), list.get())));
+    reply.answer(list);
 }
 
 Task<void> WebKitHandOver::handOverPart(int id, Reply reply) {

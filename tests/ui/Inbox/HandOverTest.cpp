@@ -1,13 +1,11 @@
-#include "ui/Inbox/InboxWorld.h"
-
 #include "OtherProgram.h"
+#include "ui/Inbox/InboxWorld.h"
 
 #include "Views/Widgets/InboxCommands.h"
 #include "support/Gtk/Keyboard.h"
 #include "support/Gtk/Pictures.h"
 #include "support/Gtk/Pointer.h"
 #include "support/Gtk/Widgets.h"
-#include "support/LongestTurn.h"
 
 #include <gtest/gtest.h>
 

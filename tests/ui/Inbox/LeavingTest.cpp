@@ -14,6 +14,9 @@ protected:
 
     void SetUp() override {
         InboxScreen::SetUp();
+        window.askBeforeClosing = [this](auto mayClose) {
+            content->inbox().requestLeave(std::move(mayClose));
+        };
         world.store.saveAccounts({account, other});
         content->accountsVM().loadAccounts();
         writeHalfAnAnswer();
@@ -24,7 +27,6 @@ protected:
         ASSERT_TRUE(waitUntil("document.activeElement.className === 'answer'"));
         type("da");
         ASSERT_TRUE(waitUntil("document.querySelector('.answer').value === 'da'"));
-        ask(webView(), "(onbeforeunload = event => event.preventDefault())");
     }
     /// Waits for the next question, which is that one, and answers it.
     void answer(
@@ -96,9 +98,6 @@ TEST_F(LeavingAnInbox, KeepsItAndItsPageWhenThePersonStaysAndLoadsTheOtherOneEls
 }
 
 TEST_F(LeavingAnInbox, IsAskedForBeforeTheWindowCloses) {
-    window.askBeforeClosing = [this](auto mayClose) {
-        content->inbox().requestLeave(std::move(mayClose));
-    };
     window.close();
     window.close();
     answer(stay);
@@ -147,6 +146,11 @@ TEST_F(LeavingAnInbox, IsNoQuestionWhereItsPageIsDeletedOrDoesNotAnswer) {
     ASSERT_TRUE(waitForInbox(DemoWorld::books));
     EXPECT_LT(std::chrono::steady_clock::now() - start, WebView::leaveTimeout + 8s);
     EXPECT_TRUE(world.modals.alerts.empty());
+
+    webView().evaluateScript("for (;;) {}");
+    window.close();
+    EXPECT_TRUE(runUntil(
+        [&] { return !window.gobj() || !window.get_visible(); }, WebView::leaveTimeout + 3s));
 }
 
 } // namespace
