@@ -73,6 +73,7 @@ void walkLinks(Walk& walk) {
     walk.see(button("Mở thư mục"));
     walk.see(label("Bảng giá.docx"));
     walk.press(button("Đóng"));
+    walk.seeGone(button("Mở thư mục"));
 
     walk.step("A link to the mail program goes to the desktop, a new window into the same view");
     focusOn(walk, "mail");

@@ -59,12 +59,18 @@ const char* const handOverScript = R"js((() => {
     addEventListener('dragstart', () => isOwnDrag = true, true);
     addEventListener('dragend', () => isOwnDrag = false, true);
 
-    const dispatch = (event, target, type, files) => !target.dispatchEvent(new DragEvent(type, {
-        bubbles: true, cancelable: type !== 'dragleave', composed: true, view: window,
-        clientX: event.clientX, clientY: event.clientY,
-        screenX: event.screenX, screenY: event.screenY, relatedTarget: event.relatedTarget,
-        ctrlKey: event.ctrlKey, shiftKey: event.shiftKey, altKey: event.altKey,
-        metaKey: event.metaKey, dataTransfer: dataOf(files)}));
+    // Which files they are is told when they are dropped.
+    const unknown = [new File([], '')];
+    const tell = (type, {target, event}, files = unknown, relatedTarget = null) =>
+        !target.dispatchEvent(new DragEvent(type, {
+            bubbles: true, cancelable: type !== 'dragleave', composed: true, view: window,
+            clientX: event.clientX, clientY: event.clientY,
+            screenX: event.screenX, screenY: event.screenY,
+            ctrlKey: event.ctrlKey, shiftKey: event.shiftKey, altKey: event.altKey,
+            metaKey: event.metaKey, relatedTarget, dataTransfer: dataOf(files)}));
+    // Other engines tell of a drag again and again while it rests, and pages count on that. Here
+    // the last word is told again after each change of the element that is below.
+    let place = null;
     for (const type of ['dragenter', 'dragover', 'dragleave', 'drop'])
         addEventListener(type, async event => {
             const {types} = event.dataTransfer;
@@ -72,14 +78,23 @@ const char* const handOverScript = R"js((() => {
                 types.includes('text/plain'))
                 return;
             withhold(event);
-            const target = event.composedPath()[0];
+            const here = {target: event.composedPath()[0], event};
             if (type === 'drop') {
+                place = null;
                 const files = await receive('dropped');
-                return dispatch(event, target, files.length ? 'drop' : 'dragleave', files);
+                tell(files.length ? 'drop' : 'dragleave', here, files);
+            } else if (type === 'dragleave') {
+                if (place?.target === here.target)
+                    place = null;
+                tell('dragleave', here, unknown, place?.target);
+                if (place)
+                    tell('dragover', place);
+            } else {
+                if (type === 'dragenter')
+                    tell('dragenter', here, unknown, place?.target);
+                place = here;
+                event.dataTransfer.dropEffect = tell('dragover', here) ? 'copy' : 'none';
             }
-            // Which files they are is told when they are dropped.
-            const isTaken = dispatch(event, target, type, [new File([], '')]);
-            event.dataTransfer.dropEffect = isTaken ? 'copy' : 'none';
         }, true);
 })();)js";
 
