@@ -22,18 +22,6 @@ void expectAttached(const Walk& walk, const std::vector<std::string>& files) {
     expectView(walk, "it was given " + files.back(), {{"attached", files}});
 }
 
-/// Goes back through what can have the keyboard, until the element of that class has it.
-void focusOn(const Walk& walk, const std::string& wanted) {
-    clickAnswer(walk);
-    for (auto view = walk.server().view(); view.value("focus", "") != wanted;
-         view = walk.server().view()) {
-        walk.screen().typeKey("Tab", shift);
-        walk.expect("the keyboard to go on to " + wanted, [&] {
-            return walk.server().view()["stop"] != view["stop"];
-        });
-    }
-}
-
 void walkPaste(Walk& walk, const std::filesystem::path& picture) {
     walk.step("Copy a picture in another program and paste it into the answer");
     const auto other = startOther(walk, {"copy", "picture", picture});

@@ -64,9 +64,7 @@ void walkInbox(Walk& walk) {
     walk.picture("inbox-answered");
 
     walk.step("Download a file that is attached to a message");
-    walk.screen().typeKey("Tab", shift);
-    walk.screen().typeKey("Tab", shift);
-    expectView(walk, "the file is in focus", {{"focus", "file"}});
+    focusOn(walk, "file");
     walk.screen().typeKey("Return");
     walk.see(button("Mở thư mục"));
     walk.screen().movePointer(

@@ -65,4 +65,15 @@ void clickAnswer(const Walk& walk) {
     expectView(walk, "the cursor is in its text field", {{"focus", "answer"}});
 }
 
+void focusOn(const Walk& walk, const std::string& wanted) {
+    clickAnswer(walk);
+    for (auto view = walk.server().view(); view.value("focus", "") != wanted;
+         view = walk.server().view()) {
+        walk.screen().typeKey("Tab", shift);
+        walk.expect("the keyboard to go on to " + wanted, [&] {
+            return walk.server().view()["stop"] != view["stop"];
+        });
+    }
+}
+
 } // namespace tessaro::demo

@@ -53,5 +53,7 @@ void addPage(Walk& walk, std::size_t pagesAfterwards);
 void expectView(const Walk& walk, const std::string& what, const nlohmann::json& wanted);
 /// Clicks into the field for an answer.
 void clickAnswer(const Walk& walk);
+/// Goes from there back through all that can have the keyboard, to the element of that class.
+void focusOn(const Walk& walk, const std::string& wanted);
 
 } // namespace tessaro::demo
