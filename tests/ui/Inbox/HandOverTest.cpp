@@ -50,7 +50,7 @@ constexpr const char* site = R"html(<title>inbox</title><script>
         });
     </script><body id=body style="margin: 0; height: 100vh"><div id=field contenteditable
         style="position: absolute; left: 100px; top: 20px; width: 200px; height: 60px"></div>
-    <p id=own draggable=true ondragstart="event.dataTransfer.setData('text/uri-list', this.title)"
+    <p id=own draggable=true ondragstart="event.dataTransfer.effectAllowed = 'copy', event.dataTransfer.setData('text/uri-list', this.title)"
         style="position: absolute; left: 400px; top: 20px; width: 90px; height: 60px">x</p>)html";
 
 std::string described(const std::string& name, const std::string& type, const std::string& bytes) {
