@@ -34,14 +34,16 @@ WebKitNavigationPolicy::WebKitNavigationPolicy(
               return decide(decision, type);
           })) {}
 
-bool WebKitNavigationPolicy::leadsToPage(WebKitNavigationAction* action, bool isClick) {
+bool WebKitNavigationPolicy::leadsToPage(WebKitNavigationAction* action) {
     const char* address = webkit_uri_request_get_uri(webkit_navigation_action_get_request(action));
     const char* scheme = address ? g_uri_peek_scheme(address) : nullptr;
     if (!scheme)
         return false;
     if (std::ranges::find(pageSchemes, std::string_view(scheme)) != std::end(pageSchemes))
         return true;
-    if (isClick && !std::exchange(hasJustOpened_, true)) {
+    const bool isForAnother =
+        webkit_navigation_action_is_user_gesture(action) && std::string_view(scheme) != "file";
+    if (isForAnother && !std::exchange(hasJustOpened_, true)) {
         pause_ = clock_.timer(std::chrono::seconds(1), [this] { hasJustOpened_ = false; });
         openElsewhere_(address);
     }
@@ -57,7 +59,7 @@ bool WebKitNavigationPolicy::decide(WebKitPolicyDecision* decision, int type) {
     }
     WebKitNavigationAction* const action = webkit_navigation_policy_decision_get_navigation_action(
         WEBKIT_NAVIGATION_POLICY_DECISION(decision));
-    if (leadsToPage(action, webkit_navigation_action_is_user_gesture(action)))
+    if (leadsToPage(action))
         return false;
     webkit_policy_decision_ignore(decision);
     return true;

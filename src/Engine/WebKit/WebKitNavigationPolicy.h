@@ -23,10 +23,9 @@ public:
     ///                        page may ask for many within one click
     WebKitNavigationPolicy(WebKitWebView* view, Clock& clock, OpenElsewhere openElsewhere);
 
-    /// Whether what was asked for is a page. Where it is not, another program may be asked to open
-    /// it.
-    /// @param isClick  whether the person asked for it
-    bool leadsToPage(WebKitNavigationAction* action, bool isClick);
+    /// Whether what was asked for is a page. Where it is not, and the person clicked for it,
+    /// another program may be asked to open it.
+    bool leadsToPage(WebKitNavigationAction* action);
 
 private:
     bool decide(WebKitPolicyDecision* decision, int type);

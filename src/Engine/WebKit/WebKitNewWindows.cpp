@@ -31,11 +31,10 @@ WebKitNewWindows::WebKitNewWindows(
           })) {}
 
 WebKitWebView* WebKitNewWindows::open(WebKitNavigationAction* action) {
-    const bool isClick = webkit_navigation_action_is_user_gesture(action);
     if (windows_.size() >= mostWindows) {
         const auto request =
             GObjectPtr<WebKitURIRequest>::share(webkit_navigation_action_get_request(action));
-        if (!isBlank(request.get()) && policy_.leadsToPage(action, isClick))
+        if (!isBlank(request.get()) && policy_.leadsToPage(action))
             loadPage_(request);
         return nullptr;
     }
@@ -45,8 +44,9 @@ WebKitWebView* WebKitNewWindows::open(WebKitNavigationAction* action) {
     auto& signals = windows_.emplace_back(view, std::vector<ScopedConnection>()).signals;
     signals.push_back(connectSignal<gboolean(WebKitWebView*, WebKitPolicyDecision*, int)>(
         view.get(), "decide-policy",
-        [this, isClick](WebKitWebView* window, WebKitPolicyDecision* decision, int type)
-            -> gboolean { return decide(window, decision, type, isClick); }));
+        [this](WebKitWebView* window, WebKitPolicyDecision* decision, int type) -> gboolean {
+            return decide(window, decision, type);
+        }));
     signals.push_back(connectSignal<GtkWidget*(WebKitWebView*, WebKitNavigationAction*)>(
         view.get(), "create", [this](WebKitWebView*, WebKitNavigationAction* further) {
             return reinterpret_cast<GtkWidget*>(open(further));
@@ -63,8 +63,7 @@ WebKitWebView* WebKitNewWindows::open(WebKitNavigationAction* action) {
     return view.get();
 }
 
-bool WebKitNewWindows::decide(
-    WebKitWebView* view, WebKitPolicyDecision* decision, int type, bool isClick) {
+bool WebKitNewWindows::decide(WebKitWebView* view, WebKitPolicyDecision* decision, int type) {
     if (type != WEBKIT_POLICY_DECISION_TYPE_NAVIGATION_ACTION)
         return false;
     WebKitNavigationAction* const action = webkit_navigation_policy_decision_get_navigation_action(
@@ -76,8 +75,7 @@ bool WebKitNewWindows::decide(
         return true;
     }
     const auto wanted = GObjectPtr<WebKitURIRequest>::share(request);
-    const bool isPage =
-        policy_.leadsToPage(action, isClick || webkit_navigation_action_is_user_gesture(action));
+    const bool isPage = policy_.leadsToPage(action);
     webkit_policy_decision_ignore(decision);
     close(view);
     if (isPage)

@@ -40,7 +40,7 @@ private:
     /// The window that the engine fills; null when there are too many, in which case a page that is
     /// asked for is loaded at once.
     WebKitWebView* open(WebKitNavigationAction* action);
-    bool decide(WebKitWebView* view, WebKitPolicyDecision* decision, int type, bool isClick);
+    bool decide(WebKitWebView* view, WebKitPolicyDecision* decision, int type);
     void close(WebKitWebView* view);
 
     WebKitWebView* const opener_;
