@@ -18,7 +18,7 @@ public:
     /// them, such as "H.264, AAC, Opus". Takes some hundred milliseconds at first. Any thread.
     virtual std::string decodableMedia() const = 0;
     /// Whether it can lock its web processes into their sandbox on this system. Ask before each
-    /// view is made. Takes some ten milliseconds.
+    /// view is made. Takes some ten milliseconds. Any thread.
     virtual bool worksHere() const = 0;
     /// Makes the folders, readable by their owner only, where they are missing. The session lives
     /// as long as the engine, so that session cookies do as well.

@@ -44,10 +44,17 @@ void MainSplitView::on_map() {
         get_frame_clock()->gobj(), "after-paint", [this](GdkFrameClock*) {
             engineLoaded_ = context_.engine.whenLoaded([this](Engine* engine) {
                 if (get_realized() && !std::exchange(isReported_, true))
-                    context_.logger.log(systemReport(engine, *this), "INFO");
+                    report(engine).detach();
             });
             firstFrame_.disconnect();
         });
+}
+
+Task<void> MainSplitView::report(const Engine* engine) {
+    const auto alive = lifetime_.watch();
+    const std::string line = co_await systemReport(engine, this);
+    if (alive)
+        context_.logger.log(line, "INFO");
 }
 
 void MainSplitView::walkAreas(bool isForward) {

@@ -21,6 +21,8 @@ protected:
     void on_map() override;
 
 private:
+    /// Tells the log what the program runs on.
+    Task<void> report(const Engine* engine);
     /// Moves the focus to the next of accounts, Pages, inbox and footer that can have it.
     void walkAreas(bool isForward);
     void showFullScreen(bool isFullScreen);
@@ -37,7 +39,8 @@ private:
     ScopedConnection accountChanged_;
     ScopedConnection firstFrame_;
     ScopedConnection engineLoaded_;
-    bool isReported_ = false; ///< Whether the log tells what the program runs on.
+    bool isReported_ = false; ///< Whether report() has run.
+    Lifetime lifetime_;
 };
 
 } // namespace tessaro

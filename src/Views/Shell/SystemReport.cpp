@@ -1,5 +1,6 @@
 #include "Views/Shell/SystemReport.h"
 
+#include "Platform/Background.h"
 #include "Services/BuildConfig.h"
 
 #include <adwaita.h>
@@ -14,17 +15,23 @@ std::string version(unsigned major, unsigned minor, unsigned micro) {
 
 } // namespace
 
-std::string systemReport(const Engine* engine, const Gtk::Widget& widget) {
-    auto* shown = const_cast<GtkWidget*>(widget.gobj());
-    const char* sandbox = engine && engine->worksHere() ? "sandboxed" : "not sandboxed";
+Task<std::string> systemReport(const Engine* engine, const Gtk::Widget* widget) {
+    auto* const shown = const_cast<GtkWidget*>(widget->gobj());
     // The names of the types tell the windowing system, and whether a graphics card draws.
-    return "Tessaro " + std::string(build::version) + ", " +
-           (engine ? engine->name() : "no engine") + " " + sandbox + ", GTK " +
-           version(gtk_get_major_version(), gtk_get_minor_version(), gtk_get_micro_version()) +
-           ", libadwaita " +
-           version(adw_get_major_version(), adw_get_minor_version(), adw_get_micro_version()) +
-           ", " + G_OBJECT_TYPE_NAME(gtk_widget_get_display(shown)) + ", " +
-           G_OBJECT_TYPE_NAME(gtk_native_get_renderer(gtk_widget_get_native(shown)));
+    const std::string toolkit =
+        "GTK " +
+        version(gtk_get_major_version(), gtk_get_minor_version(), gtk_get_micro_version()) +
+        ", libadwaita " +
+        version(adw_get_major_version(), adw_get_minor_version(), adw_get_micro_version()) + ", " +
+        G_OBJECT_TYPE_NAME(gtk_widget_get_display(shown)) + ", " +
+        G_OBJECT_TYPE_NAME(gtk_native_get_renderer(gtk_widget_get_native(shown)));
+    const std::string browser = co_await inBackground([engine]() -> std::string {
+        if (!engine)
+            return "no engine";
+        return engine->name() + (engine->worksHere() ? ", sandboxed" : ", not sandboxed") +
+               ", decodes " + engine->decodableMedia();
+    });
+    co_return "Tessaro " + std::string(build::version) + "; " + toolkit + "; " + browser;
 }
 
 } // namespace tessaro

@@ -2,6 +2,8 @@
 
 #include "Engine/Engine.h"
 
+#include "Platform/Task.h"
+
 #include <gtkmm/widget.h>
 
 #include <string>
@@ -9,10 +11,11 @@
 namespace tessaro {
 
 /// One line for the log from which the support staff sees what the program runs on: its version,
-/// engine and toolkit with theirs, the kind of session, how windows are drawn, and whether web
-/// pages are locked into their sandbox. Holds nothing of the person's. UI thread only.
+/// engine and toolkit with theirs, the kind of session, how windows are drawn, whether web pages
+/// are locked into their sandbox, and what media they can play. Holds nothing of the person's. UI
+/// thread only.
 /// @param engine  null when there is none
-/// @param widget  is on screen
-std::string systemReport(const Engine* engine, const Gtk::Widget& widget);
+/// @param widget  is on screen at the time of the call
+Task<std::string> systemReport(const Engine* engine, const Gtk::Widget* widget);
 
 } // namespace tessaro

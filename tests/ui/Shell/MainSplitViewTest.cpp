@@ -48,6 +48,9 @@ protected:
 TEST_F(MainSplitViewTest, ThePagesFollowTheAccountAndTheInboxThePage) {
     EXPECT_TRUE(the<AccountButton>(*view_, "Một").has_focus()) << "The focus starts there.";
     EXPECT_EQ(shownInbox(), "");
+    EXPECT_TRUE(runUntil([this] {
+        return screen_.loggedLines().ends_with("FakeEngine 1.0, sandboxed, decodes Opus\n");
+    })) << "The support staff reads there what the program runs on.";
     choose("Một");
     choose("Mai");
     EXPECT_EQ(shownInbox(), "Mai");
