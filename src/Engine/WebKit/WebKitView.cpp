@@ -2,6 +2,7 @@
 
 #include "Engine/WebKit/WebKitIdentity.h"
 #include "Engine/WebKit/WebKitOpenDialog.h"
+#include "Engine/WebKit/WebKitRecording.h"
 #include "Engine/WebKit/WebKitWidget.h"
 
 #include <gtkmm/window.h>
@@ -84,6 +85,7 @@ WebKitView::WebKitView(
           onWindowRequested(std::move(request));
       }) {
     agreeWithIdentity(view_.get());
+    nameSampleRate(view_.get());
     const auto connect =
         [this]<typename Signature>(const char* signal, std::function<Signature> handler) {
             signals_.push_back(connectSignal<Signature>(view_.get(), signal, std::move(handler)));

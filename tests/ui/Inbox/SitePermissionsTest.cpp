@@ -84,6 +84,7 @@ TEST_F(TheSitesRecording, IsAskedForOnceForEachDeviceAfterAClickAndSeenWhileItGo
     EXPECT_EQ(askByClick("audio: true", 1), "granted");
     EXPECT_TRUE(isRecording(true, false));
     EXPECT_EQ(dot.get_tooltip_text(), "Trang đang ghi âm");
+    EXPECT_EQ(browser->ask("streams[0].getAudioTracks()[0].getSettings().sampleRate"), "48000");
     EXPECT_EQ(askByClick("audio: true, video: true", 1), "granted") << "Asks for the camera only.";
     EXPECT_TRUE(isRecording(true, true));
     EXPECT_TRUE(dot.get_visible());
