@@ -13,8 +13,8 @@ public:
     /// The open page's latest report of how it is shown; null before the first one. The page
     /// reports whenever one of these changes: which of its bars are visible, whether it wears a
     /// dark style, its width, where the cursor is, which conversation is open, what is written and
-    /// attached, whether it may show notifications, what it has played, whether it records. A plain
-    /// page reports its title.
+    /// attached, whether it may show notifications, how much it has played and recorded. A
+    /// plain page reports its title.
     const nlohmann::json& view() const { return view_; }
 
 private:

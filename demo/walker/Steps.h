@@ -19,6 +19,8 @@ void walkPages(Walk& walk);
 void walkInbox(Walk& walk);
 /// Pictures and files go into the inbox and out of it, and links lead out of it and back.
 void walkFiles(Walk& walk);
+/// A video and voice messages are played, and one is recorded.
+void walkMedia(Walk& walk);
 /// Dark and light, and the accent "gold".
 void walkTheme(Walk& walk);
 /// A second start on what was stored, with Pages of every kind.

@@ -26,8 +26,8 @@ int main(int argc, char** argv) {
             {.text = std::stoi(argv[4]) / 100.0, .scale = std::stoi(argv[5])});
         try {
             for (const auto stretch :
-                 {walkAccounts, walkPages, walkInbox, walkFiles, walkTheme, walkSecondStart,
-                  walkSupport})
+                 {walkAccounts, walkPages, walkInbox, walkFiles, walkMedia, walkTheme,
+                  walkSecondStart, walkSupport})
                 stretch(walk);
             walk.step("Close the window");
             walk.closeProgram();

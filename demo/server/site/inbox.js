@@ -8,6 +8,7 @@ let conversations = [];
 let open = null;
 let sent = 0;
 let played = 0;
+let recorded = 0;
 let recorder = null;
 const attached = [];
 
@@ -186,7 +187,10 @@ find(".record").addEventListener("click", async () => {
   if (!stream) return;
   const parts = [];
   recorder = new MediaRecorder(stream);
-  recorder.addEventListener("dataavailable", (event) => parts.push(event.data));
+  recorder.addEventListener("dataavailable", (event) => {
+    parts.push(event.data);
+    recorded += event.data.size;
+  });
   recorder.addEventListener("stop", () => {
     stream.getTracks().forEach((track) => track.stop());
     const voice = new Blob(parts, { type: recorder.mimeType });
@@ -194,7 +198,7 @@ find(".record").addEventListener("click", async () => {
     find(".record").ariaPressed = "false";
     if (voice.size) add(one, "us", "", { media: URL.createObjectURL(voice) });
   });
-  recorder.start();
+  recorder.start(250);
   find(".record").ariaPressed = "true";
 });
 
@@ -247,7 +251,7 @@ setInterval(() => {
     messages: open?.messages.length ?? 0,
     sent,
     played,
-    recording: recorder !== null,
+    recorded,
     notifications: Notification.permission,
     userAgent: navigator.userAgent,
   });
