@@ -21,7 +21,7 @@ void setUpField(Field& field, const Glib::ustring& caption, const Glib::ustring&
 
 /// The field under its caption, which can be read when the field is filled, too.
 Gtk::Box& captioned(Gtk::Widget& field, const Glib::ustring& caption) {
-    auto& column = *Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL, 2);
+    auto& column = *Gtk::make_managed<Gtk::Box>(Gtk::Orientation::VERTICAL);
     appendAll(column, textLine(caption, {"points-10", "secondary-text"}), field);
     return column;
 }

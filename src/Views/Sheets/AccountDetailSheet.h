@@ -60,7 +60,7 @@ private:
     Gtk::Entry proxyUsername_;
     Gtk::PasswordEntry proxyPassword_;
     Gtk::Box portError_;
-    Gtk::Box proxyRows_{Gtk::Orientation::VERTICAL, 8};
+    Gtk::Box proxyRows_{Gtk::Orientation::VERTICAL, 4};
     FadeSlide proxySlide_;
 };
 

@@ -80,7 +80,7 @@ TEST_F(AccountSidebarTest, TheMenuLeadsToEditingAndDeleting) {
     EXPECT_EQ(edited.deviceId, second.deviceId);
     ASSERT_TRUE(runUntil([this] { return screen_.window.is_active(); }));
 
-    button("Ba").grab_focus();
+    EXPECT_TRUE(runUntil([this] { return button("Ba").has_focus(); })) << "As before the sheet.";
     openMenu();
     Keyboard::press(GDK_KEY_Down);
     Keyboard::press(GDK_KEY_Return);
