@@ -1,9 +1,11 @@
 #include "ui/Inbox/InboxWorld.h"
 
 #include "support/Gtk/Pointer.h"
+#include "support/Gtk/TestScreen.h"
 
 #include <webkit/webkit.h>
 
+#include <cmath>
 #include <optional>
 #include <stdexcept>
 
@@ -86,6 +88,17 @@ bool waitUntil(WebView& webView, const std::string& expression) {
 }
 
 void clickOn(WebView& webView, const std::string& selector) {
+    // The page must have the size of its place in the window: what it tells of places is of its
+    // own layout, which follows the window's in another process.
+    auto& widget = webView.widget();
+    TestScreen::settle(dynamic_cast<Gtk::Window&>(*widget.get_root()));
+    const auto measure = [&](const char* size) {
+        return std::lround(std::stod(ask(webView, size)) * webView.pageZoom());
+    };
+    EXPECT_TRUE(runUntil([&] {
+        return std::abs(measure("innerHeight") - widget.get_height()) <= 2 &&
+               std::abs(measure("innerWidth") - widget.get_width()) <= 2;
+    }));
     const std::string box = "document.querySelector('" + selector + "').getBoundingClientRect()";
     Pointer::click(
         webView.widget(), std::stod(ask(webView, box + ".x + " + box + ".width / 2")),
