@@ -78,18 +78,18 @@ TEST_F(
     const auto check = [&](const std::string& answer) {
         server_.answer("/api/update/check", answer);
         updates->checkForUpdates();
-        await(support_.checkUpdate()); // When this check has ended, the first one has too.
+        await(support_.checkUpdate()); // Where both go at once, either may end first.
     };
     check(R"({"version":"1.2.0","url":"https://a.example/","notes":""})");
     EXPECT_TRUE(screen_.modals.alerts.empty());
     check(newer);
-    ASSERT_EQ(screen_.modals.alerts.size(), 1u);
+    ASSERT_TRUE(runUntil([&] { return screen_.modals.alerts.size() == 1; }));
     EXPECT_EQ(screen_.modals.alerts[0].message, "Phiên bản mới: 1.3.0\n\nNội dung:\nFixes");
     check(newer);
     EXPECT_EQ(screen_.modals.alerts.size(), 1u);
     screen_.modals.answers[0](0);
     check(newer);
-    ASSERT_EQ(screen_.modals.alerts.size(), 2u);
+    ASSERT_TRUE(runUntil([&] { return screen_.modals.alerts.size() == 2; }));
     updates.reset();
     screen_.modals.answers[1](1);
     EXPECT_TRUE(screen_.desktop.opened.empty());
